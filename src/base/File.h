@@ -1,0 +1,84 @@
+#pragma once
+
+#include <chrono>
+#include <cstdint>
+#include <functional>
+#include <memory>
+#include <string>
+#include <vector>
+
+#include "base/Bytes.h"
+#include "base/Result.h"
+
+// The only door to the disk. Everything that the program keeps goes through a FileSystem, so that
+// tests can put a device in its place that fails, tears or forgets.
+//
+// Paths are UTF-8. Errors carry the path.
+namespace base {
+
+// An open file with random access. Closing (destruction) never fails and releases the lock.
+class File {
+ public:
+  virtual ~File() = default;
+  virtual const std::string& path() const = 0;
+  virtual Result<std::uint64_t> size() const = 0;
+  // Fills the whole span; a file that ends before is ErrorCode::Truncated.
+  virtual Result<void> readAt(std::uint64_t offset, std::span<std::uint8_t> target) const = 0;
+  // Writes the whole span, extending the file if needed. A short write is an error.
+  virtual Result<void> writeAt(std::uint64_t offset, ByteSpan bytes) = 0;
+  virtual Result<void> resize(std::uint64_t size) = 0;
+  // Returns when everything written so far is on the medium.
+  virtual Result<void> sync() = 0;
+};
+
+enum class OpenMode {
+  Read,       // shared reading; InUse if another process holds it for writing
+  ReadWrite,  // must exist; exclusive operating-system lock, InUse if it cannot be had
+  Create,     // made or emptied; exclusive lock
+};
+
+struct FileInfo {
+  bool isFolder = false;
+  bool writable = true;
+  std::uint64_t size = 0;
+  std::chrono::system_clock::time_point modified;
+};
+
+class FileSystem {
+ public:
+  virtual ~FileSystem() = default;
+
+  virtual Result<std::unique_ptr<File>> open(const std::string& path, OpenMode mode) = 0;
+  // NotFound when there is nothing of that name.
+  virtual Result<FileInfo> info(const std::string& path) const = 0;
+  // Names (not paths) of all entries but "." and "..", sorted by name without regard to case.
+  virtual Result<std::vector<std::string>> list(const std::string& folder) const = 0;
+  virtual Result<void> remove(const std::string& path) = 0;
+  // Replaces an existing target; both in one folder. Atomic where the system can.
+  virtual Result<void> rename(const std::string& from, const std::string& to) = 0;
+  // One level; the parent must exist. AlreadyExists when it does.
+  virtual Result<void> makeFolder(const std::string& path) = 0;
+  // Makes the names in a folder durable (new, renamed, removed). No-op where the system does so.
+  virtual Result<void> syncFolder(const std::string& folder) = 0;
+  // Clears the read-only attribute.
+  virtual Result<void> makeWritable(const std::string& path) = 0;
+
+  // --- built on the calls above, the same for every file system ---
+  bool exists(const std::string& path) const;
+  bool folderExists(const std::string& path) const;
+  // Up to limit bytes; a longer file is ErrorCode::InvalidValue, never read into memory.
+  Result<std::string> readText(const std::string& path, std::uint64_t limit = 1 << 20);
+  // Replaced whole or not at all: temporary file beside it, sync, rename, sync of the folder.
+  Result<void> replaceFile(const std::string& path, ByteSpan content);
+  // Copies with verification: written beside the target, synced, read back and compared, renamed
+  // over it. The target is the old file or the whole new one. A copy onto itself does nothing.
+  // progress(bytesDone, bytesTotal) may return false to cancel (ErrorCode::Cancelled).
+  using Progress = std::function<bool(std::uint64_t, std::uint64_t)>;
+  Result<void> copyFile(const std::string& from, const std::string& to,
+                        const Progress& progress = {});
+};
+
+// The real one (POSIX or Windows). DiskFile*.cpp.
+std::unique_ptr<FileSystem> makeDiskFileSystem();
+
+}  // namespace base

@@ -1,0 +1,23 @@
+#pragma once
+
+namespace dialogs {
+
+// The ways between the windows that would point up the layers: from the main window back to the
+// start window. app_ui implements it.
+class Navigator {
+ public:
+  virtual ~Navigator() = default;
+  // Closes the start window, opens PathState::YearDatabasePath in the main window (not modal).
+  virtual void openMainWindow() = 0;
+  // The new-database window over the main window, as the start window's action opens it.
+  virtual void showNewDatabase() = 0;
+  // Closes start and main window, shows the start window afresh.
+  virtual void restartAtStartWindow() = 0;
+  // The picture windows.
+  virtual void showHelp() = 0;
+  virtual void showMeterChangeHelp() = 0;
+  // Ends the whole program in an orderly way.
+  virtual void endProgram() = 0;
+};
+
+}  // namespace dialogs

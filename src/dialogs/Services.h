@@ -1,0 +1,23 @@
+#pragma once
+
+#include "base/File.h"
+#include "base/GermanDate.h"
+#include "yearbook/PathState.h"
+
+namespace dialogs {
+
+class Navigator;
+class Prompts;
+class Shell;
+
+// What windows need from the rest of the program; made in main, handed down by reference.
+struct Services {
+  yearbook::PathState& paths;
+  base::FileSystem& files;
+  const base::Clock& clock;
+  Prompts& prompts;
+  Shell& shell;
+  Navigator& navigator;
+};
+
+}  // namespace dialogs

@@ -1,0 +1,19 @@
+#include <gmock/gmock.h>
+
+#include <QApplication>
+#include <QFontDatabase>
+#include <QLocale>
+#include <QStyleFactory>
+
+// Window tests run offscreen with one style, font and locale, so that they see the same on every
+// machine.
+int main(int argc, char** argv) {
+  testing::InitGoogleMock(&argc, argv);
+  if (qEnvironmentVariableIsEmpty("QT_QPA_PLATFORM")) qputenv("QT_QPA_PLATFORM", "offscreen");
+  QLocale::setDefault(QLocale(QLocale::German, QLocale::Germany));
+  QApplication app(argc, argv);
+  QApplication::setStyle(QStyleFactory::create(QStringLiteral("Fusion")));
+  QApplication::setQuitOnLastWindowClosed(false);
+  QApplication::setFont(QFont(QStringLiteral("DejaVu Sans"), 9));
+  return RUN_ALL_TESTS();
+}
