@@ -10,4 +10,4 @@ set(CMAKE_FIND_ROOT_PATH_MODE_LIBRARY ONLY)
 set(CMAKE_FIND_ROOT_PATH_MODE_INCLUDE ONLY)
 # tl-expected is headers only and lies in the host's cmake folder.
 set(CMAKE_FIND_ROOT_PATH_MODE_PACKAGE BOTH)
-set(tl-expected_DIR /usr/share/cmake/tl-expected)
+set(tl-expected_DIR ${CMAKE_CURRENT_LIST_DIR}/mingw)

@@ -31,10 +31,13 @@ class File {
   virtual Result<void> sync() = 0;
 };
 
+// The lock counts between processes and between two openings in one process, and ends with the
+// File or the process, so that a crash leaves none behind. Only regular files open.
 enum class OpenMode {
-  Read,       // shared reading; InUse if another process holds it for writing
-  ReadWrite,  // must exist; exclusive operating-system lock, InUse if it cannot be had
-  Create,     // made or emptied; exclusive lock
+  Read,       // shared reading; InUse if somebody holds it for writing
+  ReadWrite,  // must exist; exclusive lock, InUse if it cannot be had, AccessDenied if
+              // write-protected
+  Create,     // made or emptied (after the lock was had); exclusive lock
 };
 
 struct FileInfo {
@@ -53,8 +56,10 @@ class FileSystem {
   virtual Result<FileInfo> info(const std::string& path) const = 0;
   // Names (not paths) of all entries but "." and "..", sorted by name without regard to case.
   virtual Result<std::vector<std::string>> list(const std::string& folder) const = 0;
+  // A file, or an empty folder. A file that somebody holds for writing is InUse.
   virtual Result<void> remove(const std::string& path) = 0;
-  // Replaces an existing target; both in one folder. Atomic where the system can.
+  // Replaces an existing target; both in one folder. Atomic where the system can. A target that
+  // somebody has open is InUse.
   virtual Result<void> rename(const std::string& from, const std::string& to) = 0;
   // One level; the parent must exist. AlreadyExists when it does.
   virtual Result<void> makeFolder(const std::string& path) = 0;
@@ -68,14 +73,21 @@ class FileSystem {
   bool folderExists(const std::string& path) const;
   // Up to limit bytes; a longer file is ErrorCode::InvalidValue, never read into memory.
   Result<std::string> readText(const std::string& path, std::uint64_t limit = 1 << 20);
-  // Replaced whole or not at all: temporary file beside it, sync, rename, sync of the folder.
+  // Replaced whole or not at all: temporary file beside it ("NAME-tmp"), sync, rename, sync of the
+  // folder. A write-protected target is AccessDenied.
   Result<void> replaceFile(const std::string& path, ByteSpan content);
   // Copies with verification: written beside the target, synced, read back and compared, renamed
   // over it. The target is the old file or the whole new one. A copy onto itself does nothing.
-  // progress(bytesDone, bytesTotal) may return false to cancel (ErrorCode::Cancelled).
+  // progress(bytesDone, bytesTotal) may return false to cancel (ErrorCode::Cancelled). A
+  // write-protected target is AccessDenied. An error names the file that it is about.
   using Progress = std::function<bool(std::uint64_t, std::uint64_t)>;
   Result<void> copyFile(const std::string& from, const std::string& to,
                         const Progress& progress = {});
+  // The same from a file that the caller holds open (an open year database).
+  Result<void> copyFile(const File& from, const std::string& to, const Progress& progress = {});
+
+ private:
+  Result<void> writeCopy(const File& source, const std::string& to, const Progress& progress);
 };
 
 // The real one (POSIX or Windows). DiskFile*.cpp.
