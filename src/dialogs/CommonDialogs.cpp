@@ -1,0 +1,90 @@
+#include "dialogs/CommonDialogs.h"
+
+#include <QColorDialog>
+#include <QDir>
+#include <QFileDialog>
+#include <QFileInfo>
+#include <QMessageBox>
+
+#include "dialogs/FileFilter.h"
+
+using namespace Qt::Literals::StringLiterals;
+
+namespace dialogs {
+namespace {
+
+QStringList nameFilters(const QString& filter) {
+  QStringList result;
+  for (const FilterEntry& entry : filterEntries(filter.toStdString())) {
+    QStringList patterns;
+    for (const std::string& pattern : entry.patterns) patterns += QString::fromStdString(pattern);
+    result += QString::fromStdString(entry.description) + u" ("_s + patterns.join(u' ') + u')';
+  }
+  return result;
+}
+
+QString chosen(const QFileDialog& dialog) {
+  const QStringList files = dialog.selectedFiles();
+  return files.isEmpty() ? QString() : QDir::toNativeSeparators(files.first().trimmed());
+}
+
+void prepareFileDialog(QFileDialog& dialog, const QString& filter) {
+  dialog.setFileMode(QFileDialog::AnyFile);
+  dialog.setNameFilters(nameFilters(filter));
+  // The descriptions name the patterns already.
+  dialog.setOption(QFileDialog::HideNameFilterDetails);
+}
+
+bool agreesToCreate(QWidget* owner, const QString& path, const QString& title) {
+  QMessageBox box(QMessageBox::Question, title,
+                  path + u"\nDie Datei existiert nicht. Soll sie angelegt werden?"_s,
+                  QMessageBox::Yes | QMessageBox::No, owner);
+  box.setTextFormat(Qt::PlainText);
+  box.setDefaultButton(QMessageBox::No);
+  return box.exec() == QMessageBox::Yes;
+}
+
+}  // namespace
+
+QString OpenFileDialog(QWidget* owner, const QString& filter, const QString& title,
+                       const QString& initialFolder) {
+  QFileDialog dialog(owner, title, initialFolder);
+  prepareFileDialog(dialog, filter);
+  dialog.setAcceptMode(QFileDialog::AcceptOpen);
+  while (dialog.exec() == QDialog::Accepted) {
+    const QString path = chosen(dialog);
+    if (QFileInfo::exists(path) || agreesToCreate(owner, path, title)) return path;
+  }
+  return {};
+}
+
+QString SaveFileDialog(QWidget* owner, const QString& filter, const QString& title,
+                       const QString& initialFolder) {
+  QFileDialog dialog(owner, title, initialFolder);
+  prepareFileDialog(dialog, filter);
+  dialog.setAcceptMode(QFileDialog::AcceptSave);
+  return dialog.exec() == QDialog::Accepted ? chosen(dialog) : QString();
+}
+
+int ChooseColorDialog(QWidget* owner, bool /*fullOpen*/, int start) {
+  // Qt keeps the custom colours from one dialog to the next.
+  for (int i = 0; i < QColorDialog::customCount(); ++i) QColorDialog::setCustomColor(i, Qt::black);
+  const bool valid = start >= 0 && start <= 0xFFFFFF;
+  const QColor first =
+      valid ? QColor(start & 0xFF, (start >> 8) & 0xFF, (start >> 16) & 0xFF) : QColor(Qt::black);
+  QColorDialog dialog(first, owner);
+  if (dialog.exec() != QDialog::Accepted) return -1;
+  const QColor color = dialog.selectedColor();
+  return color.red() | (color.green() << 8) | (color.blue() << 16);
+}
+
+QString BrowseForFolderDialog(QWidget* owner, const QString& title, const QString& startFolder,
+                              const FolderDialogOptions& options) {
+  const QString start = QFileInfo(startFolder).isDir() ? startFolder : QDir::homePath();
+  QFileDialog dialog(owner, title, start);
+  dialog.setFileMode(QFileDialog::Directory);
+  dialog.setOption(QFileDialog::ShowDirsOnly, !options.includeFiles);
+  return dialog.exec() == QDialog::Accepted ? chosen(dialog) : QString();
+}
+
+}  // namespace dialogs

@@ -1,0 +1,158 @@
+#include "widgets/EntryField.h"
+
+#include <QAction>
+#include <QApplication>
+#include <QClipboard>
+#include <QContextMenuEvent>
+#include <QDropEvent>
+#include <QInputMethodEvent>
+#include <QKeyEvent>
+#include <QMenu>
+#include <QMimeData>
+#include <memory>
+
+using namespace Qt::Literals::StringLiterals;
+
+namespace widgets {
+
+EntryField::EntryField(QWidget* parent) : QLineEdit(parent) {}
+
+void EntryField::allowOnly(const QString& characters) {
+  filter_ = [characters](const QString& input) {
+    QString kept;
+    for (const QChar c : input)
+      if (characters.contains(c)) kept += c;
+    return kept;
+  };
+}
+
+void EntryField::refuse(const QString& characters) {
+  filter_ = [characters](const QString& input) {
+    QString kept;
+    for (const QChar c : input)
+      if (!characters.contains(c)) kept += c;
+    return kept;
+  };
+}
+
+QString EntryField::filtered(const QString& input) const {
+  return filter_ ? filter_(input) : input;
+}
+
+void EntryField::insertFiltered(const QString& input) {
+  if (isReadOnly()) return;
+  const QString kept = filtered(input);
+  if (!kept.isEmpty()) insert(kept);
+}
+
+void EntryField::pasteFiltered() {
+  insertFiltered(QApplication::clipboard()->text());
+}
+
+void EntryField::leave() {
+  editing_ = hasFocus();
+  settle();
+  const bool changed = text() != textAtEntry_;
+  textAtEntry_ = text();
+  if (changed && !isReadOnly()) Q_EMIT entered();
+}
+
+void EntryField::keyPressEvent(QKeyEvent* event) {
+  const bool enter = event->key() == Qt::Key_Return || event->key() == Qt::Key_Enter;
+  if (enter && enterMovesOn_) {
+    event->accept();
+    if (!focusNextChild() || hasFocus()) leave();
+    return;
+  }
+  if (event->matches(QKeySequence::Paste)) {
+    event->accept();
+    pasteFiltered();
+    return;
+  }
+  const QString typed = event->text();
+  const bool plain = !(event->modifiers() & (Qt::ControlModifier | Qt::MetaModifier)) ||
+                     (event->modifiers() & Qt::AltModifier);
+  if (filter_ && plain && !typed.isEmpty() && typed[0].isPrint()) {
+    const QString kept = filtered(typed);
+    if (kept != typed) {
+      event->accept();
+      if (!kept.isEmpty() && !isReadOnly()) insert(kept);
+      return;
+    }
+  }
+  QLineEdit::keyPressEvent(event);
+}
+
+void EntryField::inputMethodEvent(QInputMethodEvent* event) {
+  const QString committed = event->commitString();
+  const QString kept = committed.isEmpty() ? committed : filtered(committed);
+  if (kept == committed) {
+    QLineEdit::inputMethodEvent(event);
+    return;
+  }
+  QInputMethodEvent cleaned(event->preeditString(), event->attributes());
+  cleaned.setCommitString(kept, event->replacementStart(), event->replacementLength());
+  QLineEdit::inputMethodEvent(&cleaned);
+}
+
+void EntryField::contextMenuEvent(QContextMenuEvent* event) {
+  const std::unique_ptr<QMenu> menu(createStandardContextMenu());
+  // Qt's own paste entry would bypass the filter.
+  if (auto* paste = menu->findChild<QAction*>(u"edit-paste"_s)) {
+    paste->disconnect(SIGNAL(triggered(bool)));
+    connect(paste, &QAction::triggered, this, &EntryField::pasteFiltered);
+  }
+  menu->exec(event->globalPos());
+}
+
+void EntryField::dropEvent(QDropEvent* event) {
+  if (!filter_ || isReadOnly() || event->source() == this) {
+    QLineEdit::dropEvent(event);
+    return;
+  }
+  deselect();
+  setCursorPosition(cursorPositionAt(event->position().toPoint()));
+  insertFiltered(event->mimeData()->text());
+  // A copy, even when the other side offers to move: what was not taken over must not vanish there.
+  event->setDropAction(Qt::CopyAction);
+  event->accept();
+}
+
+void EntryField::mouseReleaseEvent(QMouseEvent* event) {
+  const QClipboard* clipboard = QApplication::clipboard();
+  if (event->button() == Qt::MiddleButton && clipboard->supportsSelection() && filter_) {
+    event->accept();
+    deselect();
+    setCursorPosition(cursorPositionAt(event->position().toPoint()));
+    insertFiltered(clipboard->text(QClipboard::Selection));
+    return;
+  }
+  QLineEdit::mouseReleaseEvent(event);
+  // The first click into the field selects all, unless it has drawn a selection of its own.
+  if (selectOnRelease_ && !hasSelectedText()) selectAll();
+  selectOnRelease_ = false;
+}
+
+void EntryField::focusInEvent(QFocusEvent* event) {
+  QLineEdit::focusInEvent(event);
+  if (event->reason() == Qt::PopupFocusReason || event->reason() == Qt::ActiveWindowFocusReason)
+    return;
+  textAtEntry_ = text();
+  editing_ = true;
+  selectOnRelease_ = event->reason() == Qt::MouseFocusReason;
+  if (!selectOnRelease_) selectAll();
+}
+
+void EntryField::focusOutEvent(QFocusEvent* event) {
+  QLineEdit::focusOutEvent(event);
+  if (event->reason() == Qt::PopupFocusReason || event->reason() == Qt::ActiveWindowFocusReason)
+    return;
+  leave();
+}
+
+void EntryField::hideEvent(QHideEvent* event) {
+  if (editing_) leave();
+  QLineEdit::hideEvent(event);
+}
+
+}  // namespace widgets

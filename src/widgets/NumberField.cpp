@@ -1,0 +1,67 @@
+#include "widgets/NumberField.h"
+
+#include "base/GermanNumber.h"
+
+using namespace Qt::Literals::StringLiterals;
+
+namespace widgets {
+
+NumberField::NumberField(QWidget* parent) : EntryField(parent) {
+  setAlignment(Qt::AlignRight | Qt::AlignVCenter);
+  setInputMethodHints(Qt::ImhFormattedNumbersOnly);
+  allowOnly(u"0123456789,.-"_s);
+  connect(this, &QLineEdit::textEdited, this, &NumberField::takeEdit);
+}
+
+void NumberField::setDecimals(int least, int most) {
+  leastDecimals_ = least;
+  mostDecimals_ = most;
+  if (!hasFocus()) setValue(value());
+}
+
+QString NumberField::shape(std::optional<double> value) const {
+  if (!value) return {};
+  QString text = QString::fromStdString(base::formatNumber(*value, mostDecimals_));
+  const auto comma = text.indexOf(u',');
+  if (comma < 0) return text;
+  const auto shortest = comma + 1 + leastDecimals_;
+  while (text.size() > shortest && text.endsWith(u'0')) text.chop(1);
+  if (text.endsWith(u',')) text.chop(1);
+  return text;
+}
+
+NumberField::Reading NumberField::read(const QString& text) const {
+  if (text == resting_.text) return {true, resting_.value};
+  if (text == current_.text) return {true, current_.value};
+  if (text.trimmed().isEmpty()) return {true, std::nullopt};
+  const auto number = base::parseNumber(text.toStdString());
+  return {number.has_value(), number};
+}
+
+void NumberField::setValue(std::optional<double> value) {
+  if (hasFocus() && isModified() && value == this->value()) return;
+  resting_ = current_ = {value, shape(value)};
+  setText(resting_.text);
+}
+
+std::optional<double> NumberField::value() const {
+  const Reading now = read(text());
+  return now.readable ? now.value : current_.value;
+}
+
+void NumberField::takeEdit() {
+  const Reading now = read(text());
+  if (!now.readable) return;
+  const bool changed = now.value != current_.value;
+  current_ = {now.value, text()};
+  if (changed) Q_EMIT valueChanged();
+}
+
+void NumberField::settle() {
+  const std::optional<double> kept = value();
+  const bool unchanged = kept == resting_.value;
+  resting_ = current_ = {kept, unchanged ? resting_.text : shape(kept)};
+  if (text() != resting_.text) setText(resting_.text);
+}
+
+}  // namespace widgets

@@ -1,0 +1,136 @@
+#include "dialogs/QtPrompts.h"
+
+#include <gtest/gtest.h>
+
+#include <QApplication>
+#include <QColorDialog>
+#include <QDir>
+#include <QFile>
+#include <QFileDialog>
+#include <QInputDialog>
+#include <QMessageBox>
+#include <QPushButton>
+#include <QTemporaryDir>
+#include <QTest>
+#include <QTimer>
+#include <functional>
+
+#include "dialogs/FileFilter.h"
+
+using dialogs::Button;
+using dialogs::Buttons;
+using dialogs::Icon;
+using namespace Qt::Literals::StringLiterals;
+
+namespace {
+
+// Runs once the next modal window of that kind is shown.
+template <class T>
+void whenShown(std::function<void(T*)> action) {
+  QTimer::singleShot(0, [action = std::move(action)] {
+    auto* shown = qobject_cast<T*>(QApplication::activeModalWidget());
+    ASSERT_NE(shown, nullptr);
+    action(shown);
+  });
+}
+
+class QtPromptsTest : public testing::Test {
+ protected:
+  dialogs::QtPrompts prompts;
+  QWidget owner;
+};
+
+TEST_F(QtPromptsTest, BoxShowsTextTitleIconAndDefault) {
+  whenShown<QMessageBox>([](QMessageBox* box) {
+    EXPECT_EQ(box->text(), u"Soll <die> Datei & alles\nweg?"_s);
+    EXPECT_EQ(box->windowTitle(), u" Achtung !!!"_s);
+    EXPECT_EQ(box->icon(), QMessageBox::Critical);
+    EXPECT_EQ(box->defaultButton(), box->button(QMessageBox::Cancel));
+    EXPECT_EQ(box->textFormat(), Qt::PlainText);
+    QTest::keyClick(box, Qt::Key_Enter);
+  });
+  EXPECT_EQ(prompts.message(&owner, u"Soll <die> Datei & alles\nweg?"_s, u" Achtung !!!"_s,
+                            Icon::Critical, Buttons::OkCancel, Button::Cancel),
+            Button::Cancel);
+}
+
+TEST_F(QtPromptsTest, ClosingABoxIsTheCautiousAnswer) {
+  const std::pair<Buttons, Button> cases[] = {{Buttons::Ok, Button::Ok},
+                                              {Buttons::OkCancel, Button::Cancel},
+                                              {Buttons::YesNo, Button::No},
+                                              {Buttons::AbortRetryIgnore, Button::Abort}};
+  for (const auto& [buttons, answer] : cases) {
+    whenShown<QMessageBox>([](QMessageBox* box) {
+      EXPECT_EQ(box->windowTitle(), u"Kalvira"_s);
+      box->close();
+    });
+    EXPECT_EQ(prompts.message(&owner, u"?"_s, {}, Icon::None, buttons, Button::Ok), answer);
+  }
+}
+
+TEST_F(QtPromptsTest, InputBoxGivesTextOrNothing) {
+  whenShown<QInputDialog>([](QInputDialog* box) {
+    EXPECT_EQ(box->labelText(), u"Wert?"_s);
+    EXPECT_EQ(box->textValue(), u"7"_s);
+    box->setTextValue(u"8"_s);
+    box->accept();
+  });
+  EXPECT_EQ(prompts.input(&owner, u"Wert?"_s, u"Eingabe"_s, u"7"_s), u"8"_s);
+  whenShown<QInputDialog>([](QInputDialog* box) { box->reject(); });
+  EXPECT_EQ(prompts.input(&owner, u"Wert?"_s, {}, {}), std::nullopt);
+}
+
+TEST_F(QtPromptsTest, OpenDialogListsItsFilterAndReturnsThePath) {
+  QTemporaryDir folder;
+  const QString path = folder.filePath(u"Jahr.KWD"_s);
+  ASSERT_TRUE(QFile(path).open(QIODevice::WriteOnly));
+  whenShown<QFileDialog>([&](QFileDialog* dialog) {
+    EXPECT_EQ(dialog->windowTitle(), u"Vergleich"_s);
+    EXPECT_EQ(QDir(dialog->directory()), QDir(folder.path()));
+    EXPECT_EQ(dialog->nameFilters(), QStringList(u"*.kwd (Datenbank) (*.kwd)"_s));
+    dialog->selectFile(path);
+    QTimer::singleShot(0, [] {
+      if (auto* open = qobject_cast<QFileDialog*>(QApplication::activeModalWidget()))
+        static_cast<QDialog*>(open)->done(QDialog::Accepted);
+    });
+  });
+  EXPECT_EQ(prompts.openFile(&owner, u"*.kwd (Datenbank)|*.kwd"_s, u"Vergleich"_s, folder.path()),
+            QDir::toNativeSeparators(path));
+}
+
+TEST_F(QtPromptsTest, CancelledDialogsGiveTheirEmptyValue) {
+  whenShown<QFileDialog>([](QFileDialog* dialog) { dialog->reject(); });
+  EXPECT_EQ(prompts.saveFile(&owner, u"Bild|*.bmp"_s, {}, {}), QString());
+  whenShown<QFileDialog>([](QFileDialog* dialog) {
+    EXPECT_EQ(dialog->fileMode(), QFileDialog::Directory);
+    EXPECT_EQ(QDir(dialog->directory()), QDir::home()) << "a start folder that is not there";
+    dialog->reject();
+  });
+  EXPECT_EQ(prompts.chooseFolder(&owner, u"Wählen"_s, u"C:\\"_s), QString());
+  whenShown<QColorDialog>([](QColorDialog* dialog) { dialog->reject(); });
+  EXPECT_EQ(prompts.chooseColor(&owner, 0, true), -1);
+}
+
+TEST_F(QtPromptsTest, ColourComesBackWithRedInTheLowestByte) {
+  whenShown<QColorDialog>([](QColorDialog* dialog) {
+    EXPECT_EQ(dialog->currentColor(), QColor(0x11, 0x22, 0x33));
+    dialog->setCurrentColor(QColor(0xAA, 0xBB, 0xCC));
+    dialog->accept();
+  });
+  EXPECT_EQ(prompts.chooseColor(&owner, 0x332211, false), 0xCCBBAA);
+}
+
+TEST(FileFilter, EverySeparatorBecomesNulAndOneEndsTheList) {
+  const std::string list("*.kwd (Datenbank)\0*.kwd\0", 24);
+  EXPECT_EQ(dialogs::systemFilterList("*.kwd (Datenbank)|*.kwd"), list);
+  EXPECT_EQ(dialogs::systemFilterList("*.kwd (Datenbank)|*.kwd|"), list);
+}
+
+TEST(FileFilter, PairsBecomeEntries) {
+  using Entries = std::vector<dialogs::FilterEntry>;
+  EXPECT_EQ(dialogs::filterEntries("Bilder|*.bmp;*.wmf|Alle"),
+            (Entries{{"Bilder", {"*.bmp", "*.wmf"}}, {"Alle", {"*"}}}));
+  EXPECT_EQ(dialogs::filterEntries(""), Entries{});
+}
+
+}  // namespace
