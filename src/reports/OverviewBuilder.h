@@ -1,0 +1,68 @@
+#pragma once
+
+#include <array>
+#include <optional>
+#include <string>
+
+#include "base/Money.h"
+#include "reports/Grid.h"
+
+// The year's bill of all three utilities side by side.
+namespace reports {
+
+// A number as it was typed and what it means; an empty field has neither.
+struct EnteredNumber {
+  std::string text;
+  std::optional<double> value;
+};
+
+struct MonthAmount {
+  std::string month;
+  std::optional<base::Money> amount;
+};
+
+// What the overview is made of: the twelve month rows in their order, the settings row, and the
+// year totals as the main window shows them. An empty optional is an empty field.
+struct OverviewInput {
+  std::string yearFileName;  // "Verbrauch.kwd"
+  int currentYear = 0;       // of the day on which the year was opened
+
+  std::array<MonthAmount, 12> electricity;  // PGesammt
+  std::array<MonthAmount, 12> water;        // PGesammtW
+  std::array<MonthAmount, 12> gas;          // PGas
+
+  std::optional<base::Money> dayAmount, nightAmount, waterAmount, wasteWaterAmount, gasAmount;
+  std::optional<base::Money> baseFeeElectricity, baseFeeWater, baseFeeWasteWater, baseFeeGas;
+  EnteredNumber vatElectricity, vatWater, vatWasteWater, vatGas;  // percent
+  std::optional<base::Money> advanceElectricity, advanceWater, advanceGas;
+
+  bool flatRate = false;
+  EnteredNumber freeKwh;           // kWh in the year
+  std::optional<double> dayPrice;  // cent per kWh
+
+  // Months that have a reading or a consumption, for the monthly payment that would have fitted.
+  int monthsReadElectricity = 0, monthsReadWater = 0, monthsReadGas = 0;
+};
+
+struct UtilityTotals {
+  std::optional<base::Money> amount;  // of the consumption, net
+  base::Money net;                    // with the base fees
+  std::optional<base::Money> vat;
+  std::optional<base::Money> wasteWaterVat;  // water only
+  base::Money gross;
+  base::Money balance;  // gross less advance payments; positive: to be paid
+};
+
+struct OverviewTotals {
+  UtilityTotals electricity, water, gas;
+  bool flatRateApplies = false;
+  std::optional<base::Money> freeValue;  // of the free kWh
+  base::Money extraConsumption;          // the months' sum less that value; may be negative
+};
+
+OverviewTotals overviewTotals(const OverviewInput& input);
+
+// The amount columns are sized to their contents with `measure`; the whole is 9400 twips wide.
+Grid buildOverview(const OverviewInput& input, const TextMeasure& measure = plainTextWidth);
+
+}  // namespace reports
