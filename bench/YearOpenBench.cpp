@@ -1,0 +1,99 @@
+// Opening a year and reading its five tables: ours against libmdb on the same file, and ours on a
+// file with a big unrelated table. Environment: KALVIRA_YEAR (a year file), KALVIRA_BIG_YEAR (the
+// same year with a big extra table; left out when not set).
+
+#include <benchmark/benchmark.h>
+
+#include <cstdlib>
+#include <string>
+
+#include "base/File.h"
+#include "jet/Database.h"
+#include "yearbook/Schema.h"
+
+#ifdef KALVIRA_HAVE_LIBMDB
+extern "C" {
+#include <mdbtools.h>
+}
+#endif
+
+namespace {
+
+std::string fromEnvironment(const char* name) {
+  const char* value = std::getenv(name);
+  return value ? value : "";
+}
+
+// Every field of every row of the five tables; the number of values keeps it honest.
+std::size_t readYear(base::FileSystem& files, const std::string& path) {
+  auto database = jet::Database::open(files, path);
+  if (!database) return 0;
+  std::size_t values = 0;
+  for (const yearbook::Table* table : yearbook::allTables()) {
+    auto rows = database->openTable(table->name);
+    if (!rows) return 0;
+    for (std::size_t row = 0; row < rows->count(); ++row) {
+      auto fields = rows->row(row);
+      if (!fields) return 0;
+      values += fields->size();
+    }
+  }
+  return values;
+}
+
+void openWithKalvira(benchmark::State& state, const std::string& path) {
+  const auto files = base::makeDiskFileSystem();
+  std::size_t values = 0;
+  for (auto _ : state) {
+    values = readYear(*files, path);
+    benchmark::DoNotOptimize(values);
+  }
+  if (values == 0) state.SkipWithError("the year could not be read");
+  state.counters["values"] = static_cast<double>(values);
+}
+
+#ifdef KALVIRA_HAVE_LIBMDB
+std::size_t readTable(MdbHandle* mdb, const char* name) {
+  MdbTableDef* table = mdb_read_table_by_name(mdb, const_cast<char*>(name), MDB_TABLE);
+  if (!table) return 0;
+  mdb_read_columns(table);
+  static char buffers[64][4096];
+  static int lengths[64];
+  for (unsigned i = 0; i < table->num_cols && i < 64; ++i)
+    mdb_bind_column(table, static_cast<int>(i) + 1, buffers[i], &lengths[i]);
+  mdb_rewind_table(table);
+  std::size_t values = 0;
+  while (mdb_fetch_row(table)) values += table->num_cols;
+  mdb_free_tabledef(table);
+  return values;
+}
+
+void openWithLibmdb(benchmark::State& state, const std::string& path) {
+  std::size_t values = 0;
+  for (auto _ : state) {
+    MdbHandle* mdb = mdb_open(path.c_str(), MDB_NOFLAGS);
+    mdb_read_catalog(mdb, MDB_TABLE);
+    values = 0;
+    for (const yearbook::Table* table : yearbook::allTables())
+      values += readTable(mdb, std::string(table->name).c_str());
+    mdb_close(mdb);
+    benchmark::DoNotOptimize(values);
+  }
+  state.counters["values"] = static_cast<double>(values);
+}
+#endif
+
+}  // namespace
+
+int main(int argc, char** argv) {
+  const std::string year = fromEnvironment("KALVIRA_YEAR");
+  const std::string big = fromEnvironment("KALVIRA_BIG_YEAR");
+  benchmark::RegisterBenchmark("kalvira/year", openWithKalvira, year);
+#ifdef KALVIRA_HAVE_LIBMDB
+  benchmark::RegisterBenchmark("libmdb/year", openWithLibmdb, year);
+#endif
+  if (!big.empty()) benchmark::RegisterBenchmark("kalvira/big year", openWithKalvira, big);
+  benchmark::Initialize(&argc, argv);
+  benchmark::RunSpecifiedBenchmarks();
+  return 0;
+}
