@@ -51,8 +51,10 @@ void EntryField::pasteFiltered() {
 
 void EntryField::leave() {
   editing_ = hasFocus();
+  // Text set by the program is not modified in Qt's sense.
+  const bool typed = isModified();
   settle();
-  const bool changed = text() != textAtEntry_;
+  const bool changed = typed && text() != textAtEntry_;
   textAtEntry_ = text();
   if (changed && !isReadOnly()) Q_EMIT entered();
 }
@@ -135,8 +137,8 @@ void EntryField::mouseReleaseEvent(QMouseEvent* event) {
 
 void EntryField::focusInEvent(QFocusEvent* event) {
   QLineEdit::focusInEvent(event);
-  if (event->reason() == Qt::PopupFocusReason || event->reason() == Qt::ActiveWindowFocusReason)
-    return;
+  // Coming back from a menu or another window goes on with the same entry.
+  if (editing_) return;
   textAtEntry_ = text();
   editing_ = true;
   selectOnRelease_ = event->reason() == Qt::MouseFocusReason;

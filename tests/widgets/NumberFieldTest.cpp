@@ -96,6 +96,8 @@ TEST_F(NumberFieldTest, SettingTheValueThatIsBeingTypedLeavesTheTextAlone) {
   EXPECT_EQ(field.text(), u"12,"_s);
   field.setValue(13.0);
   EXPECT_EQ(field.text(), u"13"_s);
+  leave();
+  EXPECT_EQ(entries.count(), 0) << "13 came from the program";
 }
 
 TEST_F(NumberFieldTest, FilterSeesTypedAndPastedTextAlike) {
