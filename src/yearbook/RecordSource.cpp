@@ -180,6 +180,10 @@ Result<void> RecordSource::setRaw(int row, const Field& field, const Value& valu
   return {};
 }
 
+void RecordSource::keep(int row, const Field& field, Value value) {
+  values_.at(static_cast<std::size_t>(row)).at(fieldIndex(field)) = std::move(value);
+}
+
 Result<void> RecordSource::setNumber(int row, const Field& field, std::optional<double> value) {
   if (!value) return setRaw(row, field, jet::Null());
   if (number(row, field) == value) return {};

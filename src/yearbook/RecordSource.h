@@ -36,6 +36,8 @@ class RecordSource {
   base::Result<void> setMoney(int row, const Field& field, std::optional<base::Money> value);
   base::Result<void> setText(int row, const Field& field, const std::string& value);
   base::Result<void> setRaw(int row, const Field& field, const jet::Value& value);
+  // Shows a derived value without storing it, for years that can only be read.
+  void keep(int row, const Field& field, jet::Value value);
 
  private:
   RecordSource(const Table& table, jet::RecordSet records);

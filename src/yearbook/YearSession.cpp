@@ -87,8 +87,9 @@ YearSession::YearSession(base::FileSystem& files, std::string dataFolder, jet::D
 Result<std::unique_ptr<YearSession>> YearSession::open(base::FileSystem& files,
                                                        const std::string& path,
                                                        const std::string& dataFolder,
-                                                       const base::Clock& clock) {
-  auto database = jet::Database::open(files, path);
+                                                       const base::Clock& clock,
+                                                       jet::OpenOptions options) {
+  auto database = jet::Database::open(files, path, options);
   if (!database) return Failure(database.error());
   std::vector<RecordSource> sources;
   for (const Table* table : {&kStrom, &kWasser, &kGas, &kVerbrMonat, &kZStaende}) {
@@ -117,11 +118,11 @@ Result<void> YearSession::load() {
     readPrices(utility);
     updateTotals(utility);
   }
-  if (readOnlyReason()) return {};
-  return transact([this]() -> Result<void> {
-    if (auto done = writeMonthAmounts(Utility::Electricity); !done) return done;
-    return writeMonthAmounts(Utility::Water);
-  });
+  const Edit follow = [this]() -> Result<void> {
+    if (auto done = followMonthAmounts(Utility::Electricity); !done) return done;
+    return followMonthAmounts(Utility::Water);
+  };
+  return readOnlyReason() ? follow() : transact(follow);
 }
 
 RecordSource& YearSession::source(Utility utility) {
@@ -239,21 +240,27 @@ void YearSession::updateTotals(Utility utility) {
   values_.cleared[at(utility)] = false;
 }
 
-Result<void> YearSession::writeMonthAmounts(Utility utility) {
+Result<void> YearSession::followMonthAmounts(Utility utility) {
   if (utility == Utility::Gas) return {};
   const bool electricity = utility == Utility::Electricity;
   const auto& amounts = electricity ? values_.electricity.monthAmounts : values_.water.monthAmounts;
   const Field& field = electricity ? strom::monthAmount : wasser::monthAmount;
-  for (int i = 0; i < kMonths; ++i)
-    if (auto done = source(utility).setMoney(i, field, amounts[static_cast<std::size_t>(i)]); !done)
-      return done;
-  return {};
+  RecordSource& rows = source(utility);
+  if (readOnlyReason()) {
+    for (int i = 0; i < kMonths; ++i) rows.keep(i, field, amounts[static_cast<std::size_t>(i)]);
+    return {};
+  }
+  return transact([&]() -> Result<void> {
+    for (int i = 0; i < kMonths; ++i)
+      if (auto done = rows.setMoney(i, field, amounts[static_cast<std::size_t>(i)]); !done)
+        return done;
+    return {};
+  });
 }
 
 Result<void> YearSession::summarize(Utility utility) {
   updateTotals(utility);
-  if (readOnlyReason()) return {};
-  return transact([&] { return writeMonthAmounts(utility); });
+  return followMonthAmounts(utility);
 }
 
 Result<void> YearSession::reload(Utility utility) {

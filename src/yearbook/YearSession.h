@@ -22,11 +22,12 @@ class YearSession {
 
  public:
   // Opens the file and loads the year; writes nothing but PGesammt and PGesammtW where they differ
-  // from their months. dataFolder ends with the separator; "pauschale.dat" lies there.
+  // from their months (a year that can only be read shows them without storing them). dataFolder ends with the separator; "pauschale.dat" lies there.
   static base::Result<std::unique_ptr<YearSession>> open(base::FileSystem& files,
                                                          const std::string& path,
                                                          const std::string& dataFolder,
-                                                         const base::Clock& clock);
+                                                         const base::Clock& clock,
+                                                         jet::OpenOptions options = {});
 
   const std::string& path() const { return database_.path(); }
   const std::string& dataFolder() const { return dataFolder_; }
@@ -99,7 +100,7 @@ class YearSession {
   void readMonths(Utility utility);
   void readPrices(Utility utility);
   RecordSource& source(Utility utility);
-  base::Result<void> writeMonthAmounts(Utility utility);
+  base::Result<void> followMonthAmounts(Utility utility);
   void updateTotals(Utility utility);
   ElectricityInput electricityInput() const;
   WaterInput waterInput() const;

@@ -1,0 +1,99 @@
+#include "app/ui/CommandLineRun.h"
+
+#include "reports/FlexGridHTML.h"
+#include "reports/GridText.h"
+#include "reports/YearReports.h"
+#include "yearbook/YearSession.h"
+
+namespace app {
+namespace {
+
+using base::Error;
+using Year = std::unique_ptr<yearbook::YearSession>;
+
+int failed(const Console& console, const Error& error) {
+  console.err << "Fehler: " << base::germanMessage(error) << '\n';
+  return 1;
+}
+
+base::Result<Year> openYear(const Console& console, const std::string& file) {
+  jet::OpenOptions options;
+  options.readOnly = true;
+  const std::string folder(base::folderOf(file));
+  return yearbook::YearSession::open(console.files, file, folder, console.clock, options);
+}
+
+reports::Grid detailGrid(const yearbook::YearSession& year, base::Date today) {
+  reports::MeterChoice all;
+  all.fill(true);
+  return reports::buildDetailTable(reports::detailInput(year, today), all);
+}
+
+base::Result<void> writeHtml(const Console& console, const reports::Grid& grid,
+                             const std::string& target) {
+  const std::string page = reports::FlexGridHTML::page(grid, reports::plainScreen());
+  return console.files.replaceFile(target, base::asBytes(page));
+}
+
+base::Result<void> writeReport(const CommandLine& line, const Console& console) {
+  const auto opened = openYear(console, line.file);
+  if (!opened) return base::Failure(opened.error());
+  const yearbook::YearSession& year = **opened;
+  const reports::Grid overview = reports::buildOverview(reports::overviewInput(year));
+  switch (line.action) {
+    case CommandLine::Action::Html:
+      return writeHtml(console, overview, line.target);
+    case CommandLine::Action::Csv: {
+      const std::string table = reports::toCsv(detailGrid(year, console.clock.today()));
+      return console.files.replaceFile(line.target, base::asBytes(table));
+    }
+    default:
+      console.out << reports::toPlainText(overview);
+      return {};
+  }
+}
+
+int check(const CommandLine& line, const Console& console) {
+  jet::OpenOptions options;
+  options.readOnly = options.acceptPassword = options.acceptEncryption = true;
+  const auto database = jet::Database::open(console.files, line.file, options);
+  if (!database) return failed(console, database.error());
+  const auto findings = database->check();
+  int errors = 0;
+  for (const jet::Finding& finding : findings) {
+    console.out << (finding.warning ? "Hinweis: " : "Fehler: ") << base::germanReason(finding.error)
+                << '\n';
+    if (!finding.warning) ++errors;
+  }
+  if (errors > 0) {
+    console.err << line.file << ": " << errors << " Fehler"
+                << " gefunden. Bitte stellen Sie die Datei aus einer Sicherung wieder her.\n";
+    return 1;
+  }
+  console.out << line.file << ": keine Fehler gefunden.\n";
+  return 0;
+}
+
+}  // namespace
+
+int runCommandLine(const CommandLine& line, const Console& console) {
+  switch (line.action) {
+    case CommandLine::Action::Version:
+      console.out << "Kalvira " KALVIRA_VERSION "\n";
+      return 0;
+    case CommandLine::Action::Help:
+      console.out << commandLineHelp();
+      return 0;
+    case CommandLine::Action::Wrong:
+      console.err << line.problem << "\n\n" << commandLineHelp();
+      return 1;
+    case CommandLine::Action::Check:
+      return check(line, console);
+    default:
+      break;
+  }
+  const auto written = writeReport(line, console);
+  return written ? 0 : failed(console, written.error());
+}
+
+}  // namespace app

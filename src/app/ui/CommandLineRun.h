@@ -1,0 +1,23 @@
+#pragma once
+
+#include <ostream>
+
+#include "app/CommandLine.h"
+#include "base/File.h"
+#include "base/GermanDate.h"
+
+namespace app {
+
+// Where the commands without a window read and write.
+struct Console {
+  base::FileSystem& files;
+  const base::Clock& clock;
+  std::ostream& out;
+  std::ostream& err;
+};
+
+// Carries out every action but Windows. 0 on success; else 1 and a German message on err that
+// names file and reason. Year files are only read.
+int runCommandLine(const CommandLine& line, const Console& console);
+
+}  // namespace app
