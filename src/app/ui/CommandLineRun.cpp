@@ -1,5 +1,6 @@
 #include "app/ui/CommandLineRun.h"
 
+#include "base/Paths.h"
 #include "reports/FlexGridHTML.h"
 #include "reports/GridText.h"
 #include "reports/YearReports.h"
