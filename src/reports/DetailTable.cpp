@@ -12,6 +12,8 @@ using base::Money;
 constexpr int kColumns = 6;
 constexpr int kLabelWidth = 1900;
 constexpr int kNarrowest = 1300;
+// Not navy: HTML pages show that in the colour of scroll bars.
+constexpr Color kHeadingBlue = rgb(0, 0, 112);
 
 struct MeterTexts {
   const char* name;
@@ -104,7 +106,7 @@ class Builder {
       Cell& cell = grid_.cell(row, column);
       cell.value = captions[static_cast<std::size_t>(column)];
       cell.bold = true;
-      cell.fore = kNavy;
+      cell.fore = kHeadingBlue;
     }
     grid_.cell(row, 0).pointSize = 10;
     grid_.row(row).height = 355;

@@ -1,5 +1,6 @@
 #include "reports/FlexGridHTML.h"
 
+#include <algorithm>
 #include <array>
 #include <charconv>
 #include <cmath>
@@ -198,7 +199,7 @@ std::string_view trimmed(std::string_view text) {
 
 Color plainSystemColor(int index) {
   static constexpr std::array<Color, 25> kColors = {
-      0xC8C8C8, 0x000000, 0xD1B499, 0xDBCDBF, 0xF0F0F0, 0xFFFFFF, 0x646464, 0x000000, 0x000000,
+      0x767676, 0x000000, 0xD1B499, 0xDBCDBF, 0xF0F0F0, 0xFFFFFF, 0x646464, 0x000000, 0x000000,
       0x000000, 0xB4B4B4, 0xFCF7F4, 0xABABAB, 0xD77800, 0xFFFFFF, 0xF0F0F0, 0xA0A0A0, 0x6D6D6D,
       0x000000, 0x000000, 0xFFFFFF, 0x696969, 0xE3E3E3, 0x000000, 0xE1FFFF};
   if (index < 0 || index >= static_cast<int>(kColors.size())) return 0;

@@ -16,7 +16,8 @@ struct HtmlScreen {
   std::function<Color(int index)> systemColor;
 };
 
-// The colours of a plain light desktop, for output without a screen.
+// The colours of a plain light desktop, for output without a screen. The scroll bar's grey is one
+// that can be read as text: headings are written in it.
 Color plainSystemColor(int index);
 HtmlScreen plainScreen();
 

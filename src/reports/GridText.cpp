@@ -156,12 +156,18 @@ std::string onOneLine(std::string text) {
   return text;
 }
 
+std::string span(const char* attribute, std::ptrdiff_t count) {
+  return count > 1 ? attribute + std::to_string(count) + '"' : std::string();
+}
+
 std::string htmlCell(const Grid& grid, int row, int column, const CellRange& range) {
+  std::ptrdiff_t rows = 0;
+  for (int r = range.top; r <= range.bottom; ++r) rows += isRowVisible(grid, r) ? 1 : 0;
+  const std::vector<int> columns = visibleColumns(grid);
+  const auto inRange = [&](int c) { return c >= range.left && c <= range.right; };
   std::string cell = "<td";
-  if (range.right > range.left)
-    cell += " colspan=\"" + std::to_string(range.right - range.left + 1) + '"';
-  if (range.bottom > range.top)
-    cell += " rowspan=\"" + std::to_string(range.bottom - range.top + 1) + '"';
+  cell += span(" colspan=\"", std::count_if(columns.begin(), columns.end(), inRange));
+  cell += span(" rowspan=\"", rows);
   if (isRight(grid, row, column)) cell += " align=\"right\"";
   if (isCentered(grid, row, column)) cell += " align=\"center\"";
   const std::string text = FlexGridHTML::escape(grid.text(row, column));
