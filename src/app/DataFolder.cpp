@@ -1,0 +1,140 @@
+#include "app/DataFolder.h"
+
+#include "base/CsvRecord.h"
+#include "base/Paths.h"
+#include "base/TextCodec.h"
+
+namespace app {
+namespace {
+
+constexpr std::string_view kDataFolderName = "Verbrauchserfassung";
+constexpr std::string_view kProductFolderName = "Larvando";
+// Marks a path file as UTF-8, for a path with letters that windows-1252 does not have.
+constexpr std::string_view kUtf8Mark = "\xEF\xBB\xBF";
+
+std::string below(const std::string& folder, std::string_view name, char separator) {
+  return base::withSeparator(folder, separator) + std::string(name) + separator;
+}
+
+// Drive and path as the system keeps them, joined whatever separators they come with. Each test
+// looks at what the one before has left.
+std::string joinHome(const std::string& drive, std::string path, char separator) {
+  const auto pathStarts = [&] { return !path.empty() && path.front() == separator; };
+  const bool driveEnds = !drive.empty() && drive.back() == separator;
+  if (!pathStarts() && driveEnds) path = drive + path;
+  if (!pathStarts() && !driveEnds) path = drive + separator + path;
+  if (pathStarts() && driveEnds) path = drive.substr(0, 2) + path;
+  if (pathStarts() && !driveEnds) path = drive + path;
+  return path;
+}
+
+}  // namespace
+
+std::string homeFolder(const Environment& environment, char separator) {
+  const bool unset = environment.homeDrive.empty() && environment.homePath.empty();
+  const std::string path = unset ? joinHome({}, environment.home, separator)
+                                 : joinHome(environment.homeDrive, environment.homePath, separator);
+  return base::withSeparator(path, separator);
+}
+
+std::string dataFolderBelow(const std::string& baseFolder, char separator) {
+  return below(baseFolder, kDataFolderName, separator);
+}
+
+std::string defaultDataFolder(const SystemFacts& facts, char separator) {
+  if (facts.portable) return dataFolderBelow(facts.programFolder, separator);
+  return dataFolderBelow(
+      below(homeFolder(facts.environment, separator), kProductFolderName, separator), separator);
+}
+
+std::string pathFileContent(const std::string& baseFolder) {
+  if (base::fitsWindows1252(baseFolder)) return base::RecordWriter().text(baseFolder).line();
+  return std::string(kUtf8Mark) + '"' + baseFolder + "\"\r\n";
+}
+
+std::optional<std::string> baseFolderIn(std::string_view content) {
+  if (content.substr(0, kUtf8Mark.size()) == kUtf8Mark) {
+    content.remove_prefix(kUtf8Mark.size());
+    const std::size_t first = content.find('"');
+    const std::size_t last = content.find('"', first + 1);
+    if (first == std::string_view::npos || last == std::string_view::npos) return std::nullopt;
+    return std::string(content.substr(first + 1, last - first - 1));
+  }
+  auto folder = base::RecordReader(content).text(0);
+  if (folder && folder->empty()) return std::nullopt;
+  return folder;
+}
+
+base::Result<void> makeDataFolder(base::FileSystem& files, const std::string& folder,
+                                  const SystemFacts& facts) {
+  if (files.folderExists(folder)) return {};
+  if (!facts.portable && folder == defaultDataFolder(facts)) {
+    const std::string product =
+        below(homeFolder(facts.environment), kProductFolderName, base::kPathSeparator);
+    if (!files.folderExists(product))
+      if (auto made = files.makeFolder(product); !made) return made;
+  }
+  return files.makeFolder(folder);
+}
+
+base::Result<void> settleFolders(yearbook::PathState& paths, base::FileSystem& files,
+                                 const SystemFacts& facts) {
+  paths.ProgramFolder = base::withSeparator(facts.programFolder);
+  paths.DataFolder = defaultDataFolder(facts);
+  paths.UserBaseFolder.clear();
+  base::Result<void> settled;
+  if (!facts.chosenDataFolder.empty()) {
+    paths.DataFolder = base::withSeparator(facts.chosenDataFolder);
+  } else if (const auto content = files.readText(paths.DataFolder + std::string(kPathFile))) {
+    if (const auto folder = baseFolderIn(*content)) {
+      paths.UserBaseFolder = base::withSeparator(*folder);
+      paths.DataFolder = dataFolderBelow(paths.UserBaseFolder);
+    }
+  } else if (content.error().code != base::ErrorCode::NotFound) {
+    settled = base::Failure(content.error());
+  }
+  if (auto made = makeDataFolder(files, paths.DataFolder, facts); !made) return made;
+  if (auto current = makeCurrent(paths.DataFolder); !current) return current;
+  return settled;
+}
+
+base::Result<void> changeBaseFolder(yearbook::PathState& paths, base::FileSystem& files,
+                                    const SystemFacts& facts, const std::string& baseFolder) {
+  const std::string pathFile = paths.DataFolder + std::string(kPathFile);
+  paths.UserBaseFolder = base::withSeparator(baseFolder);
+  const auto stored =
+      files.replaceFile(pathFile, base::asBytes(pathFileContent(paths.UserBaseFolder)));
+  paths.DataFolder = dataFolderBelow(paths.UserBaseFolder);
+  if (auto made = makeDataFolder(files, paths.DataFolder, facts); !made) return made;
+  if (auto current = makeCurrent(paths.DataFolder); !current) return current;
+  return stored;
+}
+
+base::Result<bool> resetBaseFolder(base::FileSystem& files, const SystemFacts& facts) {
+  const std::string pathFile = defaultDataFolder(facts) + std::string(kPathFile);
+  if (!files.exists(pathFile)) return false;
+  if (auto removed = files.remove(pathFile); !removed) return base::Failure(removed.error());
+  return true;
+}
+
+base::Result<void> makeCurrent(const std::string& folder) {
+  std::error_code error;
+  std::filesystem::current_path(base::toPath(folder), error);
+  if (!error) return {};
+  base::Error failure;
+  failure.code = error == std::errc::no_such_file_or_directory ? base::ErrorCode::NotFound
+                                                               : base::ErrorCode::AccessDenied;
+  failure.file = folder;
+  failure.systemError = error.value();
+  return base::fail(failure);
+}
+
+void selectYear(yearbook::PathState& paths, const base::FileSystem& files,
+                const std::string& name) {
+  paths.YearDatabasePath = paths.DataFolder + name;
+  // An empty name would be the folder itself, which is no file.
+  const auto found = files.info(paths.YearDatabasePath);
+  paths.YearDatabaseName = found && !found->isFolder ? name : std::string();
+}
+
+}  // namespace app

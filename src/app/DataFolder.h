@@ -1,0 +1,72 @@
+#pragma once
+
+#include <optional>
+#include <string>
+#include <string_view>
+
+#include "base/File.h"
+#include "base/Paths.h"
+#include "yearbook/PathState.h"
+
+// Where the year databases lie: beside the program on a removable drive, else in the home folder,
+// or where the path file says.
+namespace app {
+
+inline constexpr std::string_view kPathFile = "Pfad_von_LRV.txt";
+
+// What the home folder is made of; unset variables are empty.
+struct Environment {
+  std::string homeDrive;  // "HomeDrive"
+  std::string homePath;   // "HomePath"
+  std::string home;       // "HOME", counts where both others are unset
+};
+
+// What the folders depend on, read once from the system.
+struct SystemFacts {
+  std::string programFolder;
+  bool portable = false;  // the program lies on a removable drive
+  Environment environment;
+  std::string chosenDataFolder;  // for this run, from the command line; empty if none
+};
+
+// programFolder and environment of this process. SystemFactsPosix.cpp, SystemFactsWindows.cpp.
+SystemFacts readSystemFacts();
+
+// The home folder, ending with the separator.
+std::string homeFolder(const Environment& environment, char separator = base::kPathSeparator);
+
+std::string defaultDataFolder(const SystemFacts& facts, char separator = base::kPathSeparator);
+
+// The data folder below a base folder that the user chose.
+std::string dataFolderBelow(const std::string& baseFolder, char separator = base::kPathSeparator);
+
+// The bytes of the path file and back: one quoted field. nullopt when there is none in it.
+std::string pathFileContent(const std::string& baseFolder);
+std::optional<std::string> baseFolderIn(std::string_view content);
+
+// Makes the folder if it is missing, one level only: its parent must exist. The product folder
+// above the default data folder is made as well.
+base::Result<void> makeDataFolder(base::FileSystem& files, const std::string& folder,
+                                  const SystemFacts& facts);
+
+// Start-up: ProgramFolder, DataFolder and UserBaseFolder; the data folder is made if it is missing
+// and becomes the current one. The paths are settled even when that fails; the error names the
+// folder.
+base::Result<void> settleFolders(yearbook::PathState& paths, base::FileSystem& files,
+                                 const SystemFacts& facts);
+
+// Another base folder from now on: writes the path file into the data folder still in force, then
+// moves over. The paths have changed when this returns, whatever could not be stored.
+base::Result<void> changeBaseFolder(yearbook::PathState& paths, base::FileSystem& files,
+                                    const SystemFacts& facts, const std::string& baseFolder);
+
+// Deletes the path file of the default data folder. False when there is none.
+base::Result<bool> resetBaseFolder(base::FileSystem& files, const SystemFacts& facts);
+
+// Windows rely on the data folder being the current one.
+base::Result<void> makeCurrent(const std::string& folder);
+
+// Selects a year: YearDatabasePath, and YearDatabaseName as the file system reports it.
+void selectYear(yearbook::PathState& paths, const base::FileSystem& files, const std::string& name);
+
+}  // namespace app

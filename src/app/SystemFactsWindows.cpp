@@ -1,0 +1,47 @@
+#ifdef _WIN32
+
+#ifndef NOMINMAX
+#define NOMINMAX
+#endif
+#define WIN32_LEAN_AND_MEAN
+#include <windows.h>
+
+#include "app/DataFolder.h"
+#include "base/Drives.h"
+#include "base/Paths.h"
+
+namespace app {
+namespace {
+
+std::string utf8(const std::wstring& text) {
+  return base::fromPath(std::filesystem::path(text));
+}
+
+std::string variable(const wchar_t* name) {
+  std::wstring value(32768, L'\0');
+  const DWORD length =
+      GetEnvironmentVariableW(name, value.data(), static_cast<DWORD>(value.size()));
+  value.resize(length < value.size() ? length : 0);
+  return utf8(value);
+}
+
+std::filesystem::path executable() {
+  std::wstring name(32768, L'\0');
+  const DWORD length = GetModuleFileNameW(nullptr, name.data(), static_cast<DWORD>(name.size()));
+  name.resize(length);
+  return name;
+}
+
+}  // namespace
+
+SystemFacts readSystemFacts() {
+  SystemFacts facts;
+  facts.programFolder = base::withSeparator(base::fromPath(executable().parent_path()));
+  facts.portable = base::onRemovableDrive(facts.programFolder);
+  facts.environment = {variable(L"HomeDrive"), variable(L"HomePath"), variable(L"HOME")};
+  return facts;
+}
+
+}  // namespace app
+
+#endif

@@ -1,0 +1,60 @@
+#pragma once
+
+#include <functional>
+#include <string>
+#include <string_view>
+#include <vector>
+
+#include "base/File.h"
+#include "yearbook/PathState.h"
+
+// The files of the data folder: year databases ("*.kwd") and the side files ("*.dat") that are
+// named after them. Patterns match in any letter case; prefixes are compared exactly.
+namespace app {
+
+inline constexpr std::string_view kTemplate = "Vorlverbr8.kwx";
+inline constexpr std::string_view kDefaultYear = "Verbrauch.kwd";
+inline constexpr std::string_view kYearExtension = ".kwd";
+inline constexpr std::string_view kSideExtension = ".dat";
+
+// Names of the files (not folders) with the extension, sorted. A folder that cannot be read has
+// none.
+std::vector<std::string> filesWithExtension(const base::FileSystem& files,
+                                            const std::string& folder,
+                                            std::string_view extensionWithDot);
+
+// The name without the characters that a year's name cannot have: \/<>*.?:;,| and control
+// characters.
+std::string allowedYearName(std::string_view typed);
+
+// A copy of the template, verified. An existing target is replaced, whole or not at all.
+base::Result<void> createYear(base::FileSystem& files, const yearbook::PathState& paths,
+                              const std::string& target);
+// "Verbrauch.kwd" from the template, if there is none yet.
+base::Result<void> createDefaultYear(base::FileSystem& files, const yearbook::PathState& paths);
+
+// The year database, a journal that waits beside it, and every "*.dat" file whose name begins with
+// the year's base name. Names of up to four characters have no side files. A year that is open is
+// InUse and nothing is deleted; otherwise as much as possible goes, and the error is the first.
+base::Result<void> deleteYear(base::FileSystem& files, const std::string& dataFolder,
+                              const std::string& name);
+
+// A database left by a crash in mid-commit is finished from its journal, so that a copy of the one
+// file holds everything. Nothing to do without a journal.
+base::Result<void> completeWaitingJournal(base::FileSystem& files, const std::string& database);
+std::string journalOf(const std::string& database);
+
+// Names in the folder that are no folders; pattern "*.*" or "*" are all, "*.dat" those with the
+// extension.
+std::vector<std::string> ListFiles(const base::FileSystem& files, const std::string& folder,
+                                   std::string_view pattern);
+std::vector<std::string> ListSubfolders(const base::FileSystem& files, const std::string& folder);
+
+// Copies every file whose name ends in "dat" (exact case) to the target, subfolders likewise at any
+// depth; missing folders of the target are made. A file that cannot be copied is told to failed
+// and skipped. Does nothing when both texts are equal.
+void CopySideFiles(base::FileSystem& files, const std::string& sourceFolder,
+                   const std::string& targetFolder,
+                   const std::function<void(const std::string& name)>& failed);
+
+}  // namespace app
