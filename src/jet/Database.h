@@ -49,7 +49,7 @@ struct OpenOptions {
 };
 
 struct Finding {
-  base::Error error;  // code Damaged or IndexDamaged, page and subject as far as they are known
+  base::Error error;     // code Damaged or IndexDamaged, page and subject as far as they are known
   bool warning = false;  // harmless: lost pages, stale hints
 };
 
@@ -102,6 +102,8 @@ class Database {
   Database& operator=(Database&&) noexcept;
 
   const std::string& path() const;
+  // "Jet 3" or "Jet 4".
+  std::string formatName() const;
   std::optional<base::Error> readOnlyReason() const;
   // Names of the user tables, sorted without regard to letter case.
   std::vector<std::string> tableNames() const;

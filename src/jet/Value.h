@@ -56,9 +56,11 @@ struct Null {
 
 // One field of one row. Byte, Integer and Long are int64; Single is float, Double double; texts
 // are UTF-8. A Boolean column is never Null.
-using Value = std::variant<Null, bool, std::int64_t, float, double, base::Money, DateTime, std::string,
-                           base::Bytes, Guid, Decimal>;
+using Value = std::variant<Null, bool, std::int64_t, float, double, base::Money, DateTime,
+                           std::string, base::Bytes, Guid, Decimal>;
 
-inline bool isNull(const Value& value) { return std::holds_alternative<Null>(value); }
+inline bool isNull(const Value& value) {
+  return std::holds_alternative<Null>(value);
+}
 
 }  // namespace jet

@@ -1,0 +1,101 @@
+#include "jet/FieldText.h"
+
+#include <algorithm>
+
+#include "base/TextCodec.h"
+
+namespace jet {
+namespace {
+
+using base::Bytes;
+using base::ByteSpan;
+using base::ErrorCode;
+using base::Result;
+
+constexpr std::uint16_t kWindows1252 = 1252;
+// A compressed text starts with the bytes FF FE; inside, a 0 byte changes between one and two bytes
+// a character.
+constexpr std::size_t kMarkSize = 2;
+constexpr std::size_t kMinCompressed = 3;
+constexpr std::size_t kMaxCompressed = 1024;
+
+bool isCompressed(ByteSpan bytes) {
+  return bytes.size() >= kMarkSize && bytes[0] == 0xFF && bytes[1] == 0xFE;
+}
+
+Result<std::u16string> decompress(ByteSpan bytes) {
+  std::u16string text;
+  text.reserve(bytes.size());
+  bool single = true;
+  for (std::size_t i = kMarkSize; i < bytes.size();) {
+    if (bytes[i] == 0) {
+      single = !single;
+      ++i;
+    } else if (single) {
+      text += static_cast<char16_t>(bytes[i++]);
+    } else {
+      if (i + 1 == bytes.size()) return base::fail(ErrorCode::Damaged, "Text endet im Zeichen");
+      text += static_cast<char16_t>(bytes[i] | bytes[i + 1] << 8);
+      i += 2;
+    }
+  }
+  return text;
+}
+
+Result<std::string> decodeUnicode(ByteSpan bytes) {
+  if (isCompressed(bytes)) {
+    auto text = decompress(bytes);
+    if (!text) return base::Failure(text.error());
+    return base::fromUtf16(*text);
+  }
+  if (bytes.size() % 2 != 0) return base::fail(ErrorCode::Damaged, "Text endet im Zeichen");
+  std::u16string text;
+  text.reserve(bytes.size() / 2);
+  for (std::size_t i = 0; i < bytes.size(); i += 2)
+    text += static_cast<char16_t>(bytes[i] | bytes[i + 1] << 8);
+  return base::fromUtf16(text);
+}
+
+}  // namespace
+
+Result<std::string> decodeText(const TextStorage& storage, ByteSpan bytes) {
+  if (storage.form == format::TextForm::Unicode) return decodeUnicode(bytes);
+  const bool plain = std::all_of(bytes.begin(), bytes.end(), [](auto b) { return b < 0x80; });
+  if (!plain && storage.codePage != kWindows1252)
+    return base::fail(ErrorCode::Unsupported,
+                      "Codepage " + std::to_string(storage.codePage) + " wird nicht unterstützt");
+  return base::fromWindows1252(base::asText(bytes));
+}
+
+Result<Bytes> encodeText(const TextStorage& storage, std::string_view text) {
+  if (storage.form == format::TextForm::CodePage) {
+    const bool plain = std::all_of(text.begin(), text.end(),
+                                   [](char c) { return static_cast<unsigned char>(c) < 0x80; });
+    if (!plain && (storage.codePage != kWindows1252 || !base::fitsWindows1252(text)))
+      return base::fail(ErrorCode::InvalidValue,
+                        "Der Text enthält ein Zeichen, das die Datei nicht speichern kann");
+    const std::string bytes = base::toWindows1252(text);
+    return Bytes(bytes.begin(), bytes.end());
+  }
+  const std::u16string units = base::toUtf16(text);
+  if (!units.empty() && units[0] == 0xFEFF)
+    return base::fail(ErrorCode::InvalidValue, "Der Text beginnt mit einem ungültigen Zeichen");
+  const bool narrow =
+      std::all_of(units.begin(), units.end(), [](char16_t c) { return c >= 0x01 && c <= 0xFF; });
+  const bool compress = storage.compressed && narrow && units.size() >= kMinCompressed &&
+                        units.size() <= kMaxCompressed;
+  Bytes bytes;
+  bytes.reserve(kMarkSize + 2 * units.size());
+  if (compress) {
+    bytes = {0xFF, 0xFE};
+    for (char16_t c : units) bytes.push_back(static_cast<std::uint8_t>(c));
+  } else {
+    for (char16_t c : units) {
+      bytes.push_back(static_cast<std::uint8_t>(c & 0xFF));
+      bytes.push_back(static_cast<std::uint8_t>(c >> 8));
+    }
+  }
+  return bytes;
+}
+
+}  // namespace jet

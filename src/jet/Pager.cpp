@@ -1,0 +1,283 @@
+#include "jet/Pager.h"
+
+#include <array>
+#include <cassert>
+
+#include "jet/Damage.h"
+#include "jet/Rc4.h"
+
+namespace jet {
+namespace {
+
+using base::Error;
+using base::ErrorCode;
+using base::Failure;
+using base::Result;
+
+// 16 MB of pages; then the cache starts anew. A year file has some thirty pages.
+constexpr std::size_t kCachedPages = 4096;
+
+bool meansReadOnly(ErrorCode code) {
+  return code == ErrorCode::AccessDenied || code == ErrorCode::ReadOnly;
+}
+
+}  // namespace
+
+Pager::Pager(base::FileSystem& files, std::string path) : files_(&files), path_(std::move(path)) {}
+
+Result<std::unique_ptr<Pager>> Pager::open(base::FileSystem& files, const std::string& path,
+                                           Options options) {
+  std::unique_ptr<Pager> pager(new Pager(files, path));
+  if (auto opened = pager->openFile(options); !opened) return pager->located(opened.error());
+  return pager;
+}
+
+Result<void> Pager::openFile(Options options) {
+  const auto mode = options.readOnly ? base::OpenMode::Read : base::OpenMode::ReadWrite;
+  auto file = files_->open(path_, mode);
+  if (!file && !options.readOnly && meansReadOnly(file.error().code)) {
+    readOnlyReason_ = file.error();
+    file = files_->open(path_, base::OpenMode::Read);
+  }
+  if (!file) return Failure(file.error());
+  file_ = std::move(*file);
+  if (options.readOnly) {
+    Failure wanted = base::fail(ErrorCode::ReadOnly, "zum Lesen geöffnet", path_);
+    readOnlyReason_ = wanted.value();
+  }
+  if (auto header = readHeader(options); !header) return header;
+  journal_.emplace(*files_, path_, static_cast<std::uint32_t>(version().pageSize));
+  if (auto journal = readOnlyReason_ ? openForReading() : openForWriting(); !journal)
+    return journal;
+  return measure();
+}
+
+Result<void> Pager::readHeader(Options options) {
+  auto size = file_->size();
+  if (!size) return Failure(size.error());
+  base::Bytes start(static_cast<std::size_t>(std::min<std::uint64_t>(*size, HeaderPage::kBytes)));
+  if (auto read = file_->readAt(0, start); !read) return read;
+  auto header = HeaderPage::parse(start);
+  if (!header) return Failure(header.error());
+  if (header->pageKey != 0 && !options.acceptEncryption)
+    return base::fail(ErrorCode::Encrypted, "");
+  if (header->hasPassword && !options.acceptPassword)
+    return base::fail(ErrorCode::PasswordProtected, "");
+  header_ = *header;
+  return {};
+}
+
+// A journal that cannot be completed (no space, no permission) still tells the file's new state,
+// so the data are shown from it and only changes are refused.
+Result<void> Pager::openForWriting() {
+  auto recovered = journal_->recover(*file_);
+  if (recovered) return {};
+  readOnlyReason_ = recovered.error();
+  return openForReading();
+}
+
+Result<void> Pager::openForReading() {
+  auto pending = journal_->pending(*file_);
+  if (!pending) return Failure(pending.error());
+  for (auto& [number, image] : *pending) {
+    if (image.size() != version().pageSize)
+      return base::fail(ErrorCode::Damaged, "Journal enthält eine unvollständige Seite");
+    decode(number, image);
+    overlay_[number] = std::make_shared<base::Bytes>(std::move(image));
+  }
+  return {};
+}
+
+Result<void> Pager::measure() {
+  auto size = file_->size();
+  if (!size) return Failure(size.error());
+  if (*size > version().maxFileSize)
+    return base::fail(ErrorCode::Damaged, "Datei ist größer, als das Format erlaubt");
+  storedPageCount_ = static_cast<std::uint32_t>(*size / version().pageSize);
+  pageCount_ = storedPageCount_;
+  if (!overlay_.empty()) pageCount_ = std::max(pageCount_, overlay_.rbegin()->first + 1);
+  const bool partial = *size % version().pageSize != 0;
+  if (partial && overlay_.count(storedPageCount_) == 0) {
+    Failure cut = base::fail(ErrorCode::Truncated, "letzte Seite unvollständig");
+    return at(storedPageCount_, cut.value());
+  }
+  return {};
+}
+
+void Pager::decode(std::uint32_t number, std::span<std::uint8_t> bytes) const {
+  if (header_.pageKey == 0 || number == 0) return;
+  const base::le32 key = header_.pageKey ^ number;
+  applyRc4(std::bit_cast<std::array<std::uint8_t, 4>>(key), bytes);
+}
+
+Result<base::Bytes> Pager::readFromDisk(std::uint32_t number) const {
+  base::Bytes bytes(version().pageSize);
+  const std::uint64_t offset = std::uint64_t{number} * version().pageSize;
+  if (auto read = file_->readAt(offset, bytes); !read) {
+    Failure failure = at(number, read.error());
+    return located(failure.value());
+  }
+  decode(number, bytes);
+  return bytes;
+}
+
+Result<PageRef> Pager::page(std::uint32_t number) const {
+  if (auto it = dirty_.find(number); it != dirty_.end()) return PageRef(it->second);
+  if (auto it = overlay_.find(number); it != overlay_.end()) return PageRef(it->second);
+  if (auto it = cache_.find(number); it != cache_.end()) return it->second;
+  if (number >= pageCount_) {
+    Failure beyond = base::fail(ErrorCode::Truncated, "Seite liegt hinter dem Ende der Datei");
+    Failure failure = at(number, beyond.value());
+    return located(failure.value());
+  }
+  auto bytes = readFromDisk(number);
+  if (!bytes) return Failure(bytes.error());
+  if (cache_.size() >= kCachedPages) cache_.clear();
+  return cache_[number] = std::make_shared<const base::Bytes>(std::move(*bytes));
+}
+
+Result<PageRef> Pager::page(std::uint32_t number, format::PageKind kind) const {
+  auto found = page(number);
+  if (!found) return found;
+  const std::uint8_t stored = (**found)[0];
+  if (stored != static_cast<std::uint8_t>(kind)) {
+    Failure failure = damaged(number, "Seite hat die Art " + std::to_string(stored) + " statt " +
+                                          std::to_string(static_cast<int>(kind)));
+    return located(failure.value());
+  }
+  return found;
+}
+
+Result<std::span<std::uint8_t>> Pager::edit(std::uint32_t number) {
+  assert(inTransaction_);
+  auto it = dirty_.find(number);
+  if (step_ != nullptr && step_->before_.count(number) == 0) {
+    step_->before_[number] = it == dirty_.end() ? std::nullopt : std::optional(*it->second);
+  }
+  if (it == dirty_.end()) {
+    auto current = page(number);
+    if (!current) return Failure(current.error());
+    originals_[number] = *current;
+    it = dirty_.emplace(number, std::make_shared<base::Bytes>(**current)).first;
+  }
+  return std::span<std::uint8_t>(*it->second);
+}
+
+Result<std::uint32_t> Pager::append() {
+  assert(inTransaction_);
+  if ((std::uint64_t{pageCount_} + 1) * version().pageSize > version().maxFileSize) {
+    Failure full = base::fail(ErrorCode::NoSpace, "Die Datei hat die größte erlaubte Länge");
+    return located(full.value());
+  }
+  const std::uint32_t number = pageCount_++;
+  if (step_ != nullptr) step_->before_.emplace(number, std::nullopt);
+  dirty_[number] = std::make_shared<base::Bytes>(version().pageSize);
+  return number;
+}
+
+Result<void> Pager::begin() {
+  if (readOnlyReason_) return located(*readOnlyReason_);
+  if (needsReopen_) {
+    Failure cut = base::fail(ErrorCode::IoError, "Die Datei muss neu geöffnet werden");
+    return located(cut.value());
+  }
+  if (inTransaction_) {
+    Failure nested = base::fail(ErrorCode::Unsupported, "Es läuft schon ein Änderungsvorgang");
+    return located(nested.value());
+  }
+  inTransaction_ = true;
+  return {};
+}
+
+void Pager::rollback() {
+  assert(step_ == nullptr);
+  dirty_.clear();
+  originals_.clear();
+  if (!needsReopen_) pageCount_ = storedPageCount_;
+  inTransaction_ = false;
+}
+
+PageImages Pager::changedImages() const {
+  PageImages images;
+  for (const auto& [number, bytes] : dirty_) {
+    const auto original = originals_.find(number);
+    if (original != originals_.end() && *original->second == *bytes) continue;
+    base::Bytes image = *bytes;
+    decode(number, image);
+    images.emplace(number, std::move(image));
+  }
+  return images;
+}
+
+Result<void> Pager::checkUnchangedOnDisk() const {
+  auto size = file_->size();
+  if (!size) return located(size.error());
+  bool changed = *size != std::uint64_t{storedPageCount_} * version().pageSize;
+  for (auto it = originals_.begin(); !changed && it != originals_.end(); ++it) {
+    if (it->first >= storedPageCount_) continue;
+    auto stored = readFromDisk(it->first);
+    if (!stored) return Failure(stored.error());
+    changed = *stored != *it->second;
+  }
+  if (!changed) return {};
+  Failure failure = base::fail(ErrorCode::ChangedOnDisk, "");
+  return located(failure.value());
+}
+
+Result<void> Pager::commit() {
+  if (!inTransaction_) {
+    Failure none = base::fail(ErrorCode::Unsupported, "Es läuft kein Änderungsvorgang");
+    return located(none.value());
+  }
+  const PageImages images = changedImages();
+  if (images.empty()) {
+    rollback();
+    return {};
+  }
+  if (auto unchanged = checkUnchangedOnDisk(); !unchanged) {
+    rollback();
+    return unchanged;
+  }
+  const Journal::Commit done = journal_->commit(*file_, images);
+  switch (done.outcome) {
+    case Journal::Outcome::NotStored:
+      break;
+    case Journal::Outcome::Interrupted:
+      needsReopen_ = true;
+      for (auto& [number, bytes] : dirty_) overlay_[number] = bytes;
+      break;
+    case Journal::Outcome::Stored:
+      storedPageCount_ = pageCount_;
+      for (auto& [number, bytes] : dirty_) cache_[number] = bytes;
+      break;
+  }
+  rollback();
+  if (!done.result) return located(done.result.error());
+  return {};
+}
+
+Failure Pager::located(Error error) const {
+  if (error.file.empty()) error.file = path_;
+  return Failure(std::move(error));
+}
+
+Pager::Step::Step(Pager& pager) : pager_(pager), pageCount_(pager.pageCount_) {
+  assert(pager.step_ == nullptr);
+  pager.step_ = this;
+}
+
+Pager::Step::~Step() {
+  pager_.step_ = nullptr;
+  if (kept_) return;
+  for (auto& [number, bytes] : before_) {
+    if (bytes) {
+      pager_.dirty_[number] = std::make_shared<base::Bytes>(std::move(*bytes));
+    } else {
+      pager_.dirty_.erase(number);
+      pager_.originals_.erase(number);
+    }
+  }
+  pager_.pageCount_ = pageCount_;
+}
+
+}  // namespace jet

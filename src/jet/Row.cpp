@@ -1,0 +1,88 @@
+#include "jet/Row.h"
+
+namespace jet {
+namespace {
+
+using base::ByteSpan;
+using base::ErrorCode;
+using base::Result;
+
+base::Failure wrong(const char* detail) {
+  return base::fail(ErrorCode::Damaged, detail);
+}
+
+std::uint32_t number(ByteSpan bytes, std::size_t offset, std::size_t width) {
+  const format::Field field{static_cast<std::uint16_t>(offset), static_cast<std::uint8_t>(width)};
+  return field.get(bytes);
+}
+
+}  // namespace
+
+Result<RowView> RowView::parse(const format::Version& version, const TableDef& table,
+                               ByteSpan bytes) {
+  const format::RowFormat& layout = version.row;
+  RowView row;
+  row.bytes_ = bytes;
+  if (bytes.size() < layout.numberWidth) return wrong("Datensatz ist leer");
+  row.columnCount_ = number(bytes, 0, layout.numberWidth);
+  const std::size_t maskSize = (row.columnCount_ + 7) / 8;
+  if (row.columnCount_ > table.maxColumns) return wrong("Datensatz hat zu viele Felder");
+  if (bytes.size() < layout.numberWidth + maskSize) return wrong("Datensatz ist zu kurz");
+  row.mask_ = bytes.subspan(bytes.size() - maskSize);
+  if (table.variableSlots > 0) {
+    if (auto done = row.parseVariable(layout, table.variableSlots); !done)
+      return base::Failure(done.error());
+  } else {
+    row.fixed_ = bytes.subspan(layout.numberWidth, bytes.size() - maskSize - layout.numberWidth);
+  }
+  return row;
+}
+
+// From the back: null mask, number of variable columns, jump table, offsets in reverse, and the end
+// of the last value in front of them.
+Result<void> RowView::parseVariable(const format::RowFormat& layout, std::size_t slots) {
+  const std::size_t width = layout.numberWidth;
+  const std::size_t size = bytes_.size() - mask_.size();
+  if (size < 3 * width) return wrong("Datensatz ist zu kurz");
+  const std::size_t count = number(bytes_, size - width, width);
+  if (count > slots) return wrong("Datensatz hat zu viele Felder veränderlicher Länge");
+
+  // Offsets of one byte: the jump table names the columns from which 256 more are to be added. It
+  // has an entry for each 256 bytes of the row, the last of which may not be needed.
+  const std::size_t entries = layout.jumpTable ? (bytes_.size() - 1) / 256 : 0;
+  const std::size_t tableSize = entries + width * (count + 2);
+  if (size < width + tableSize) return wrong("Datensatz ist zu kurz");
+  const std::size_t tableStart = size - tableSize;
+  const std::size_t firstOffset = size - width - entries - width;
+  const std::size_t jumps =
+      entries > 0 && (firstOffset - count) / 256 < entries ? entries - 1 : entries;
+  starts_.resize(count + 1);
+  std::size_t used = 0;
+  for (std::size_t slot = 0; slot <= count; ++slot) {
+    while (used < jumps && slot == bytes_[size - width - 1 - used]) ++used;
+    starts_[slot] = number(bytes_, firstOffset - slot * width, width) + 256 * used;
+    const std::size_t previous = slot == 0 ? width : starts_[slot - 1];
+    if (starts_[slot] < previous || starts_[slot] > tableStart)
+      return wrong("Feldgrenzen eines Datensatzes sind falsch");
+  }
+  fixed_ = bytes_.subspan(width, starts_[0] - width);
+  return {};
+}
+
+bool RowView::bit(int columnNumber) const {
+  const auto index = static_cast<std::size_t>(columnNumber);
+  return index < columnCount_ && (mask_[index / 8] >> (index % 8) & 1) != 0;
+}
+
+std::optional<ByteSpan> RowView::field(const ColumnDef& def) const {
+  if (!bit(def.column.number)) return std::nullopt;
+  if (!def.isFixed()) {
+    if (def.slot >= variableCount()) return std::nullopt;
+    return variable(def.slot);
+  }
+  const auto length = static_cast<std::size_t>(def.column.length);
+  if (def.fixedOffset + length > fixed_.size()) return std::nullopt;
+  return fixed_.subspan(def.fixedOffset, length);
+}
+
+}  // namespace jet

@@ -1,0 +1,54 @@
+#pragma once
+
+#include <memory>
+#include <string>
+#include <vector>
+
+#include "jet/DataPage.h"
+#include "jet/Pager.h"
+#include "jet/Row.h"
+#include "jet/TableDef.h"
+
+namespace jet {
+
+// A table's definition and where its rows lie. Positions are those of the natural order: pages of
+// the table ascending, slots ascending. A row keeps its position when it moves to another page,
+// because the pointer stays behind.
+class Table {
+ public:
+  static base::Result<std::unique_ptr<Table>> open(Pager& pager, std::uint32_t definition,
+                                                   std::string name);
+
+  const std::string& name() const { return name_; }
+  const TableDef& def() const { return def_; }
+  std::size_t rowCount() const { return rows_.size(); }
+  RowPointer row(std::size_t position) const { return rows_[position]; }
+  // Finds the rows anew.
+  base::Result<void> scan();
+
+  base::Result<Value> value(std::size_t position, std::size_t column) const;
+  base::Result<std::vector<Value>> values(std::size_t position) const;
+
+  // A row's bytes; where they really lie if the row was moved.
+  struct StoredRow {
+    RowPointer home;
+    RowPointer place;
+    PageRef page;
+    base::ByteSpan bytes;
+  };
+  base::Result<StoredRow> stored(RowPointer home) const;
+  base::Result<Value> decode(const RowView& row, std::size_t column) const;
+
+ private:
+  Table(Pager& pager, std::string name) : pager_(&pager), name_(std::move(name)) {}
+  base::Result<DataPage> ownPage(std::uint32_t number, PageRef& page) const;
+  base::Result<void> scanPage(std::uint32_t number, std::vector<RowPointer>& rows) const;
+  base::Failure located(base::Error error, std::uint32_t page) const;
+
+  Pager* pager_;
+  std::string name_;
+  TableDef def_;
+  std::vector<RowPointer> rows_;
+};
+
+}  // namespace jet
