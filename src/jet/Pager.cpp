@@ -209,17 +209,21 @@ PageImages Pager::changedImages() const {
   return images;
 }
 
-Result<void> Pager::checkUnchangedOnDisk() const {
+// The content that the changes were made on, for the journal to compare with the disk.
+PageImages Pager::originalImages() const {
+  PageImages images;
+  for (const auto& [number, bytes] : originals_) {
+    base::Bytes image = *bytes;
+    decode(number, image);
+    images.emplace(number, std::move(image));
+  }
+  return images;
+}
+
+Result<void> Pager::checkSizeOnDisk() const {
   auto size = file_->size();
   if (!size) return located(size.error());
-  bool changed = *size != std::uint64_t{storedPageCount_} * version().pageSize;
-  for (auto it = originals_.begin(); !changed && it != originals_.end(); ++it) {
-    if (it->first >= storedPageCount_) continue;
-    auto stored = readFromDisk(it->first);
-    if (!stored) return Failure(stored.error());
-    changed = *stored != *it->second;
-  }
-  if (!changed) return {};
+  if (*size == std::uint64_t{storedPageCount_} * version().pageSize) return {};
   Failure failure = base::fail(ErrorCode::ChangedOnDisk, "");
   return located(failure.value());
 }
@@ -234,11 +238,11 @@ Result<void> Pager::commit() {
     rollback();
     return {};
   }
-  if (auto unchanged = checkUnchangedOnDisk(); !unchanged) {
+  if (auto unchanged = checkSizeOnDisk(); !unchanged) {
     rollback();
     return unchanged;
   }
-  const Journal::Commit done = journal_->commit(*file_, images);
+  const Journal::Commit done = journal_->commit(*file_, images, originalImages());
   switch (done.outcome) {
     case Journal::Outcome::NotStored:
       break;

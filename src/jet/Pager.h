@@ -88,8 +88,9 @@ class Pager {
   base::Result<void> measure();
   void decode(std::uint32_t number, std::span<std::uint8_t> bytes) const;
   base::Result<base::Bytes> readFromDisk(std::uint32_t number) const;
-  base::Result<void> checkUnchangedOnDisk() const;
+  base::Result<void> checkSizeOnDisk() const;
   PageImages changedImages() const;
+  PageImages originalImages() const;
 
   base::FileSystem* files_;
   std::string path_;
@@ -102,7 +103,7 @@ class Pager {
   Images overlay_;  // newer than the disk: a waiting journal's pages, or a commit cut short
   Images dirty_;
   mutable std::unordered_map<std::uint32_t, PageRef> cache_;
-  mutable std::map<std::uint32_t, PageRef> originals_;  // of dirty pages, as they were read
+  std::map<std::uint32_t, PageRef> originals_;  // of dirty pages, as they were read
   Step* step_ = nullptr;
   bool inTransaction_ = false;
   bool needsReopen_ = false;
