@@ -16,7 +16,7 @@ constexpr std::size_t kLongestLine = 4096;
 template <class T>
 std::string shortest(T value, int digits) {
   if (!std::isfinite(value) || value == 0) return "0";
-  std::array<char, 400> buffer;
+  std::array<char, 400> buffer{};
   auto end = std::to_chars(buffer.data(), buffer.data() + buffer.size(), value,
                            std::chars_format::general, digits);
   T rounded{};
@@ -35,20 +35,30 @@ std::string_view trimmed(std::string_view text) {
 
 }  // namespace
 
-RecordWriter& RecordWriter::add(std::string value) {
+RecordWriter& RecordWriter::add(std::string_view value) {
   if (!line_.empty()) line_ += ',';
   line_ += value;
   return *this;
 }
 
-RecordWriter& RecordWriter::number(int value) { return add(std::to_string(value)); }
-RecordWriter& RecordWriter::number(float value) { return add(shortest(value, 7)); }
-RecordWriter& RecordWriter::number(double value) { return add(shortest(value, 15)); }
+RecordWriter& RecordWriter::number(int value) {
+  return add(std::to_string(value));
+}
+RecordWriter& RecordWriter::number(float value) {
+  return add(shortest(value, 7));
+}
+RecordWriter& RecordWriter::number(double value) {
+  return add(shortest(value, 15));
+}
 RecordWriter& RecordWriter::text(std::string_view utf8) {
   return add('"' + toWindows1252(utf8) + '"');
 }
-RecordWriter& RecordWriter::boolean(bool value) { return add(value ? "#TRUE#" : "#FALSE#"); }
-std::string RecordWriter::line() const { return line_ + "\r\n"; }
+RecordWriter& RecordWriter::boolean(bool value) {
+  return add(value ? "#TRUE#" : "#FALSE#");
+}
+std::string RecordWriter::line() const {
+  return line_ + "\r\n";
+}
 
 RecordReader::RecordReader(std::string_view bytes) {
   std::string_view line = bytes.substr(0, bytes.find_first_of("\r\n"));

@@ -22,7 +22,7 @@ class RecordWriter {
   std::string line() const;
 
  private:
-  RecordWriter& add(std::string value);
+  RecordWriter& add(std::string_view value);
   std::string line_;
 };
 

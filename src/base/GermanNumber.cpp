@@ -8,7 +8,9 @@
 namespace base {
 namespace {
 
-bool isDigit(char c) { return c >= '0' && c <= '9'; }
+bool isDigit(char c) {
+  return c >= '0' && c <= '9';
+}
 
 std::string_view trimmed(std::string_view text) {
   while (!text.empty() && (text.front() == ' ' || text.front() == '\t')) text.remove_prefix(1);
@@ -76,7 +78,7 @@ namespace {
 // The value as decimal digits with that many decimals, point, rounded half away from zero on its
 // shortest decimal form: 2.675 becomes 2.68, as a person would round what they see.
 std::string fixedDigits(double magnitude, int decimals) {
-  std::array<char, 400> buffer;
+  std::array<char, 400> buffer{};
   const auto shortest = std::to_chars(buffer.data(), buffer.data() + buffer.size(), magnitude,
                                       std::chars_format::fixed);
   std::string text(buffer.data(), shortest.ptr);

@@ -26,7 +26,9 @@ std::optional<Money> Money::tryRoundHalfEven(double euro) {
   return Money(static_cast<std::int64_t>(scaled));
 }
 
-Money operator+(Money a, Money b) { return Money(clampedSum(a.count_, b.count_)); }
+Money operator+(Money a, Money b) {
+  return Money(clampedSum(a.count_, b.count_));
+}
 
 Money operator-(Money a, Money b) {
   if (b.count_ == kMin) return Money(clampedSum(clampedSum(a.count_, kMax), 1));

@@ -27,7 +27,7 @@ class Money {
   friend Money operator-(Money a, Money b);
   Money operator-() const { return Money() - *this; }
   Money& operator+=(Money other) { return *this = *this + other; }
-  friend constexpr auto operator<=>(Money, Money) = default;
+  friend constexpr auto operator<=>(Money, Money) = default;  // NOLINT(modernize-use-nullptr)
 
  private:
   explicit constexpr Money(std::int64_t count) : count_(count) {}

@@ -27,9 +27,13 @@ std::size_t afterLastSeparator(std::string_view path) {
 }
 }  // namespace
 
-std::string_view fileName(std::string_view path) { return path.substr(afterLastSeparator(path)); }
+std::string_view fileName(std::string_view path) {
+  return path.substr(afterLastSeparator(path));
+}
 
-std::string_view folderOf(std::string_view path) { return path.substr(0, afterLastSeparator(path)); }
+std::string_view folderOf(std::string_view path) {
+  return path.substr(0, afterLastSeparator(path));
+}
 
 std::string baseName(std::string_view fileName) {
   if (fileName.size() <= 4) return {};

@@ -27,11 +27,11 @@ enum class ErrorCode {
   IndexDamaged,       // rows are sound, an index is not
   MissingTable,
   MissingColumn,
-  WrongShape,         // the table has too few rows, or a column a type that cannot serve
-  Unsupported,        // sound, but beyond what this program writes
-  InvalidValue,       // the value does not fit the field
-  ChangedOnDisk,      // the file was changed behind our back
-  Cancelled,          // the user stopped it
+  WrongShape,     // the table has too few rows, or a column a type that cannot serve
+  Unsupported,    // sound, but beyond what this program writes
+  InvalidValue,   // the value does not fit the field
+  ChangedOnDisk,  // the file was changed behind our back
+  Cancelled,      // the user stopped it
 };
 
 // What went wrong and where. Texts are names (file, table, column) and short German details; the
@@ -51,7 +51,9 @@ template <class T>
 using Result = tl::expected<T, Error>;
 using Failure = tl::unexpected<Error>;
 
-inline Failure fail(Error error) { return Failure(std::move(error)); }
+inline Failure fail(Error error) {
+  return Failure(std::move(error));
+}
 Failure fail(ErrorCode code, std::string detail, std::string file = {});
 
 // The whole message for a person: names the file (and table, field, page) and the reason, in

@@ -87,8 +87,8 @@ std::string fromUtf16(std::u16string_view utf16) {
   std::string result;
   for (std::size_t i = 0; i < utf16.size(); ++i) {
     const char16_t c = utf16[i];
-    const bool pair = c >= 0xD800 && c < 0xDC00 && i + 1 < utf16.size() &&
-                      utf16[i + 1] >= 0xDC00 && utf16[i + 1] < 0xE000;
+    const bool pair = c >= 0xD800 && c < 0xDC00 && i + 1 < utf16.size() && utf16[i + 1] >= 0xDC00 &&
+                      utf16[i + 1] < 0xE000;
     if (pair) {
       append(result, 0x10000 + ((char32_t(c) - 0xD800) << 10) + (char32_t(utf16[++i]) - 0xDC00));
     } else {

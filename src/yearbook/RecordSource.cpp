@@ -18,7 +18,7 @@ using jet::Value;
 
 // A single-precision 21.45 is meant as 21.45, not as 21.450000762939453: its shortest decimal form.
 double asTyped(float value) {
-  std::array<char, 64> buffer;
+  std::array<char, 64> buffer{};
   const auto end = std::to_chars(buffer.data(), buffer.data() + buffer.size(), value);
   double result = value;
   std::from_chars(buffer.data(), end.ptr, result);
