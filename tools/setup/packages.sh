@@ -1,7 +1,7 @@
 # Sourced by ./run and ./test: installs the Debian packages that are missing, and only then asks
 # apt anything, so that a second run costs nothing.
 
-build_packages=(g++ cmake ninja-build qt6-base-dev qt6-base-dev-tools libqt6svg6-dev
+build_packages=(g++ cmake ninja-build qt6-base-dev qt6-base-dev-tools qt6-svg-dev
   qt6-translations-l10n libexpected-dev fonts-dejavu-core fonts-liberation)
 test_packages=(libgtest-dev libgmock-dev mdbtools poppler-utils imagemagick libwmf-bin xvfb)
 
