@@ -12,8 +12,9 @@ else()
 endif()
 
 if(CMAKE_CXX_COMPILER_ID STREQUAL "GNU")
-  # g++ 12 takes the empty state of std::optional<QString> for an uninitialised one.
-  target_compile_options(project_options INTERFACE -Wno-maybe-uninitialized)
+  # g++ 12 takes the empty state of std::optional<QString> for an uninitialised one, and text + text
+  # for overlapping copies.
+  target_compile_options(project_options INTERFACE -Wno-maybe-uninitialized -Wno-restrict)
 endif()
 
 set(KALVIRA_SANITIZERS "" CACHE STRING "Sanitizers for every target, for instance address,undefined")
