@@ -25,7 +25,9 @@ struct MonthAmount {
 // year totals as the main window shows them. An empty optional is an empty field.
 struct OverviewInput {
   std::string yearFileName;  // "Verbrauch.kwd"
-  int currentYear = 0;       // of the day on which the year was opened
+  // Of the day on which the year was opened.
+  int currentYear = 0;
+  int currentMonth = 1;
 
   std::array<MonthAmount, 12> electricity;  // PGesammt
   std::array<MonthAmount, 12> water;        // PGesammtW

@@ -75,9 +75,14 @@ class PageBreaker {
   }
 
   void beginPage() {
+    if (!pages_.empty()) dropBlankRowsAtEnd(pages_.back());
     pages_.push_back(head_);
     used_ = headHeight_;
     hasBody_ = false;
+  }
+
+  void dropBlankRowsAtEnd(std::vector<int>& rows) const {
+    while (rows.size() > head_.size() && isBlank(rows.back())) rows.pop_back();
   }
 
   void add(int row) {

@@ -71,6 +71,7 @@ OverviewInput overviewInput(const yearbook::YearSession& year) {
   OverviewInput in;
   in.yearFileName = base::fileName(year.path());
   in.currentYear = static_cast<int>(year.openedOn().year());
+  in.currentMonth = static_cast<int>(static_cast<unsigned>(year.openedOn().month()));
   in.electricity = monthAmounts(year.adoStrom, strom::month, strom::monthAmount);
   in.water = monthAmounts(year.adoWasser, wasser::month, wasser::monthAmount);
   in.gas = monthAmounts(year.adoGas, gas::month, gas::amount);

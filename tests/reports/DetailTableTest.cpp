@@ -2,9 +2,9 @@
 
 #include <gtest/gtest.h>
 
-#include "SampleYears.h"
 #include "reports/GridText.h"
 #include "support/Golden.h"
+#include "support/SampleYears.h"
 
 namespace {
 

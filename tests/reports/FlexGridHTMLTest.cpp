@@ -5,8 +5,8 @@
 #include <fstream>
 #include <sstream>
 
-#include "SampleYears.h"
 #include "support/Golden.h"
+#include "support/SampleYears.h"
 #include "support/TemporaryFolder.h"
 
 namespace {

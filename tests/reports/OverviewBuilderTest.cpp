@@ -2,10 +2,10 @@
 
 #include <gtest/gtest.h>
 
-#include "SampleYears.h"
 #include "reports/GridText.h"
 #include "reports/PlainSummary.h"
 #include "support/Golden.h"
+#include "support/SampleYears.h"
 
 namespace {
 

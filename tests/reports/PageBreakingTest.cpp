@@ -2,7 +2,7 @@
 
 #include <gtest/gtest.h>
 
-#include "SampleYears.h"
+#include "support/SampleYears.h"
 
 namespace {
 

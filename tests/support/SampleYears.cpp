@@ -1,4 +1,4 @@
-#include "SampleYears.h"
+#include "support/SampleYears.h"
 
 #include "base/GermanNumber.h"
 
@@ -82,6 +82,7 @@ reports::OverviewInput overviewOf(const YearFigures& year) {
   reports::OverviewInput in;
   in.yearFileName = year.fileName;
   in.currentYear = 2026;
+  in.currentMonth = 11;
   for (std::size_t i = 0; i < kMonths; ++i) {
     const std::string month(base::kMonthNames[i]);
     in.electricity[i] = {month, amountOf(year, Meter::Day, i) + amountOf(year, Meter::Night, i)};
@@ -142,6 +143,7 @@ reports::OverviewInput overviewFresh() {
   reports::OverviewInput in;
   in.yearFileName = "Verbrauch.kwd";
   in.currentYear = 2026;
+  in.currentMonth = 11;
   for (auto* rows : {&in.electricity, &in.water, &in.gas})
     for (std::size_t i = 0; i < kMonths; ++i) (*rows)[i].month = base::kMonthNames[i];
   // The summaries have run over the empty rows: they leave zeros in the totals and in the months

@@ -1,0 +1,35 @@
+#include "reports/Exports.h"
+
+#include "reports/FlexGridHTML.h"
+#include "reports/GridText.h"
+#include "reports/PlainSummary.h"
+
+namespace reports {
+
+base::Result<void> exportHtml(base::FileSystem& files, const std::string& path,
+                              const OverviewInput& input) {
+  const std::string page = FlexGridHTML::page(buildOverview(input), plainScreen());
+  return files.replaceFile(path, base::asBytes(page));
+}
+
+base::Result<void> exportCsv(base::FileSystem& files, const std::string& path,
+                             const DetailInput& input) {
+  const std::string csv = toCsv(buildDetailTable(input, {true, true, true, true, true}));
+  return files.replaceFile(path, base::asBytes(csv));
+}
+
+std::string overviewText(const OverviewInput& input) {
+  std::string text = toPlainText(buildOverview(input)) + '\n';
+  for (const std::string& sentence : plainSummary(input)) text += sentence + '\n';
+  return text;
+}
+
+std::string overviewPageName(int month) {
+  return "Verbrauchsabrechnung " + std::to_string(month) + ".html";
+}
+
+std::string detailPageName(int month) {
+  return "Verbrauchsabrechnung " + std::to_string(month) + " Monate.html";
+}
+
+}  // namespace reports

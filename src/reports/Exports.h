@@ -1,0 +1,25 @@
+#pragma once
+
+#include <string>
+
+#include "base/File.h"
+#include "reports/DetailTable.h"
+#include "reports/OverviewBuilder.h"
+
+// The tables as files, without a screen. A file is replaced whole or stays as it was; errors carry
+// the path.
+namespace reports {
+
+base::Result<void> exportHtml(base::FileSystem& files, const std::string& path,
+                              const OverviewInput& input);
+// The detailed months of all meters.
+base::Result<void> exportCsv(base::FileSystem& files, const std::string& path,
+                             const DetailInput& input);
+// The overview as the terminal shows it, with the plain sentences below.
+std::string overviewText(const OverviewInput& input);
+
+// Names of the exported pages, one per calendar month: "Verbrauchsabrechnung 11.html".
+std::string overviewPageName(int month);
+std::string detailPageName(int month);
+
+}  // namespace reports

@@ -1,0 +1,154 @@
+#include "reports/ui/DetailPage.h"
+
+#include <QHBoxLayout>
+#include <QShowEvent>
+#include <QVBoxLayout>
+#include <algorithm>
+
+#include "dialogs/Prompts.h"
+#include "reports/Exports.h"
+#include "reports/GridText.h"
+
+using namespace Qt::StringLiterals;
+
+namespace reports {
+namespace {
+
+constexpr PrintMargins kMargins = {540, 540};
+
+}  // namespace
+
+DetailPage::DetailPage(const dialogs::Services& services, Provider provider, int openedMonth,
+                       QWidget* parent)
+    : QFrame(parent),
+      services_(services),
+      provider_(std::move(provider)),
+      openedMonth_(openedMonth) {
+  setObjectName(u"fraDrucke"_s);
+  setCaptions();
+  buildLayout();
+  for (QCheckBox* box : boxes()) box->setChecked(true);
+  connect(cmdTabelle, &QPushButton::clicked, this, &DetailPage::cmdTabelleClick);
+  connect(Command11, &QPushButton::clicked, this, &DetailPage::Command11Click);
+  connect(Command10, &QPushButton::clicked, this, &DetailPage::Command10Click);
+  connect(cmdVorschauAlle, &QPushButton::clicked, this, &DetailPage::cmdVorschauAlleClick);
+  connect(cmdCsv, &QPushButton::clicked, this, &DetailPage::cmdCsvClick);
+  connect(cmdKopierenAlle, &QPushButton::clicked, grdDruckAlle, &FlexGrid::copyToClipboard);
+}
+
+std::array<QCheckBox*, kMeterCount> DetailPage::boxes() const {
+  return {chkStrom, chkStromNS, chkWasser, chkAbwasser, chkGas};
+}
+
+MeterChoice DetailPage::ticked() const {
+  MeterChoice choice{};
+  const auto all = boxes();
+  for (std::size_t meter = 0; meter < kMeterCount; ++meter) choice[meter] = all[meter]->isChecked();
+  return choice;
+}
+
+void DetailPage::setCaptions() {
+  struct Caption {
+    QAbstractButton* button;
+    QString text;
+    QString hint;
+  };
+  const Caption captions[] = {
+      {chkStrom, u"Strom"_s, {}},
+      {chkStromNS, u"Nachtstrom"_s, {}},
+      {chkWasser, u"Wasser"_s, {}},
+      {chkAbwasser, u"Abwasser"_s, {}},
+      {chkGas, u"Gas"_s, {}},
+      {cmdTabelle, u"Werte in Tabelle aktualisieren"_s,
+       u"Baut die Tabelle aus den angekreuzten Zählern neu auf"_s},
+      {Command11, u"&Drucken"_s, u"Übersicht drucken"_s},
+      {cmdVorschauAlle, u"Vo&rschau"_s, u"Zeigt die Seiten, wie sie gedruckt werden"_s},
+      {Command10, u"&Export HTML"_s,
+       u"Speichert die Tabelle als HTML-Seite im Datenordner und öffnet sie"_s},
+      {cmdCsv, u"Als &CSV speichern…"_s, u"Für Tabellenkalkulationen, alle Stellen der Beträge"_s},
+      {cmdKopierenAlle, u"Tabelle &kopieren"_s,
+       u"Kopiert die Tabelle, zum Einfügen in eine Tabellenkalkulation"_s}};
+  for (const Caption& caption : captions) {
+    caption.button->setText(caption.text);
+    caption.button->setToolTip(caption.hint);
+    caption.button->setAccessibleName(QString(caption.text).remove(u'&'));
+  }
+  grdDruckAlle->setAccessibleName(u"Monate der angekreuzten Zähler"_s);
+}
+
+void DetailPage::buildLayout() {
+  auto* choice = new QHBoxLayout;
+  for (QCheckBox* box : boxes()) choice->addWidget(box);
+  choice->addSpacing(12);
+  choice->addWidget(cmdTabelle);
+  choice->addStretch();
+
+  auto* buttons = new QVBoxLayout;
+  for (QPushButton* button : {Command11, cmdVorschauAlle, Command10, cmdCsv, cmdKopierenAlle}) {
+    button->setMinimumWidth(button->fontMetrics().averageCharWidth() * 20);
+    buttons->addWidget(button);
+  }
+  buttons->addStretch();
+
+  auto* row = new QHBoxLayout;
+  row->addWidget(grdDruckAlle, 1);
+  row->addSpacing(12);
+  row->addLayout(buttons);
+  row->addStretch();
+  auto* page = new QVBoxLayout(this);
+  page->addLayout(choice);
+  page->addLayout(row, 1);
+}
+
+void DetailPage::showEvent(QShowEvent* event) {
+  QFrame::showEvent(event);
+  if (!event->spontaneous()) cmdTabelleClick();
+}
+
+void DetailPage::cmdTabelleClick() {
+  const MeterChoice choice = ticked();
+  grdDruckAlle->setGrid(buildDetailTable(provider_(), choice, measureOn(*grdDruckAlle)));
+  const bool anyBlock = std::find(choice.begin(), choice.end(), true) != choice.end();
+  for (QPushButton* button : {Command11, cmdVorschauAlle, Command10, cmdCsv, cmdKopierenAlle})
+    button->setEnabled(anyBlock);
+}
+
+GridPrinter DetailPage::pages() const {
+  return GridPrinter(grdDruckAlle->grid(),
+                     QString::fromStdString(documentName(services_.clock.today())), kMargins);
+}
+
+void DetailPage::Command11Click() {
+  printGrid(pages(), services_, this, printerChoice);
+}
+
+void DetailPage::cmdVorschauAlleClick() {
+  previewGrid(pages(), this);
+}
+
+void DetailPage::Command10Click() {
+  exportPage(grdDruckAlle->grid(), services_.paths.DataFolder + detailPageName(openedMonth_),
+             services_, this);
+}
+
+void DetailPage::cmdCsvClick() {
+  QString path = services_.prompts.saveFile(this, u"CSV-Tabelle (*.csv)|*.csv"_s,
+                                            u"Tabelle als CSV speichern"_s,
+                                            QString::fromStdString(services_.paths.DataFolder));
+  if (path.isEmpty()) return;
+  if (!path.endsWith(u".csv"_s, Qt::CaseInsensitive)) {
+    path += u".csv"_s;
+    // The dialog has asked about the name without the extension only.
+    if (services_.files.exists(path.toStdString()) &&
+        !services_.prompts.confirm(this, path + u"\nist schon vorhanden. Ersetzen?"_s,
+                                   u"Tabelle als CSV speichern"_s))
+      return;
+  }
+  const auto saved =
+      services_.files.replaceFile(path.toStdString(), base::asBytes(toCsv(grdDruckAlle->grid())));
+  if (!saved)
+    services_.prompts.tell(this, QString::fromStdString(base::germanMessage(saved.error())),
+                           u"Tabelle als CSV speichern"_s, dialogs::Icon::Warning);
+}
+
+}  // namespace reports

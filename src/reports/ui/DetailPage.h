@@ -1,0 +1,61 @@
+#pragma once
+
+#include <QCheckBox>
+#include <QFrame>
+#include <QPushButton>
+#include <array>
+#include <functional>
+
+#include "reports/DetailTable.h"
+#include "reports/ui/FlexGrid.h"
+#include "reports/ui/PrintActions.h"
+#include "widgets/control.h"
+
+namespace reports {
+
+// The print page of the main window: the detailed months of the ticked meters.
+class DetailPage final : public QFrame {
+  Q_OBJECT
+ public:
+  using Provider = std::function<DetailInput()>;
+  // openedMonth: calendar month in which the year was opened, it names the exported page.
+  DetailPage(const dialogs::Services& services, Provider provider, int openedMonth,
+             QWidget* parent = nullptr);
+
+  void cmdTabelleClick();
+  void Command11Click();
+  void Command10Click();
+  void cmdVorschauAlleClick();
+  void cmdCsvClick();
+
+  QCheckBox* const chkStrom = widgets::control<QCheckBox>(this, "chkStrom");
+  QCheckBox* const chkStromNS = widgets::control<QCheckBox>(this, "chkStromNS");
+  QCheckBox* const chkWasser = widgets::control<QCheckBox>(this, "chkWasser");
+  QCheckBox* const chkAbwasser = widgets::control<QCheckBox>(this, "chkAbwasser");
+  QCheckBox* const chkGas = widgets::control<QCheckBox>(this, "chkGas");
+  QPushButton* const cmdTabelle = widgets::control<QPushButton>(this, "cmdTabelle");
+  FlexGrid* const grdDruckAlle = widgets::control<FlexGrid>(this, "grdDruckAlle");
+  QPushButton* const Command11 = widgets::control<QPushButton>(this, "Command11");
+  QPushButton* const cmdVorschauAlle = widgets::control<QPushButton>(this, "cmdVorschauAlle");
+  QPushButton* const Command10 = widgets::control<QPushButton>(this, "Command10");
+  QPushButton* const cmdCsv = widgets::control<QPushButton>(this, "cmdCsv");
+  QPushButton* const cmdKopierenAlle = widgets::control<QPushButton>(this, "cmdKopierenAlle");
+
+  PrinterChoice printerChoice = choosePrinter;
+
+ protected:
+  void showEvent(QShowEvent* event) override;
+
+ private:
+  std::array<QCheckBox*, kMeterCount> boxes() const;
+  MeterChoice ticked() const;
+  void setCaptions();
+  void buildLayout();
+  GridPrinter pages() const;
+
+  const dialogs::Services& services_;
+  const Provider provider_;
+  const int openedMonth_;
+};
+
+}  // namespace reports

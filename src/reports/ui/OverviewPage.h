@@ -1,0 +1,50 @@
+#pragma once
+
+#include <QFrame>
+#include <QLabel>
+#include <QPushButton>
+#include <functional>
+
+#include "reports/OverviewBuilder.h"
+#include "reports/ui/FlexGrid.h"
+#include "reports/ui/PrintActions.h"
+#include "widgets/control.h"
+
+namespace reports {
+
+// The overview page of the main window: the year's bill of all utilities in one table, with
+// printing and export beside it and one plain sentence per utility below. The table is built anew
+// each time the page is shown.
+class OverviewPage final : public QFrame {
+  Q_OBJECT
+ public:
+  using Provider = std::function<OverviewInput()>;
+  OverviewPage(const dialogs::Services& services, Provider provider, QWidget* parent = nullptr);
+
+  void rebuild();
+  void cmdDruckenClick();
+  void cmdExpHtmlClick();
+  void cmdVorschauClick();
+
+  FlexGrid* const grdDruck = widgets::control<FlexGrid>(this, "grdDruck");
+  QPushButton* const cmdDrucken = widgets::control<QPushButton>(this, "cmdDrucken");
+  QPushButton* const cmdExpHtml = widgets::control<QPushButton>(this, "cmdExpHtml");
+  QPushButton* const cmdVorschau = widgets::control<QPushButton>(this, "cmdVorschau");
+  QPushButton* const cmdKopieren = widgets::control<QPushButton>(this, "cmdKopieren");
+  QLabel* const lblKlartext = widgets::control<QLabel>(this, "lblKlartext");
+
+  PrinterChoice printerChoice = choosePrinter;
+
+ protected:
+  void showEvent(QShowEvent* event) override;
+
+ private:
+  void buildLayout();
+  GridPrinter pages() const;
+
+  const dialogs::Services& services_;
+  const Provider provider_;
+  int openedMonth_ = 1;
+};
+
+}  // namespace reports

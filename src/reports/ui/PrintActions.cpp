@@ -1,0 +1,73 @@
+#include "reports/ui/PrintActions.h"
+
+#include <QGuiApplication>
+#include <QPrintDialog>
+#include <QPrintPreviewDialog>
+
+#include "dialogs/Prompts.h"
+#include "dialogs/Shell.h"
+#include "reports/ui/GridColors.h"
+
+using namespace Qt::StringLiterals;
+
+namespace reports {
+namespace {
+
+class HourGlass {
+ public:
+  HourGlass() { QGuiApplication::setOverrideCursor(Qt::WaitCursor); }
+  ~HourGlass() { QGuiApplication::restoreOverrideCursor(); }
+  HourGlass(const HourGlass&) = delete;
+  HourGlass& operator=(const HourGlass&) = delete;
+};
+
+}  // namespace
+
+bool choosePrinter(QPrinter& printer, QWidget* owner) {
+  QPrintDialog dialog(&printer, owner);
+  dialog.setOption(QAbstractPrintDialog::PrintPageRange);
+  return dialog.exec() == QDialog::Accepted;
+}
+
+void printGrid(const GridPrinter& pages, const dialogs::Services& services, QWidget* owner,
+               const PrinterChoice& choose) {
+  QPrinter printer(QPrinter::HighResolution);
+  pages.prepare(printer);
+  if (!choose(printer, owner)) return;
+  base::Result<void> printed;
+  {
+    const HourGlass waiting;
+    printed = pages.print(printer);
+  }
+  if (!printed)
+    services.prompts.tell(owner, QString::fromStdString(base::germanMessage(printed.error())),
+                          u"Drucken"_s, dialogs::Icon::Warning);
+}
+
+void previewGrid(const GridPrinter& pages, QWidget* owner) {
+  QPrinter printer(QPrinter::HighResolution);
+  pages.prepare(printer);
+  QPrintPreviewDialog dialog(&printer, owner);
+  dialog.setObjectName(u"Druckvorschau"_s);
+  dialog.setWindowTitle(u"Druckvorschau"_s);
+  dialog.resize(900, 700);
+  QObject::connect(&dialog, &QPrintPreviewDialog::paintRequested, owner,
+                   [&pages](QPrinter* target) {
+                     base::ignore(pages.print(*target), "the preview stays empty, which is seen");
+                   });
+  dialog.exec();
+}
+
+void exportPage(const Grid& grid, const std::string& path, const dialogs::Services& services,
+                QWidget* owner) {
+  const QString shown = QString::fromStdString(path);
+  base::Result<void> written;
+  {
+    const HourGlass waiting;
+    FlexGridHTML::write(grid, path, services.files, screenOf(*owner, owner->palette()), &written);
+  }
+  if (written) services.prompts.tell(owner, u"Datei gespeichert unter "_s + shown);
+  services.shell.openDocument(shown);
+}
+
+}  // namespace reports

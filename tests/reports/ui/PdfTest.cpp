@@ -1,0 +1,80 @@
+#include <gmock/gmock.h>
+
+#include <QFile>
+#include <QProcess>
+#include <QStandardPaths>
+#include <map>
+
+#include "reports/ui/GridPrinter.h"
+#include "reports/ui/PdfExport.h"
+#include "support/SampleYears.h"
+#include "support/TemporaryFolder.h"
+
+using namespace Qt::StringLiterals;
+
+namespace {
+
+// Reads the text of a PDF with an independent program.
+class PdfText : public testing::Test {
+ protected:
+  void SetUp() override {
+    if (QStandardPaths::findExecutable(u"pdftotext"_s).isEmpty())
+      GTEST_SKIP() << "pdftotext (poppler-utils) is not installed; the text of the PDF is unread";
+  }
+
+  QString textOf(const std::string& path) {
+    QProcess reader;
+    reader.start(u"pdftotext"_s,
+                 {u"-layout"_s, u"-enc"_s, u"UTF-8"_s, QString::fromStdString(path), u"-"_s});
+    EXPECT_TRUE(reader.waitForFinished());
+    return QString::fromUtf8(reader.readAllStandardOutput());
+  }
+
+  // Every text of the grid stands in the PDF's text, as often as in the grid at least.
+  void expectAllTexts(const reports::Grid& grid, const QString& text) {
+    std::map<QString, int> wanted;
+    for (int row = 0; row < grid.rows(); ++row)
+      for (int column = 0; column < grid.columns(); ++column)
+        if (grid.mergedRange(row, column).left == column)
+          ++wanted[QString::fromStdString(grid.text(row, column)).simplified()];
+    const QString read = text.simplified();
+    wanted.erase(QString());
+    for (const auto& [cell, count] : wanted)
+      EXPECT_GE(read.count(cell), count) << cell.toStdString();
+  }
+
+  support::TemporaryFolder folder_;
+  std::unique_ptr<base::FileSystem> files_ = base::makeDiskFileSystem();
+};
+
+TEST_F(PdfText, OverviewHasEveryFigureOnOnePage) {
+  const std::string path = folder_ / "Übersicht.pdf";
+  ASSERT_TRUE(reports::exportPdf(*files_, path, sample::overviewFlatRate(),
+                                 "Verbrauchs-Abrechnung  14 November, 2026"));
+  const QString text = textOf(path);
+  expectAllTexts(buildOverview(sample::overviewFlatRate()), text);
+  EXPECT_TRUE(text.contains(u"-433,50"_s));
+  EXPECT_TRUE(text.contains(u"Seite 1 von 1"_s));
+}
+
+TEST_F(PdfText, DetailedTableRepeatsItsTitleOnEveryPage) {
+  const reports::Grid grid = buildDetailTable(sample::detail2025(), {true, true, true, true, true});
+  const QByteArray pdf = reports::GridPrinter(grid, u"Verbrauchs-Abrechnung"_s, {540, 540}).toPdf();
+  const std::string path = folder_ / "Monate.pdf";
+  QFile file(QString::fromStdString(path));
+  ASSERT_TRUE(file.open(QIODevice::WriteOnly) && file.write(pdf) == pdf.size());
+  file.close();
+  const QString text = textOf(path);
+  expectAllTexts(grid, text);
+  EXPECT_EQ(text.count(u"Jahresübersicht alle Beträge in Euro"_s), 2);
+  EXPECT_TRUE(text.contains(u"Seite 2 von 2"_s));
+}
+
+TEST_F(PdfText, TargetThatCannotBeWrittenIsNamed) {
+  const auto done =
+      reports::exportPdf(*files_, folder_ / "fehlt/x.pdf", sample::overview2024(), "x");
+  ASSERT_FALSE(done);
+  EXPECT_THAT(done.error().file, testing::HasSubstr("fehlt"));
+}
+
+}  // namespace

@@ -1,0 +1,195 @@
+#include <gmock/gmock.h>
+
+#include <QAbstractItemModel>
+#include <QApplication>
+#include <QClipboard>
+#include <QMimeData>
+#include <QPrinter>
+#include <QTest>
+
+#include "base/File.h"
+#include "dialogs/Navigator.h"
+#include "reports/ui/DetailPage.h"
+#include "reports/ui/GridColors.h"
+#include "reports/ui/OverviewPage.h"
+#include "support/SampleYears.h"
+#include "support/TemporaryFolder.h"
+#include "support/ui/FakePrompts.h"
+
+using namespace Qt::StringLiterals;
+
+namespace {
+
+struct NoNavigator final : dialogs::Navigator {
+  void openMainWindow() override {}
+  void showNewDatabase() override {}
+  void restartAtStartWindow() override {}
+  void showHelp() override {}
+  void showMeterChangeHelp() override {}
+  void endProgram() override {}
+};
+
+class ReportPages : public testing::Test {
+ protected:
+  ReportPages() { paths_.DataFolder = folder_.path(); }
+
+  QString cellText(const QTableView& grid, int row, int column) {
+    return grid.model()->index(row, column).data().toString();
+  }
+
+  support::TemporaryFolder folder_;
+  yearbook::PathState paths_;
+  std::unique_ptr<base::FileSystem> files_ = base::makeDiskFileSystem();
+  base::FixedClock clock_{std::chrono::year(2026) / 11 / 14};
+  FakePrompts prompts_;
+  FakeShell shell_;
+  NoNavigator navigator_;
+  dialogs::Services services_{paths_, *files_, clock_, prompts_, shell_, navigator_};
+  reports::OverviewInput overview_ = sample::overview2025();
+  reports::DetailInput detail_ = sample::detail2025();
+  reports::OverviewPage overviewPage_{services_, [this] { return overview_; }};
+  reports::DetailPage detailPage_{services_, [this] { return detail_; }, 11};
+};
+
+TEST_F(ReportPages, OverviewIsBuiltAnewEachTimeItIsShown) {
+  overviewPage_.show();
+  EXPECT_EQ(cellText(*overviewPage_.grdDruck, 30, 1), u"25,99"_s);
+  EXPECT_EQ(overviewPage_.grdDruck->columnSpan(0, 0), 8);
+  EXPECT_EQ(overviewPage_.lblKlartext->text().section(u'\n', 0, 0),
+            u"Strom: Nachzahlung 25,99 €; passender Abschlag wäre 138,17 € im Monat."_s);
+  overviewPage_.hide();
+  overview_ = sample::overview2024();
+  overviewPage_.show();
+  EXPECT_EQ(cellText(*overviewPage_.grdDruck, 30, 1), u"-61,01"_s);
+}
+
+TEST_F(ReportPages, OverviewExportWritesTellsAndOpens) {
+  overviewPage_.show();
+  prompts_.acceptTellings();
+  overviewPage_.cmdExpHtml->click();
+  const std::string path = folder_ / "Verbrauchsabrechnung 11.html";
+  const auto page = files_->readText(path);
+  ASSERT_TRUE(page);
+  EXPECT_THAT(*page, testing::HasSubstr(">1.393,27</TD>"));
+  const QString shown = QString::fromStdString(path);
+  EXPECT_EQ(prompts_.last().text, u"Datei gespeichert unter "_s + shown);
+  EXPECT_EQ(prompts_.last().icon, dialogs::Icon::None);
+  EXPECT_EQ(shell_.opened, std::vector<QString>({shown}));
+}
+
+TEST_F(ReportPages, ExportThatFailsIsSilentAndStillOpensThePath) {
+  paths_.DataFolder = folder_ / "fehlt/";
+  overviewPage_.show();
+  overviewPage_.cmdExpHtml->click();
+  EXPECT_TRUE(prompts_.shown.empty());
+  EXPECT_EQ(shell_.opened.size(), 1U);
+  EXPECT_EQ(QApplication::overrideCursor(), nullptr);
+}
+
+TEST_F(ReportPages, PrintingAsksWithNamePortraitAndCancelPrintsNothing) {
+  overviewPage_.show();
+  QString name;
+  overviewPage_.printerChoice = [&](QPrinter& printer, QWidget*) {
+    name = printer.docName();
+    EXPECT_EQ(printer.pageLayout().orientation(), QPageLayout::Portrait);
+    return false;
+  };
+  overviewPage_.cmdDrucken->click();
+  EXPECT_EQ(name, u"Verbrauchs-Abrechnung  14 November, 2026"_s);
+  EXPECT_TRUE(prompts_.shown.empty());
+}
+
+TEST_F(ReportPages, PrinterThatTakesNothingIsReported) {
+  detailPage_.show();
+  const QString target = QString::fromStdString(folder_ / "Seiten.pdf");
+  detailPage_.printerChoice = [&](QPrinter& printer, QWidget*) {
+    printer.setOutputFormat(QPrinter::PdfFormat);
+    printer.setOutputFileName(target);
+    return true;
+  };
+  detailPage_.Command11->click();
+  EXPECT_TRUE(files_->exists(target.toStdString()));
+  EXPECT_TRUE(prompts_.shown.empty());
+
+  detailPage_.printerChoice = [&](QPrinter& printer, QWidget*) {
+    printer.setOutputFormat(QPrinter::PdfFormat);
+    printer.setOutputFileName(QString::fromStdString(folder_ / "fehlt/x.pdf"));
+    return true;
+  };
+  prompts_.acceptTellings();
+  detailPage_.Command11->click();
+  ASSERT_EQ(prompts_.shown.size(), 1U);
+  EXPECT_EQ(prompts_.last().icon, dialogs::Icon::Warning);
+}
+
+TEST_F(ReportPages, DetailButtonsWorkOnlyWhileTheTableHoldsABlock) {
+  detailPage_.show();
+  EXPECT_TRUE(detailPage_.Command11->isEnabled());
+  for (const char* name : {"chkStrom", "chkStromNS", "chkWasser", "chkAbwasser", "chkGas"})
+    detailPage_.findChild<QCheckBox*>(QString::fromLatin1(name))->setChecked(false);
+  EXPECT_TRUE(detailPage_.Command10->isEnabled());
+  detailPage_.cmdTabelle->click();
+  EXPECT_FALSE(detailPage_.Command11->isEnabled());
+  EXPECT_FALSE(detailPage_.Command10->isEnabled());
+  EXPECT_EQ(detailPage_.grdDruckAlle->model()->rowCount(), 2);
+  detailPage_.chkGas->setChecked(true);
+  detailPage_.cmdTabelle->click();
+  EXPECT_TRUE(detailPage_.Command10->isEnabled());
+  EXPECT_EQ(cellText(*detailPage_.grdDruckAlle, 3, 0), u"Gas"_s);
+}
+
+TEST_F(ReportPages, DetailExportLeavesTheOverviewsPageAlone) {
+  detailPage_.show();
+  prompts_.acceptTellings();
+  detailPage_.Command10->click();
+  EXPECT_TRUE(files_->exists(folder_ / "Verbrauchsabrechnung 11 Monate.html"));
+  EXPECT_FALSE(files_->exists(folder_ / "Verbrauchsabrechnung 11.html"));
+}
+
+TEST_F(ReportPages, CsvGoesWhereTheUserSaysAndAFailureIsTold) {
+  detailPage_.show();
+  prompts_.answerPath(QString::fromStdString(folder_ / "Monate"));
+  detailPage_.cmdCsv->click();
+  EXPECT_TRUE(files_->readText(folder_ / "Monate.csv"));
+  prompts_.answerPath(QString::fromStdString(folder_ / "fehlt/Monate.csv"));
+  prompts_.acceptTellings();
+  detailPage_.cmdCsv->click();
+  EXPECT_EQ(prompts_.last().icon, dialogs::Icon::Warning);
+}
+
+TEST_F(ReportPages, CopyGivesTheSelectionOrTheWholeTable) {
+  overviewPage_.show();
+  auto* grid = overviewPage_.grdDruck;
+  overviewPage_.activateWindow();
+  ASSERT_TRUE(QTest::qWaitForWindowActive(&overviewPage_));
+  grid->setFocus();
+  QTest::keyClick(grid, Qt::Key_C, Qt::ControlModifier);
+  const QMimeData* copied = QApplication::clipboard()->mimeData();
+  ASSERT_NE(copied, nullptr);
+  EXPECT_TRUE(copied->text().contains(u"Januar\t130,06\t\tJanuar\t53,00\t\tJanuar\t238,66\r\n"_s));
+  EXPECT_TRUE(copied->html().contains(u"Saldo Gas"_s));
+  grid->selectionModel()->select(
+      QItemSelection(grid->model()->index(3, 0), grid->model()->index(4, 1)),
+      QItemSelectionModel::ClearAndSelect);
+  grid->copyToClipboard();
+  EXPECT_EQ(QApplication::clipboard()->text(), u"Januar\t130,06\r\nFebruar\t113,79\r\n"_s);
+}
+
+// Difference in lightness that text needs to be read.
+TEST(GridColors, TextStaysReadableInDarkPalettes) {
+  QPalette dark;
+  dark.setColor(QPalette::Base, QColor(30, 30, 32));
+  dark.setColor(QPalette::Text, Qt::white);
+  const reports::Color backs[] = {reports::rgb(255, 255, 192), reports::rgb(224, 224, 224)};
+  for (const reports::Color back : backs) {
+    EXPECT_LT(reports::screenBackground(back, dark).lightness(), 100);
+    EXPECT_GT(reports::screenBackground(back, dark).lightness(),
+              dark.color(QPalette::Base).lightness());
+  }
+  EXPECT_GT(reports::screenForeground(reports::rgb(0, 0, 128), dark).lightness(), 170);
+  QPalette light;
+  light.setColor(QPalette::Base, Qt::white);
+  EXPECT_EQ(reports::screenBackground(backs[0], light), QColor(255, 255, 192));
+}
+
+}  // namespace
