@@ -50,7 +50,7 @@ class EntryField : public QLineEdit {
   void pasteFiltered();
 
   Filter filter_;
-  QString textAtEntry_;  // as it was when the focus came, or when it was last reported
+  QString textAtEntry_;   // as it was when the focus came, or when it was last reported
   bool editing_ = false;  // has the focus, or had it when the window lost it
   bool enterMovesOn_ = true;
   bool selectOnRelease_ = false;

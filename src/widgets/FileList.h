@@ -1,0 +1,42 @@
+#pragma once
+
+#include <QListWidget>
+#include <functional>
+
+namespace widgets {
+
+// The names of one folder's files, sorted, as one column. Which files those are is the caller's
+// matter: it gives a function that lists the names of a folder.
+class FileList final : public QListWidget {
+  Q_OBJECT
+ public:
+  using Lister = std::function<QStringList(const QString& folder)>;
+
+  explicit FileList(QWidget* parent = nullptr);
+  void setLister(Lister lister) { lister_ = std::move(lister); }
+
+  // Shows the folder; "" shows nothing. Nothing is selected afterwards.
+  void setFolder(const QString& folder);
+  const QString& folder() const { return folder_; }
+  // Lists the folder anew; a selected name that is still there stays selected.
+  void refresh();
+
+  QStringList names() const;
+  // "" when none is selected.
+  QString selectedName() const;
+  // Selects without chosen(); false when there is no such name (exact letter case).
+  bool selectName(const QString& name);
+
+ Q_SIGNALS:
+  // The user has clicked a name or moved to it by key.
+  void chosen(const QString& name);
+  // Double-click or Enter.
+  void opened(const QString& name);
+
+ private:
+  void fill(const QString& selected);
+  Lister lister_;
+  QString folder_;
+};
+
+}  // namespace widgets
