@@ -67,6 +67,15 @@ std::size_t DataPage::freeBytes() const {
   return last - format_->headSize - 2 * slotCount_;
 }
 
+bool DataPage::hasRoomFor(std::size_t length) const {
+  for (std::size_t i = 0; i < slotCount_; ++i) {
+    const std::size_t end = i == 0 ? bytes_.size() : rawOffset(i - 1) & format::kSlotOffsetMask;
+    const bool deleted = (rawOffset(i) & format::kSlotFlagMask) == format::kSlotDeleted;
+    if (deleted && (rawOffset(i) & format::kSlotOffsetMask) == end) return freeBytes() >= length;
+  }
+  return slotCount_ < format::kMaxSlots && freeBytes() >= length + 2;
+}
+
 DataPageEditor::DataPageEditor(const format::Version& version, std::span<std::uint8_t> bytes)
     : format_(&version.dataPage), bytes_(bytes) {}
 

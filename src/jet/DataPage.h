@@ -40,6 +40,8 @@ class DataPage {
   base::Result<void> checkSlots() const;
   // Between the last offset and the last row; needs sound slots.
   std::size_t freeBytes() const;
+  // Room for a new row of this length, in a new slot or one of a deleted row; needs sound slots.
+  bool hasRoomFor(std::size_t length) const;
   std::size_t storedFreeBytes() const { return format_->freeBytes.get(bytes_); }
 
  private:

@@ -6,6 +6,7 @@
 #include "jet/Damage.h"
 #include "jet/Pager.h"
 #include "jet/Table.h"
+#include "jet/TableEditor.h"
 
 namespace jet {
 
@@ -87,6 +88,22 @@ Result<Value> RecordSet::value(std::size_t position, std::size_t column) const {
 Result<std::vector<Value>> RecordSet::row(std::size_t position) const {
   if (auto sound = state_->checkPlace(position, 0); !sound) return Failure(sound.error());
   return state_->table->values(position);
+}
+
+Result<void> RecordSet::set(std::size_t position, std::size_t column, const Value& value) {
+  if (auto sound = state_->checkPlace(position, column); !sound) return sound;
+  Pager& pager = *state_->database->pager;
+  Table& table = *state_->table;
+  const auto located = [&](base::Error error) {
+    if (error.subject.empty()) error.subject = table.name() + "." + state_->columns[column].name;
+    return pager.located(std::move(error));
+  };
+  if (!pager.inTransaction()) {
+    Failure outside = base::fail(ErrorCode::Unsupported, "Es läuft kein Änderungsvorgang");
+    return located(outside.value());
+  }
+  auto done = TableEditor(pager, table).set(position, column, value);
+  return done ? done : located(done.error());
 }
 
 // --- Database ---

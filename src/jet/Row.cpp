@@ -1,5 +1,8 @@
 #include "jet/Row.h"
 
+#include <algorithm>
+#include <cassert>
+
 namespace jet {
 namespace {
 
@@ -14,6 +17,15 @@ base::Failure wrong(const char* detail) {
 std::uint32_t number(ByteSpan bytes, std::size_t offset, std::size_t width) {
   const format::Field field{static_cast<std::uint16_t>(offset), static_cast<std::uint8_t>(width)};
   return field.get(bytes);
+}
+
+void appendNumber(base::Bytes& bytes, std::size_t value, std::size_t width) {
+  for (std::size_t i = 0; i < width; ++i, value >>= 8)
+    bytes.push_back(static_cast<std::uint8_t>(value));
+}
+
+void append(base::Bytes& bytes, ByteSpan more) {
+  bytes.insert(bytes.end(), more.begin(), more.end());
 }
 
 }  // namespace
@@ -83,6 +95,82 @@ std::optional<ByteSpan> RowView::field(const ColumnDef& def) const {
   const auto length = static_cast<std::size_t>(def.column.length);
   if (def.fixedOffset + length > fixed_.size()) return std::nullopt;
   return fixed_.subspan(def.fixedOffset, length);
+}
+
+RowContent::RowContent(const format::Version& version, const TableDef& table, const RowView& row)
+    : layout_(&version.row),
+      columnCount_(table.maxColumns),
+      hasVariable_(table.variableSlots > 0),
+      fixed_(row.fixedPart().begin(), row.fixedPart().end()),
+      variable_(table.variableSlots),
+      mask_(row.nullMask().begin(), row.nullMask().end()) {
+  // A deleted column at the end of the fixed part shows only in the row's own length.
+  fixed_.resize(std::max(fixed_.size(), table.fixedLength));
+  mask_.resize((columnCount_ + 7) / 8);
+  for (std::size_t slot = 0; slot < row.variableCount(); ++slot)
+    variable_[slot].assign(row.variable(slot).begin(), row.variable(slot).end());
+}
+
+void RowContent::setBit(int columnNumber, bool value) {
+  const auto index = static_cast<std::size_t>(columnNumber);
+  const auto bit = static_cast<std::uint8_t>(1u << (index % 8));
+  std::uint8_t& byte = mask_[index / 8];
+  byte = static_cast<std::uint8_t>(value ? byte | bit : byte & ~bit);
+}
+
+void RowContent::setField(const ColumnDef& def, std::optional<ByteSpan> bytes) {
+  setBit(def.column.number, bytes.has_value());
+  if (!def.isFixed()) {
+    variable_[def.slot].clear();
+    if (bytes) append(variable_[def.slot], *bytes);
+  } else if (bytes) {
+    assert(def.fixedOffset + bytes->size() <= fixed_.size());
+    std::copy(bytes->begin(), bytes->end(),
+              fixed_.begin() + static_cast<std::ptrdiff_t>(def.fixedOffset));
+  }
+}
+
+std::vector<std::size_t> RowContent::starts() const {
+  std::vector<std::size_t> starts = {layout_->numberWidth + fixed_.size()};
+  for (const base::Bytes& value : variable_) starts.push_back(starts.back() + value.size());
+  return starts;
+}
+
+// An entry for each 256 bytes of the row: the first column that starts that far in. The table makes
+// the row longer, which may call for one more entry.
+base::Bytes RowContent::jumpTable(std::size_t lengthWithoutIt,
+                                  const std::vector<std::size_t>& starts) const {
+  base::Bytes table;
+  if (!layout_->jumpTable) return table;
+  constexpr std::uint8_t kNoColumn = 0xFF;
+  while (table.size() < (lengthWithoutIt + table.size() - 1) / 256) {
+    const std::size_t limit = 256 * (table.size() + 1);
+    const auto first = std::lower_bound(starts.begin(), starts.end(), limit);
+    table.push_back(first == starts.end() ? kNoColumn
+                                          : static_cast<std::uint8_t>(first - starts.begin()));
+  }
+  std::reverse(table.begin(), table.end());
+  return table;
+}
+
+Result<base::Bytes> RowContent::encode() const {
+  const std::size_t width = layout_->numberWidth;
+  base::Bytes bytes;
+  appendNumber(bytes, columnCount_, width);
+  append(bytes, fixed_);
+  if (hasVariable_) {
+    for (const base::Bytes& value : variable_) append(bytes, value);
+    const std::vector<std::size_t> offsets = starts();
+    const std::size_t length = bytes.size() + width * (offsets.size() + 1) + mask_.size();
+    for (auto offset = offsets.rbegin(); offset != offsets.rend(); ++offset)
+      appendNumber(bytes, *offset, width);
+    append(bytes, jumpTable(length, offsets));
+    appendNumber(bytes, variable_.size(), width);
+  }
+  append(bytes, mask_);
+  if (bytes.size() > layout_->maxLength)
+    return base::fail(ErrorCode::InvalidValue, "Der Datensatz wird zu lang");
+  return bytes;
 }
 
 }  // namespace jet

@@ -42,4 +42,30 @@ class RowView {
   std::vector<std::size_t> starts_;  // of the variable columns, and the end of the last
 };
 
+// The parts of a row with copies of its values, to change some and write it anew. Raw bytes of
+// every other column stay what they were, those of deleted columns included.
+class RowContent {
+ public:
+  // A full row of the table: what the stored one lacks is Null.
+  RowContent(const format::Version& version, const TableDef& table, const RowView& row);
+
+  // nullopt for Null. Fixed columns keep their length.
+  void setField(const ColumnDef& column, std::optional<base::ByteSpan> bytes);
+  void setBit(int columnNumber, bool value);
+
+  // InvalidValue when the row gets longer than the format allows.
+  base::Result<base::Bytes> encode() const;
+
+ private:
+  std::vector<std::size_t> starts() const;
+  base::Bytes jumpTable(std::size_t lengthWithoutIt, const std::vector<std::size_t>& starts) const;
+
+  const format::RowFormat* layout_;
+  std::size_t columnCount_;
+  bool hasVariable_;
+  base::Bytes fixed_;
+  std::vector<base::Bytes> variable_;
+  base::Bytes mask_;
+};
+
 }  // namespace jet

@@ -70,15 +70,15 @@ Result<void> Table::scanPage(std::uint32_t number, std::vector<RowPointer>& rows
 }
 
 Result<Table::StoredRow> Table::stored(RowPointer home) const {
-  StoredRow row{home, home, nullptr, {}};
-  for (int step = 0; step < kMaxPointerSteps; ++step) {
+  StoredRow row{home, home, nullptr, {}, 0};
+  for (; row.pointers < kMaxPointerSteps; ++row.pointers) {
     auto data = ownPage(row.place.page, row.page);
     if (!data) return Failure(data.error());
     auto slot = data->slot(row.place.slot);
     if (!slot) return Failure(slot.error());
     row.bytes = data->bytes(*slot);
     if (slot->state != SlotState::Moved) {
-      const SlotState expected = step == 0 ? SlotState::Row : SlotState::Target;
+      const SlotState expected = row.pointers == 0 ? SlotState::Row : SlotState::Target;
       if (slot->state != expected)
         return damaged(row.place.page, "Verweis führt auf den falschen Datensatz " +
                                            std::to_string(row.place.slot));

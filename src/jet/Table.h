@@ -35,15 +35,18 @@ class Table {
     RowPointer place;
     PageRef page;
     base::ByteSpan bytes;
+    int pointers = 0;  // followed on the way from home
   };
   base::Result<StoredRow> stored(RowPointer home) const;
   base::Result<Value> decode(const RowView& row, std::size_t column) const;
+
+  // Adds the table's name and the file.
+  base::Failure located(base::Error error, std::uint32_t page) const;
 
  private:
   Table(Pager& pager, std::string name) : pager_(&pager), name_(std::move(name)) {}
   base::Result<DataPage> ownPage(std::uint32_t number, PageRef& page) const;
   base::Result<void> scanPage(std::uint32_t number, std::vector<RowPointer>& rows) const;
-  base::Failure located(base::Error error, std::uint32_t page) const;
 
   Pager* pager_;
   std::string name_;

@@ -15,12 +15,15 @@ bool bitIsSet(ByteSpan bits, std::uint64_t index) {
   return (bits[static_cast<std::size_t>(index / 8)] >> (index % 8) & 1) != 0;
 }
 
-void appendSetBits(ByteSpan bits, std::uint64_t firstPage, std::vector<std::uint64_t>& pages) {
+// False when visit wanted no more.
+template <class Visit>
+bool visitSetBits(ByteSpan bits, std::uint64_t firstPage, const Visit& visit) {
   for (std::size_t i = 0; i < bits.size(); ++i) {
     if (bits[i] == 0) continue;
     for (std::size_t bit = 0; bit < 8; ++bit)
-      if ((bits[i] >> bit & 1) != 0) pages.push_back(firstPage + 8 * i + bit);
+      if ((bits[i] >> bit & 1) != 0 && !visit(firstPage + 8 * i + bit)) return false;
   }
+  return true;
 }
 
 }  // namespace
@@ -51,32 +54,48 @@ std::uint32_t UsageMapRow::bitmapPage(std::size_t index) const {
   return format::Field{static_cast<std::uint16_t>(1 + 4 * index), 4}.get(bytes);
 }
 
-Result<std::vector<std::uint32_t>> UsageMap::pages() const {
+template <class Visit>
+Result<void> UsageMap::forEach(const Visit& visit) const {
   auto row = UsageMapRow::read(*pager_, where_);
   if (!row) return Failure(row.error());
-  std::vector<std::uint64_t> numbers;
   if (row->form() == UsageMapForm::Inline) {
-    appendSetBits(row->bits(), row->firstPage(), numbers);
-  } else {
-    const std::uint64_t perPage = pager_->version().bitmapPageBits();
-    for (std::size_t i = 0; i < row->bitmapCount(); ++i) {
-      if (row->bitmapPage(i) == 0) continue;
-      auto bitmap = pager_->page(row->bitmapPage(i), PageKind::Bitmap);
-      if (!bitmap) return Failure(bitmap.error());
-      appendSetBits(ByteSpan(**bitmap).subspan(sizeof(format::BitmapPage)), i * perPage, numbers);
-    }
+    visitSetBits(row->bits(), row->firstPage(), visit);
+    return {};
   }
+  const std::uint64_t perPage = pager_->version().bitmapPageBits();
+  for (std::size_t i = 0; i < row->bitmapCount(); ++i) {
+    if (row->bitmapPage(i) == 0) continue;
+    auto bitmap = pager_->page(row->bitmapPage(i), PageKind::Bitmap);
+    if (!bitmap) return Failure(bitmap.error());
+    const ByteSpan bits = ByteSpan(**bitmap).subspan(sizeof(format::BitmapPage));
+    if (!visitSetBits(bits, i * perPage, visit)) break;
+  }
+  return {};
+}
+
+Result<std::vector<std::uint32_t>> UsageMap::pages() const {
   std::vector<std::uint32_t> pages;
-  pages.reserve(numbers.size());
-  for (std::uint64_t number : numbers) {
-    if (number >= pager_->pageCount()) {
-      Failure beyond =
-          base::fail(base::ErrorCode::Truncated,
-                     "Seitenliste nennt eine Seite hinter dem Ende der Datei", pager_->path());
-      return at(static_cast<std::uint32_t>(number), beyond.value());
-    }
-    pages.push_back(static_cast<std::uint32_t>(number));
-  }
+  std::optional<std::uint64_t> beyond;
+  auto done = forEach([&](std::uint64_t page) {
+    if (page >= pager_->pageCount()) beyond = page;
+    if (!beyond) pages.push_back(static_cast<std::uint32_t>(page));
+    return !beyond;
+  });
+  if (!done) return Failure(done.error());
+  if (!beyond) return pages;
+  Failure failure =
+      base::fail(base::ErrorCode::Truncated,
+                 "Seitenliste nennt eine Seite hinter dem Ende der Datei", pager_->path());
+  return at(static_cast<std::uint32_t>(*beyond), failure.value());
+}
+
+Result<std::vector<std::uint32_t>> UsageMap::pagesInFile(std::size_t limit) const {
+  std::vector<std::uint32_t> pages;
+  auto done = forEach([&](std::uint64_t page) {
+    if (page < pager_->pageCount()) pages.push_back(static_cast<std::uint32_t>(page));
+    return page < pager_->pageCount() && pages.size() < limit;
+  });
+  if (!done) return Failure(done.error());
   return pages;
 }
 

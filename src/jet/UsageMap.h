@@ -18,10 +18,16 @@ class UsageMap {
 
   // The page numbers in ascending order. Truncated when one lies beyond the end of the file.
   base::Result<std::vector<std::uint32_t>> pages() const;
+  // The first few of them, those beyond the end left out: the map of free pages names them too.
+  base::Result<std::vector<std::uint32_t>> pagesInFile(std::size_t limit) const;
   // A page out of the map's range is reported as outside.
   base::Result<bool> contains(std::uint32_t page, bool outside = false) const;
 
  private:
+  // Calls visit(page) for every member until it returns false.
+  template <class Visit>
+  base::Result<void> forEach(const Visit& visit) const;
+
   const Pager* pager_;
   RowPointer where_;
 };

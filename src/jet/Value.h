@@ -2,7 +2,9 @@
 
 #include <array>
 #include <cstdint>
+#include <optional>
 #include <string>
+#include <string_view>
 #include <variant>
 
 #include "base/Bytes.h"
@@ -48,6 +50,12 @@ struct Decimal {
   bool operator==(const Decimal&) const = default;
   double toDouble() const;
   std::string toString() const;  // "-12.50", point as separator
+
+  // Digits with an optional sign and one point; nullopt for anything else and for what needs more
+  // than 128 bits.
+  static std::optional<Decimal> parse(std::string_view text);
+  // The same number with another scale; nullopt when that would lose digits or not fit.
+  std::optional<Decimal> rescaled(std::uint8_t newScale) const;
 };
 
 struct Null {
