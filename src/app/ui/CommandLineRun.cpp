@@ -4,6 +4,7 @@
 #include "reports/FlexGridHTML.h"
 #include "reports/GridText.h"
 #include "reports/YearReports.h"
+#include "reports/ui/PdfExport.h"
 #include "yearbook/YearSession.h"
 
 namespace app {
@@ -40,16 +41,19 @@ base::Result<void> writeReport(const CommandLine& line, const Console& console) 
   const auto opened = openYear(console, line.file);
   if (!opened) return base::Failure(opened.error());
   const yearbook::YearSession& year = **opened;
-  const reports::Grid overview = reports::buildOverview(reports::overviewInput(year));
+  const reports::OverviewInput input = reports::overviewInput(year);
   switch (line.action) {
     case CommandLine::Action::Html:
-      return writeHtml(console, overview, line.target);
+      return writeHtml(console, reports::buildOverview(input), line.target);
+    case CommandLine::Action::Pdf:
+      return reports::exportPdf(console.files, line.target, input,
+                                reports::documentName(console.clock.today()));
     case CommandLine::Action::Csv: {
       const std::string table = reports::toCsv(detailGrid(year, console.clock.today()));
       return console.files.replaceFile(line.target, base::asBytes(table));
     }
     default:
-      console.out << reports::toPlainText(overview);
+      console.out << reports::toPlainText(reports::buildOverview(input));
       return {};
   }
 }

@@ -17,7 +17,7 @@ struct Console {
 };
 
 // Carries out every action but Windows. 0 on success; else 1 and a German message on err that
-// names file and reason. Year files are only read.
+// names file and reason. Year files are only read. Pdf needs a QGuiApplication (offscreen will do).
 int runCommandLine(const CommandLine& line, const Console& console);
 
 }  // namespace app
