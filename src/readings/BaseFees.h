@@ -1,0 +1,30 @@
+#pragma once
+
+#include <optional>
+#include <string>
+
+#include "readings/Variants.h"
+
+// The twelve monthly base fees of a utility. The year keeps their sum, a side file the months; it
+// holds them by position. Euro, without VAT.
+namespace readings {
+
+using MonthlyFees = yearbook::PerMonth<double>;
+
+// Beside the year database, named after it.
+std::string baseFeePath(const YearSession& session, const FeeVariant& fee);
+
+// All 0 when the file is missing or does not hold twelve numbers.
+MonthlyFees readBaseFees(base::FileSystem& files, const std::string& path);
+// Amounts of 0 and less are written as 0.
+base::Result<void> writeBaseFees(base::FileSystem& files, const std::string& path,
+                                 const MonthlyFees& fees);
+
+// The sum of the amounts above 0; nullopt when it is larger than an amount can be.
+std::optional<base::Money> yearFee(const MonthlyFees& fees);
+
+// Stores the sum as the year's base fee.
+base::Result<void> storeYearFee(YearSession& session, const FeeVariant& fee,
+                                const MonthlyFees& fees);
+
+}  // namespace readings

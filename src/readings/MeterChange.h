@@ -1,0 +1,27 @@
+#pragma once
+
+#include <string>
+
+#include "readings/Variants.h"
+
+// A meter was replaced during the year: in which month, and at which reading the new one began.
+// Kept in a side file per year and meter. It holds the position of the month, not its name.
+namespace readings {
+
+struct MeterChange {
+  static constexpr int kNone = 12;
+  int position = kNone;  // month row 0 to 11 whose reading is the old meter's last one
+  double newStart = 0;   // 0 = unset
+
+  bool operator==(const MeterChange&) const = default;
+};
+
+// In the data folder, named after the year.
+std::string meterChangePath(const YearSession& session, const MeterVariant& meter);
+
+// No change when the file is missing or holds anything else than a position and a number.
+MeterChange readMeterChange(base::FileSystem& files, const std::string& path);
+base::Result<void> writeMeterChange(base::FileSystem& files, const std::string& path,
+                                    const MeterChange& change);
+
+}  // namespace readings
