@@ -1,0 +1,136 @@
+#include "readings/ui/BaseFeeWindow.h"
+
+#include <QGridLayout>
+
+using namespace Qt::Literals::StringLiterals;
+
+namespace readings {
+namespace {
+
+using yearbook::kMonths;
+
+constexpr int kFeeDigits = 11;
+constexpr int kLeastDecimals = 2;
+constexpr int kMostDecimals = 4;
+
+std::size_t at(int k) {
+  return static_cast<std::size_t>(k);
+}
+
+}  // namespace
+
+BaseFeeWindow::BaseFeeWindow(const FeeVariant& fee, dialogs::Services& services,
+                             yearbook::YearSession& session, QWidget* parent)
+    : EntryWindow(fee.window, fee.caption, services, session, parent), fee_(fee) {
+  setTexts();
+  arrange();
+  connectControls();
+  load();
+}
+
+void BaseFeeWindow::setTexts() {
+  Frame1->setTitle(u"Eingabe monatl. Grundgebühr"_s);
+  lblCurrentMonth->setText(u"aktueller Monat"_s);
+  lblCurrentMonth->setMark(MarkedLabel::Mark::Current);
+  lblSum->setAccessibleName(u"Grundgebühr im Jahr"_s);
+  Command1->setText(u"&Übernehmen"_s);
+  Command3->setText(u"Alle &Werte löschen"_s);
+  makeCloseButton(Command2);
+  // The months of all four windows run as those of electricity do.
+  const auto names = session_.monthNames(Utility::Electricity);
+  const std::string current = session_.currentMonthName();
+  for (int k = 0; k < kMonths; ++k) {
+    const QString name = QString::fromStdString(names[at(k)]);
+    lblMo(k)->setText(name);
+    if (names[at(k)] == current) lblMo(k)->setMark(MarkedLabel::Mark::Current);
+    txtVerbrauch(k)->setAccessibleName(u"Grundgebühr "_s + name);
+  }
+}
+
+void BaseFeeWindow::arrange() {
+  auto* frame = new QVBoxLayout(Frame1);
+  frame->setContentsMargins(12, 8, 12, 12);
+  frame->setSpacing(8);
+  frame->addLayout(arrangeMonths());
+  frame->addWidget(lblCurrentMonth);
+  auto* buttons = new QHBoxLayout;
+  buttons->addWidget(Command3);
+  buttons->addStretch();
+  buttons->addWidget(Command1);
+  buttons->addWidget(Command2);
+  auto* window = new QVBoxLayout(this);
+  window->setContentsMargins(14, 12, 14, 12);
+  window->setSpacing(12);
+  window->addWidget(Frame1, 1);
+  window->addLayout(buttons);
+  tameButtons();
+}
+
+QGridLayout* BaseFeeWindow::arrangeMonths() {
+  auto* grid = new QGridLayout;
+  grid->setHorizontalSpacing(8);
+  grid->setVerticalSpacing(3);
+  grid->setColumnStretch(0, 1);
+  for (int k = 0; k < kMonths; ++k) {
+    txtVerbrauch(k)->setDecimals(kLeastDecimals, kMostDecimals);
+    setDigits(txtVerbrauch(k), kFeeDigits);
+    grid->addWidget(lblMo(k), k, 0);
+    grid->addWidget(txtVerbrauch(k), k, 1);
+    grid->addWidget(new QLabel(u"Euro"_s, this), k, 2);
+  }
+  grid->addWidget(makeRule(this), kMonths, 0, 1, 3);
+  grid->addWidget(new QLabel(u"Summe im Jahr"_s, this), kMonths + 1, 0);
+  lblSum->setAlignment(Qt::AlignRight | Qt::AlignVCenter);
+  constexpr int kFieldFrame = 4;
+  lblSum->setContentsMargins(0, 0, kFieldFrame, 0);
+  grid->addWidget(lblSum, kMonths + 1, 1);
+  grid->addWidget(new QLabel(u"Euro"_s, this), kMonths + 1, 2);
+  return grid;
+}
+
+void BaseFeeWindow::connectControls() {
+  for (int k = 0; k + 1 < kMonths; ++k) setTabOrder(txtVerbrauch(k), txtVerbrauch(k + 1));
+  QWidget* before = txtVerbrauch(kMonths - 1);
+  for (QPushButton* next : {Command1, Command2, Command3}) {
+    setTabOrder(before, next);
+    before = next;
+  }
+  txtVerbrauch(kMonths - 1)->setEnterMovesOn(false);
+  for (widgets::NumberField* field : txtVerbrauch)
+    connect(field, &widgets::NumberField::valueChanged, this, &BaseFeeWindow::showSum);
+  connect(Command1, &QPushButton::clicked, this, &BaseFeeWindow::Command1Click);
+  connect(Command3, &QPushButton::clicked, this, &BaseFeeWindow::Command3Click);
+}
+
+void BaseFeeWindow::Command1Click() {
+  if (!told(storeYearFee(session_, fee_, fees()))) {
+    load();
+    return;
+  }
+  // The amounts stay on the screen when their file cannot be written, for another try.
+  if (told(writeBaseFees(session_.files(), baseFeePath(session_, fee_), fees()))) accept();
+}
+
+void BaseFeeWindow::Command3Click() {
+  for (widgets::NumberField* field : txtVerbrauch) field->setValue(0);
+  showSum();
+}
+
+void BaseFeeWindow::load() {
+  const MonthlyFees kept = readBaseFees(session_.files(), baseFeePath(session_, fee_));
+  for (int k = 0; k < kMonths; ++k) txtVerbrauch(k)->setValue(kept[at(k)]);
+  showSum();
+}
+
+void BaseFeeWindow::showSum() {
+  const auto sum = yearFee(fees());
+  lblSum->setText(sum ? QString::fromStdString(base::formatMoney(*sum)) : QString());
+}
+
+MonthlyFees BaseFeeWindow::fees() const {
+  MonthlyFees values{};
+  for (int k = 0; k < kMonths; ++k) values[at(k)] = txtVerbrauch(k)->valueOrZero();
+  return values;
+}
+
+}  // namespace readings

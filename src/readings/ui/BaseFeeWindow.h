@@ -1,0 +1,45 @@
+#pragma once
+
+#include <QGroupBox>
+
+#include "readings/BaseFees.h"
+#include "readings/ui/EntryWindow.h"
+#include "readings/ui/MarkedLabel.h"
+#include "widgets/control.h"
+
+class QGridLayout;
+
+namespace readings {
+
+// The base fee of each month; their sum is the year's base fee.
+class BaseFeeWindow : public EntryWindow {
+  Q_OBJECT
+ public:
+  BaseFeeWindow(const FeeVariant& fee, dialogs::Services& services, yearbook::YearSession& session,
+                QWidget* parent);
+
+  QGroupBox* const Frame1 = widgets::control<QGroupBox>(this, "Frame1");
+  const widgets::ControlArray<MarkedLabel, 12> lblMo{this, "lblMo"};
+  const widgets::ControlArray<widgets::NumberField, 12> txtVerbrauch{this, "txtVerbrauch"};
+  QLabel* const lblSum = widgets::control<QLabel>(this, "lblSum");
+  MarkedLabel* const lblCurrentMonth = widgets::control<MarkedLabel>(this, "lblCurrentMonth");
+  QPushButton* const Command1 = widgets::control<QPushButton>(this, "Command1");
+  QPushButton* const Command2 = widgets::control<QPushButton>(this, "Command2");
+  QPushButton* const Command3 = widgets::control<QPushButton>(this, "Command3");
+
+ private:
+  void setTexts();
+  void arrange();
+  QGridLayout* arrangeMonths();
+  void connectControls();
+
+  void Command1Click();
+  void Command3Click();
+  void load();
+  void showSum();
+  MonthlyFees fees() const;
+
+  const FeeVariant& fee_;
+};
+
+}  // namespace readings

@@ -1,0 +1,81 @@
+#include "readings/ui/EntryWindow.h"
+
+#include <QFrame>
+#include <QKeyEvent>
+
+using namespace Qt::Literals::StringLiterals;
+
+namespace readings {
+
+EntryWindow::EntryWindow(std::string_view name, std::string_view caption,
+                         dialogs::Services& services, yearbook::YearSession& session,
+                         QWidget* parent)
+    : QDialog(parent), services_(services), session_(session) {
+  setObjectName(utf8(name));
+  setWindowTitle(utf8(caption));
+  setModal(true);
+  setWindowFlag(Qt::WindowContextHelpButtonHint, false);
+}
+
+void EntryWindow::reject() {
+  if (mayClose()) QDialog::reject();
+}
+
+bool EntryWindow::told(const base::Result<void>& done) {
+  if (done) return true;
+  services_.prompts.tell(this,
+                         u"Die Änderung konnte nicht gespeichert werden.\n"_s +
+                             QString::fromStdString(base::germanMessage(done.error())),
+                         u"Fehler"_s, dialogs::Icon::Critical);
+  return false;
+}
+
+void EntryWindow::makeCloseButton(QPushButton* button) {
+  button->setText(u"&Schließen"_s);
+  button->setToolTip(u"Fenster schließen"_s);
+  button->setAccessibleName(u"Fenster schließen"_s);
+  connect(button, &QPushButton::clicked, this, [this] { reject(); });
+}
+
+void EntryWindow::tameButtons() {
+  for (QPushButton* button : findChildren<QPushButton*>()) button->setAutoDefault(false);
+}
+
+void EntryWindow::keyPressEvent(QKeyEvent* event) {
+  const bool enter = event->key() == Qt::Key_Return || event->key() == Qt::Key_Enter;
+  if (!enter) {
+    QDialog::keyPressEvent(event);
+    return;
+  }
+  event->accept();
+  if (auto* button = qobject_cast<QPushButton*>(focusWidget())) button->click();
+}
+
+QString utf8(std::string_view text) {
+  return QString::fromUtf8(text.data(), static_cast<qsizetype>(text.size()));
+}
+
+void makeDisplay(widgets::NumberField* field) {
+  field->setReadOnly(true);
+  field->setFrame(false);
+  field->setFocusPolicy(Qt::ClickFocus);
+  QPalette palette = field->palette();
+  palette.setBrush(QPalette::Base, Qt::transparent);
+  field->setPalette(palette);
+}
+
+void setDigits(widgets::NumberField* field, int digits) {
+  constexpr int kFrameAndCursor = 20;
+  field->setFixedWidth(field->fontMetrics().horizontalAdvance(QString(digits, u'0')) +
+                       kFrameAndCursor);
+}
+
+QWidget* makeRule(QWidget* parent) {
+  auto* rule = new QFrame(parent);
+  rule->setFrameShape(QFrame::HLine);
+  rule->setFrameShadow(QFrame::Plain);
+  rule->setForegroundRole(QPalette::Mid);
+  return rule;
+}
+
+}  // namespace readings

@@ -1,0 +1,51 @@
+#pragma once
+
+#include <QDialog>
+#include <QPushButton>
+#include <string_view>
+
+#include "dialogs/Prompts.h"
+#include "dialogs/Services.h"
+#include "widgets/NumberField.h"
+#include "yearbook/YearSession.h"
+
+class QHBoxLayout;
+
+namespace readings {
+
+// What the entry windows share: a modal window on the open year, closed by button, Escape or frame
+// alike, in which Enter never presses a button by surprise.
+class EntryWindow : public QDialog {
+  Q_OBJECT
+ public:
+  void reject() override;
+
+ protected:
+  EntryWindow(std::string_view name, std::string_view caption, dialogs::Services& services,
+              yearbook::YearSession& session, QWidget* parent);
+
+  // Asked before the window closes without a take over.
+  virtual bool mayClose() { return true; }
+  // True when done; else the user has been told.
+  bool told(const base::Result<void>& done);
+  // "Schließen" with its tooltip, bound to closing.
+  void makeCloseButton(QPushButton* button);
+  // To be called when all buttons are there: none of them is pressed by Enter from a field.
+  void tameButtons();
+
+  void keyPressEvent(QKeyEvent* event) override;
+
+  dialogs::Services& services_;
+  yearbook::YearSession& session_;
+};
+
+QString utf8(std::string_view text);
+
+// A field that shows a figure and takes none.
+void makeDisplay(widgets::NumberField* field);
+// Wide enough for that many digits.
+void setDigits(widgets::NumberField* field, int digits);
+// A thin line across a grid.
+QWidget* makeRule(QWidget* parent);
+
+}  // namespace readings

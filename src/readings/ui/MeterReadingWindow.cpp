@@ -1,0 +1,383 @@
+#include "readings/ui/MeterReadingWindow.h"
+
+#include <QGridLayout>
+#include <QKeyEvent>
+#include <algorithm>
+#include <cmath>
+
+#include "base/GermanNumber.h"
+#include "dialogs/Navigator.h"
+#include "readings/ReadingHints.h"
+
+using namespace Qt::Literals::StringLiterals;
+
+namespace readings {
+namespace {
+
+enum Column { kMonth, kReading, kOption, kNewReading, kMonthAgain, kConsumption, kHint, kColumns };
+enum Row {
+  kHeader,
+  kHeaderRule,
+  kStart,
+  kFirstMonth,
+  kButtonRule = kFirstMonth + kMonths,
+  kButtons
+};
+
+constexpr int kReadingDigits = 12;
+
+std::size_t at(int k) {
+  return static_cast<std::size_t>(k);
+}
+
+QString doubtText(Doubt doubt) {
+  switch (doubt) {
+    case Doubt::None:
+      break;
+    case Doubt::LowerThanBefore:
+      return u"niedriger als der Stand davor"_s;
+    case Doubt::LowerThanNewMeter:
+      return u"niedriger als der Anfang des neuen Zählers"_s;
+    case Doubt::Unusual:
+      return u"mehr als das Dreifache des Üblichen"_s;
+  }
+  return {};
+}
+
+// A number as it would stand in the consumption column.
+QString plain(double value) {
+  return QString::fromStdString(base::formatShort(value));
+}
+
+}  // namespace
+
+MeterReadingWindow::MeterReadingWindow(const MeterVariant& meter, dialogs::Services& services,
+                                       yearbook::YearSession& session, QWidget* parent)
+    : EntryWindow(meter.window, meter.caption, services, session, parent), meter_(meter) {
+  setTexts();
+  nameMonths();
+  arrange();
+  setTabOrders();
+  connectFields();
+  connectButtons();
+  load();
+}
+
+// --- making
+// ----------------------------------------------------------------------------------------
+
+void MeterReadingWindow::setTexts() {
+  lblHeader->setText(utf8(meter_.header));
+  lblAnfStand->setText(u"Anfangszählerstand"_s);
+  txtAnfStand->setAccessibleName(u"Anfangszählerstand"_s);
+  Label4->setText(u"Anfangszählerstand bei Zählerwechsel"_s);
+  txtWechsel->setAccessibleName(Label4->text());
+  Command1->setText(utf8(meter_.takeOver));
+  Command3->setText(u"&Alle Zählerstände löschen"_s);
+  Command4->setText(u"&Zählerwechsel löschen"_s);
+  Command5->setText(u"&Hilfe"_s);
+  Command5->setToolTip(u"Hilfe zum Zählerwechsel"_s);
+  Command5->setAccessibleName(u"Hilfe zum Zählerwechsel"_s);
+  makeCloseButton(Command2);
+}
+
+void MeterReadingWindow::nameMonths() {
+  const auto names = session_.monthNames(meter_.utility);
+  const std::string current = session_.currentMonthName();
+  for (int k = 0; k < kMonths; ++k) {
+    const QString name = QString::fromStdString(names[at(k)]);
+    for (MarkedLabel* label : {lblMo(k), lblMoV(k)}) {
+      label->setText(name);
+      label->setMark(names[at(k)] == current ? MarkedLabel::Mark::Current
+                                             : MarkedLabel::Mark::None);
+    }
+    txtVerbrauch(k)->setAccessibleName(u"Zählerstand "_s + name);
+    lblVerbrauch(k)->setAccessibleName(u"Verbrauch "_s + name);
+    optWechsel(k)->setText(u"Zählerwechsel im "_s + name);
+    optWechsel(k)->setAccessibleName(optWechsel(k)->text());
+  }
+  optWechsel(MeterChange::kNone)->setAccessibleName(u"Kein Zählerwechsel"_s);
+}
+
+void MeterReadingWindow::arrange() {
+  auto* grid = new QGridLayout(this);
+  grid->setHorizontalSpacing(12);
+  grid->setVerticalSpacing(3);
+  grid->setContentsMargins(16, 12, 16, 12);
+  grid->addWidget(lblHeader, kHeader, 0, 1, kColumns);
+  lblHeader->setColumns({lblMo(0), optWechsel(0), lblMoV(0)});
+  grid->addWidget(makeRule(this), kHeaderRule, 0, 1, kColumns);
+  grid->addWidget(lblAnfStand, kStart, kMonth);
+  grid->addWidget(txtAnfStand, kStart, kReading);
+  grid->addWidget(Label4, kStart, kOption);
+  grid->addWidget(txtWechsel, kStart, kNewReading);
+  grid->addWidget(Command4, kStart, kMonthAgain, 1, 3, Qt::AlignLeft);
+  makeDisplay(txtAnfStand);
+  setDigits(txtAnfStand, kReadingDigits);
+  setDigits(txtWechsel, kReadingDigits);
+  txtWechsel->setDecimals(0, 6);
+  // The window keeps its shape when a meter change comes or goes.
+  for (QWidget* widget : {static_cast<QWidget*>(Label4), static_cast<QWidget*>(txtWechsel),
+                          static_cast<QWidget*>(Command4)}) {
+    QSizePolicy policy = widget->sizePolicy();
+    policy.setRetainSizeWhenHidden(true);
+    widget->setSizePolicy(policy);
+  }
+  for (int k = 0; k < kMonths; ++k) arrangeMonth(grid, k);
+  optWechsel(MeterChange::kNone)->hide();
+  grid->setColumnStretch(kHint, 1);
+  grid->setColumnMinimumWidth(
+      kHint, fontMetrics().horizontalAdvance(u"ergibt −1000000: "_s + doubtText(Doubt::Unusual)));
+  grid->setColumnMinimumWidth(kConsumption, fontMetrics().horizontalAdvance(u"00000000"_s));
+  grid->addWidget(makeRule(this), kButtonRule, 0, 1, kColumns);
+  auto* buttons = new QHBoxLayout;
+  buttons->addWidget(Command5);
+  buttons->addWidget(Command3);
+  buttons->addStretch();
+  buttons->addWidget(Command1);
+  buttons->addWidget(Command2);
+  grid->addLayout(buttons, kButtons, 0, 1, kColumns);
+  grid->setRowMinimumHeight(kButtons, 40);
+  tameButtons();
+}
+
+void MeterReadingWindow::arrangeMonth(QGridLayout* grid, int k) {
+  const int row = kFirstMonth + k;
+  setDigits(txtVerbrauch(k), kReadingDigits);
+  txtVerbrauch(k)->setDecimals(0, 0);
+  lblVerbrauch(k)->setAlignment(Qt::AlignRight | Qt::AlignVCenter);
+  grid->addWidget(lblMo(k), row, kMonth);
+  grid->addWidget(txtVerbrauch(k), row, kReading);
+  grid->addWidget(optWechsel(k), row, kOption);
+  grid->addWidget(lblMoV(k), row, kMonthAgain);
+  grid->addWidget(lblVerbrauch(k), row, kConsumption);
+  grid->addWidget(lblHint(k), row, kHint);
+}
+
+void MeterReadingWindow::setTabOrders() {
+  for (int k = 0; k + 1 < kMonths; ++k) setTabOrder(txtVerbrauch(k), txtVerbrauch(k + 1));
+  QWidget* before = txtVerbrauch(kMonths - 1);
+  for (int k = 0; k < kMonths; ++k) {
+    setTabOrder(before, optWechsel(k));
+    before = optWechsel(k);
+  }
+  for (QWidget* next : std::initializer_list<QWidget*>{txtWechsel, Command4, Command1, Command2,
+                                                       Command3, Command5}) {
+    setTabOrder(before, next);
+    before = next;
+  }
+  txtVerbrauch(kMonths - 1)->setEnterMovesOn(false);
+}
+
+void MeterReadingWindow::connectFields() {
+  for (int k = 0; k < kMonths; ++k) {
+    widgets::NumberField* field = txtVerbrauch(k);
+    field->setFilter([this](const QString& input) { return filterWhole(input); });
+    field->installEventFilter(this);
+    connect(field, &QLineEdit::textEdited, this, [this] { dirty_ = true; });
+    connect(field, &widgets::NumberField::valueChanged, this, &MeterReadingWindow::showHints);
+    connect(field, &widgets::EntryField::entered, this, [this] { allWhole(); });
+  }
+  connect(txtWechsel, &widgets::NumberField::valueChanged, this, &MeterReadingWindow::showHints);
+  for (int k = 0; k <= MeterChange::kNone; ++k) changeGroup_.addButton(optWechsel(k), k);
+  optWechsel(MeterChange::kNone)->setChecked(true);
+  connect(&changeGroup_, &QButtonGroup::idToggled, this, [this](int k, bool checked) {
+    if (checked) optWechselClick(k);
+  });
+  for (int k = 0; k < kMonths; ++k) {
+    connect(optWechsel(k), &ChangeOption::mouseReleased, this,
+            &MeterReadingWindow::optWechselMouseUp);
+    if (meter_.pressCounts)
+      connect(optWechsel(k), &ChangeOption::mousePressed, this, [this] { dirty_ = true; });
+  }
+}
+
+void MeterReadingWindow::connectButtons() {
+  connect(Command1, &QPushButton::clicked, this, &MeterReadingWindow::Command1Click);
+  connect(Command3, &QPushButton::clicked, this, &MeterReadingWindow::Command3Click);
+  connect(Command4, &QPushButton::clicked, this, &MeterReadingWindow::Command4Click);
+  connect(Command5, &QPushButton::clicked, this,
+          [this] { services_.navigator.showMeterChangeHelp(); });
+}
+
+bool MeterReadingWindow::eventFilter(QObject* watched, QEvent* event) {
+  if (event->type() == QEvent::KeyPress) {
+    const auto* key = static_cast<QKeyEvent*>(event);
+    const bool leaves =
+        key->key() == Qt::Key_Escape || key->key() == Qt::Key_Tab || key->key() == Qt::Key_Backtab;
+    if (!key->text().isEmpty() && !leaves) dirty_ = true;
+  }
+  return EntryWindow::eventFilter(watched, event);
+}
+
+// --- the buttons and options
+// -------------------------------------------------------------------------
+
+bool MeterReadingWindow::Command1Click() {
+  if (!allWhole()) return false;
+  if (!told(takeOver(session_, meter_, readings(), change()))) {
+    load();
+    return false;
+  }
+  loaded_ = readings();
+  for (int k = 0; k < kMonths; ++k) txtVerbrauch(k)->setValue(loaded_[at(k)]);
+  showConsumptions();
+  // What could not be kept for the next time is still to be taken over.
+  dirty_ = !saveChange();
+  return !dirty_;
+}
+
+bool MeterReadingWindow::mayClose() {
+  if (!dirty_) return true;
+  const bool wanted = services_.prompts.confirm(
+      this, u"Sie haben  Änderungen vorgenommen\nSollen die Änderungen übernommen werden?"_s,
+      u" Eingabe Zählerstand"_s);
+  return !wanted || Command1Click();
+}
+
+void MeterReadingWindow::Command3Click() {
+  if (!services_.prompts.confirm(this, u"Sollen alle Zählerstände gelöscht werden?"_s,
+                                 u"Alle Zählerstände löschen"_s))
+    return;
+  if (!told(deleteConsumptions(session_, meter_))) {
+    load();
+    return;
+  }
+  for (int k = 0; k < kMonths; ++k) {
+    txtVerbrauch(k)->setValue(0);
+    lblVerbrauch(k)->clear();
+  }
+  resetChange();
+  saveChange();
+}
+
+void MeterReadingWindow::Command4Click() {
+  resetChange();
+  saveChange();
+}
+
+void MeterReadingWindow::optWechselClick(int k) {
+  const bool change = k != MeterChange::kNone;
+  Label4->setVisible(change);
+  txtWechsel->setVisible(change);
+  Command4->setVisible(change);
+  if (change) placeReadings(k + 1, txtWechsel);
+  showHints();
+}
+
+void MeterReadingWindow::optWechselMouseUp() {
+  const auto answer =
+      services_.prompts.input(this, u"Eingabe Anfangszählerstand bei Zählerwechsel"_s,
+                              u"Anfangszählerstand eingeben"_s, {});
+  const auto number = answer ? base::parseNumber(answer->toStdString()) : std::nullopt;
+  if (!number || *number <= 0) return;
+  txtWechsel->setValue(number);
+  showHints();
+}
+
+// --- between fields and rows
+// -------------------------------------------------------------------------
+
+void MeterReadingWindow::load() {
+  const MeterYear stored = meterYear(session_, meter_);
+  txtAnfStand->setValue(stored.startReading);
+  for (int k = 0; k < kMonths; ++k) {
+    loaded_[at(k)] = std::max(stored.readings[at(k)], 0.0);
+    txtVerbrauch(k)->setValue(loaded_[at(k)]);
+  }
+  showConsumptions();
+  resetChange();
+  const MeterChange kept = readMeterChange(session_.files(), meterChangePath(session_, meter_));
+  optWechsel(kept.position)->setChecked(true);
+  txtWechsel->setValue(kept.newStart);
+  showHints();
+  dirty_ = false;
+}
+
+void MeterReadingWindow::showConsumptions() {
+  const RecordSource& rows = session_.*meter_.rows;
+  for (int k = 0; k < kMonths; ++k) {
+    const bool entered = txtVerbrauch(k)->valueOrZero() != 0;
+    lblVerbrauch(k)->setText(entered ? QString::fromStdString(rows.text(k, *meter_.consumption))
+                                     : QString());
+  }
+  showHints();
+}
+
+void MeterReadingWindow::showHints() {
+  MeterYear year = meterYear(session_, meter_);
+  year.readings = readings();
+  year.change = change();
+  const auto hints = readingHints(year);
+  for (int k = 0; k < kMonths; ++k) {
+    const ReadingHint& hint = hints[at(k)];
+    const QString doubt = doubtText(hint.doubt);
+    const QString result = plain(hint.consumption);
+    QString text;
+    if (hint.entered && result != lblVerbrauch(k)->text()) text = u"ergibt "_s + result;
+    if (!doubt.isEmpty()) text += (text.isEmpty() ? QString() : u": "_s) + doubt;
+    lblHint(k)->setText(text);
+    lblHint(k)->setMark(doubt.isEmpty() ? MarkedLabel::Mark::Quiet : MarkedLabel::Mark::Doubt);
+    txtVerbrauch(k)->setAccessibleDescription(text);
+  }
+}
+
+void MeterReadingWindow::resetChange() {
+  txtWechsel->setValue(0);
+  optWechsel(MeterChange::kNone)->setChecked(true);
+  optWechselClick(MeterChange::kNone);
+  placeReadings(0, txtAnfStand);
+}
+
+void MeterReadingWindow::placeReadings(int from, QWidget* column) {
+  auto* grid = static_cast<QGridLayout*>(layout());
+  const int target = column == txtWechsel ? kNewReading : kReading;
+  for (int k = from; k < kMonths; ++k) {
+    grid->removeWidget(txtVerbrauch(k));
+    grid->addWidget(txtVerbrauch(k), kFirstMonth + k, target);
+  }
+}
+
+// A point may set thousands apart or begin a fraction; only when the field is left is that plain.
+// A fraction that the year brought along may stay.
+bool MeterReadingWindow::allWhole() {
+  for (int k = 0; k < kMonths; ++k) {
+    const double value = txtVerbrauch(k)->valueOrZero();
+    if (value == std::trunc(value) || value == loaded_[at(k)]) continue;
+    txtVerbrauch(k)->setModified(false);
+    txtVerbrauch(k)->setValue(std::trunc(value));
+    tellWholeUnits();
+    return false;
+  }
+  return true;
+}
+
+QString MeterReadingWindow::filterWhole(const QString& input) {
+  QString kept;
+  for (const QChar c : input)
+    if (QStringView(u"0123456789.-").contains(c)) kept += c;
+  if (input.contains(u',')) tellWholeUnits();
+  return kept;
+}
+
+void MeterReadingWindow::tellWholeUnits() {
+  services_.prompts.tell(this, utf8(meter_.unitMessage), u"Eingabe Anfangszählerstand"_s,
+                         dialogs::Icon::Information);
+}
+
+PerMonth<double> MeterReadingWindow::readings() const {
+  PerMonth<double> values{};
+  for (int k = 0; k < kMonths; ++k) values[at(k)] = txtVerbrauch(k)->valueOrZero();
+  return values;
+}
+
+MeterChange MeterReadingWindow::change() const {
+  return {changeGroup_.checkedId() < 0 ? MeterChange::kNone : changeGroup_.checkedId(),
+          txtWechsel->valueOrZero()};
+}
+
+bool MeterReadingWindow::saveChange() {
+  return told(writeMeterChange(session_.files(), meterChangePath(session_, meter_), change()));
+}
+
+}  // namespace readings

@@ -1,0 +1,82 @@
+#pragma once
+
+#include <QButtonGroup>
+
+#include "readings/MeterReading.h"
+#include "readings/ui/ChangeOption.h"
+#include "readings/ui/ColumnHeader.h"
+#include "readings/ui/EntryWindow.h"
+#include "readings/ui/MarkedLabel.h"
+#include "widgets/control.h"
+
+class QGridLayout;
+
+namespace readings {
+
+// The twelve readings of one meter, the month of a meter change, and what each month used.
+class MeterReadingWindow : public EntryWindow {
+  Q_OBJECT
+ public:
+  MeterReadingWindow(const MeterVariant& meter, dialogs::Services& services,
+                     yearbook::YearSession& session, QWidget* parent);
+
+  ColumnHeader* const lblHeader = widgets::control<ColumnHeader>(this, "lblHeader");
+  QLabel* const lblAnfStand = widgets::control<QLabel>(this, "lblAnfStand");
+  widgets::NumberField* const txtAnfStand =
+      widgets::control<widgets::NumberField>(this, "txtAnfStand");
+  QLabel* const Label4 = widgets::control<QLabel>(this, "Label4");
+  widgets::NumberField* const txtWechsel =
+      widgets::control<widgets::NumberField>(this, "txtWechsel");
+  const widgets::ControlArray<MarkedLabel, 12> lblMo{this, "lblMo"};
+  const widgets::ControlArray<widgets::NumberField, 12> txtVerbrauch{this, "txtVerbrauch"};
+  const widgets::ControlArray<ChangeOption, 13> optWechsel{this, "optWechsel"};
+  const widgets::ControlArray<MarkedLabel, 12> lblMoV{this, "lblMoV"};
+  const widgets::ControlArray<QLabel, 12> lblVerbrauch{this, "lblVerbrauch"};
+  const widgets::ControlArray<MarkedLabel, 12> lblHint{this, "lblHint"};
+  QPushButton* const Command1 = widgets::control<QPushButton>(this, "Command1");
+  QPushButton* const Command2 = widgets::control<QPushButton>(this, "Command2");
+  QPushButton* const Command3 = widgets::control<QPushButton>(this, "Command3");
+  QPushButton* const Command4 = widgets::control<QPushButton>(this, "Command4");
+  QPushButton* const Command5 = widgets::control<QPushButton>(this, "Command5");
+
+ protected:
+  bool mayClose() override;
+  bool eventFilter(QObject* watched, QEvent* event) override;
+
+ private:
+  // --- making
+  void setTexts();
+  void nameMonths();
+  void arrange();
+  void arrangeMonth(QGridLayout* grid, int k);
+  void setTabOrders();
+  void connectFields();
+  void connectButtons();
+
+  // --- the buttons and options
+  bool Command1Click();
+  void Command3Click();
+  void Command4Click();
+  void optWechselClick(int k);
+  void optWechselMouseUp();
+
+  // --- between fields and rows
+  void load();
+  void showConsumptions();
+  void showHints();
+  void resetChange();
+  void placeReadings(int from, QWidget* column);
+  bool allWhole();
+  QString filterWhole(const QString& input);
+  void tellWholeUnits();
+  PerMonth<double> readings() const;
+  MeterChange change() const;
+  bool saveChange();
+
+  const MeterVariant& meter_;
+  QButtonGroup changeGroup_;
+  PerMonth<double> loaded_{};
+  bool dirty_ = false;
+};
+
+}  // namespace readings

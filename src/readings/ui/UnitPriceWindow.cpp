@@ -1,0 +1,145 @@
+#include "readings/ui/UnitPriceWindow.h"
+
+#include <QGridLayout>
+
+using namespace Qt::Literals::StringLiterals;
+
+namespace readings {
+namespace {
+
+using yearbook::kMonths;
+
+constexpr int kPriceDigits = 10;
+// A cent price has two decimals as a rule; more are shown when it has them.
+constexpr int kLeastDecimals = 2;
+constexpr int kMostDecimals = 6;
+
+std::size_t at(int k) {
+  return static_cast<std::size_t>(k);
+}
+
+}  // namespace
+
+UnitPriceWindow::UnitPriceWindow(const PriceVariant& variant, dialogs::Services& services,
+                                 yearbook::YearSession& session, QWidget* parent)
+    : EntryWindow(variant.window, variant.caption, services, session, parent), variant_(variant) {
+  setTexts();
+  arrange();
+  connectControls();
+  load();
+}
+
+void UnitPriceWindow::setTexts() {
+  Frame1->setTitle(utf8(variant_.frame));
+  lblNewPrice->setText(u"&Neuer Preis"_s);
+  lblNewPrice->setBuddy(newPrice);
+  lblUnit->setText(utf8(variant_.unit));
+  lblHint->setText(u"Aktivieren Sie die Checkboxen in denen der Preis angepasst werden soll."_s);
+  newPrice->setAccessibleName(u"Neuer Preis in "_s + lblUnit->text());
+  newPrice->setToolTip(utf8(variant_.frame));
+  Command1->setText(u"&Übernehmen"_s);
+  cmdAbschlW2->setText(utf8(variant_.invert));
+  makeCloseButton(Command2);
+  const auto names = session_.monthNames(variant_.meter->utility);
+  for (int k = 0; k < kMonths; ++k) {
+    const QString name = QString::fromStdString(names[at(k)]);
+    Check1(k)->setText(name);
+    Check1(k)->setAccessibleName(name);
+    monthPrice(k)->setAccessibleName(u"Preis "_s + name);
+  }
+}
+
+void UnitPriceWindow::arrange() {
+  newPrice->setDecimals(kLeastDecimals, kMostDecimals);
+  setDigits(newPrice, kPriceDigits);
+  lblHint->setWordWrap(true);
+  lblHint->setForegroundRole(QPalette::PlaceholderText);
+  auto* entry = new QHBoxLayout;
+  entry->setSpacing(8);
+  entry->addWidget(lblNewPrice);
+  entry->addStretch();
+  entry->addWidget(newPrice);
+  entry->addWidget(lblUnit);
+  auto* frame = new QVBoxLayout(Frame1);
+  frame->setContentsMargins(12, 8, 12, 12);
+  frame->setSpacing(8);
+  frame->addLayout(entry);
+  frame->addWidget(makeRule(Frame1));
+  frame->addWidget(lblHint);
+  frame->addLayout(arrangeMonths());
+  frame->addWidget(cmdAbschlW2, 0, Qt::AlignLeft);
+  auto* buttons = new QHBoxLayout;
+  buttons->addStretch();
+  buttons->addWidget(Command1);
+  buttons->addWidget(Command2);
+  auto* window = new QVBoxLayout(this);
+  window->setContentsMargins(14, 12, 14, 12);
+  window->setSpacing(12);
+  window->addWidget(Frame1, 1);
+  window->addLayout(buttons);
+  tameButtons();
+}
+
+QGridLayout* UnitPriceWindow::arrangeMonths() {
+  auto* grid = new QGridLayout;
+  grid->setHorizontalSpacing(8);
+  grid->setVerticalSpacing(2);
+  grid->setColumnStretch(0, 1);
+  for (int k = 0; k < kMonths; ++k) {
+    makeDisplay(monthPrice(k));
+    monthPrice(k)->setDecimals(kLeastDecimals, kMostDecimals);
+    setDigits(monthPrice(k), kPriceDigits);
+    grid->addWidget(Check1(k), k, 0);
+    grid->addWidget(monthPrice(k), k, 1);
+    grid->addWidget(new QLabel(lblUnit->text(), this), k, 2);
+  }
+  return grid;
+}
+
+void UnitPriceWindow::connectControls() {
+  QWidget* before = newPrice;
+  for (QCheckBox* box : Check1) {
+    setTabOrder(before, box);
+    before = box;
+  }
+  for (QPushButton* next : {cmdAbschlW2, Command1, Command2}) {
+    setTabOrder(before, next);
+    before = next;
+  }
+  connect(newPrice, &widgets::NumberField::valueChanged, this, &UnitPriceWindow::showPreview);
+  for (QCheckBox* box : Check1)
+    connect(box, &QCheckBox::toggled, this, &UnitPriceWindow::showPreview);
+  connect(Command1, &QPushButton::clicked, this, &UnitPriceWindow::Command1Click);
+  connect(cmdAbschlW2, &QPushButton::clicked, this, &UnitPriceWindow::cmdAbschlW2Click);
+}
+
+void UnitPriceWindow::Command1Click() {
+  if (told(storePrices(session_, variant_, ticks(), newPrice->value())))
+    accept();
+  else
+    load();
+}
+
+void UnitPriceWindow::cmdAbschlW2Click() {
+  for (QCheckBox* box : Check1) box->setChecked(!box->isChecked());
+}
+
+void UnitPriceWindow::load() {
+  newPrice->setValue(std::nullopt);
+  const MonthTicks withoutPrice = unpriced(storedPrices(session_, variant_));
+  for (int k = 0; k < kMonths; ++k) Check1(k)->setChecked(withoutPrice[at(k)]);
+  showPreview();
+}
+
+void UnitPriceWindow::showPreview() {
+  const auto shown = previewPrices(storedPrices(session_, variant_), ticks(), newPrice->value());
+  for (int k = 0; k < kMonths; ++k) monthPrice(k)->setValue(shown[at(k)]);
+}
+
+MonthTicks UnitPriceWindow::ticks() const {
+  MonthTicks ticked{};
+  for (int k = 0; k < kMonths; ++k) ticked[at(k)] = Check1(k)->isChecked();
+  return ticked;
+}
+
+}  // namespace readings

@@ -1,0 +1,11 @@
+#pragma once
+
+#include "readings/ui/MeterReadingWindow.h"
+
+class frmEingabeVerbrauchAbW final : public readings::MeterReadingWindow {
+  Q_OBJECT
+ public:
+  frmEingabeVerbrauchAbW(dialogs::Services& services, yearbook::YearSession& session,
+                         QWidget* parent)
+      : MeterReadingWindow(readings::kWasteWaterMeter, services, session, parent) {}
+};

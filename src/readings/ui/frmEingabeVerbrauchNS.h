@@ -1,0 +1,11 @@
+#pragma once
+
+#include "readings/ui/MeterReadingWindow.h"
+
+class frmEingabeVerbrauchNS final : public readings::MeterReadingWindow {
+  Q_OBJECT
+ public:
+  frmEingabeVerbrauchNS(dialogs::Services& services, yearbook::YearSession& session,
+                        QWidget* parent)
+      : MeterReadingWindow(readings::kNightMeter, services, session, parent) {}
+};

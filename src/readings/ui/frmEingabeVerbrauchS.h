@@ -1,0 +1,10 @@
+#pragma once
+
+#include "readings/ui/MeterReadingWindow.h"
+
+class frmEingabeVerbrauchS final : public readings::MeterReadingWindow {
+  Q_OBJECT
+ public:
+  frmEingabeVerbrauchS(dialogs::Services& services, yearbook::YearSession& session, QWidget* parent)
+      : MeterReadingWindow(readings::kDayMeter, services, session, parent) {}
+};

@@ -1,0 +1,10 @@
+#pragma once
+
+#include "readings/ui/BaseFeeWindow.h"
+
+class frmGrdGebMoAW final : public readings::BaseFeeWindow {
+  Q_OBJECT
+ public:
+  frmGrdGebMoAW(dialogs::Services& services, yearbook::YearSession& session, QWidget* parent)
+      : BaseFeeWindow(readings::kWasteWaterFee, services, session, parent) {}
+};

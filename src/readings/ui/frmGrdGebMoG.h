@@ -1,0 +1,10 @@
+#pragma once
+
+#include "readings/ui/BaseFeeWindow.h"
+
+class frmGrdGebMoG final : public readings::BaseFeeWindow {
+  Q_OBJECT
+ public:
+  frmGrdGebMoG(dialogs::Services& services, yearbook::YearSession& session, QWidget* parent)
+      : BaseFeeWindow(readings::kGasFee, services, session, parent) {}
+};

@@ -1,0 +1,10 @@
+#pragma once
+
+#include "readings/ui/UnitPriceWindow.h"
+
+class frmPreisJeKubikAbW final : public readings::UnitPriceWindow {
+  Q_OBJECT
+ public:
+  frmPreisJeKubikAbW(dialogs::Services& services, yearbook::YearSession& session, QWidget* parent)
+      : UnitPriceWindow(readings::kWasteWaterPrice, services, session, parent) {}
+};

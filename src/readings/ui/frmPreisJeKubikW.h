@@ -1,0 +1,10 @@
+#pragma once
+
+#include "readings/ui/UnitPriceWindow.h"
+
+class frmPreisJeKubikW final : public readings::UnitPriceWindow {
+  Q_OBJECT
+ public:
+  frmPreisJeKubikW(dialogs::Services& services, yearbook::YearSession& session, QWidget* parent)
+      : UnitPriceWindow(readings::kWaterPrice, services, session, parent) {}
+};

@@ -1,0 +1,10 @@
+#pragma once
+
+#include "readings/ui/UnitPriceWindow.h"
+
+class frmPreisJeKwsN final : public readings::UnitPriceWindow {
+  Q_OBJECT
+ public:
+  frmPreisJeKwsN(dialogs::Services& services, yearbook::YearSession& session, QWidget* parent)
+      : UnitPriceWindow(readings::kNightPrice, services, session, parent) {}
+};
