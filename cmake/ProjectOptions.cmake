@@ -13,8 +13,9 @@ endif()
 
 if(CMAKE_CXX_COMPILER_ID STREQUAL "GNU")
   # g++ 12 takes the empty state of std::optional<QString> for an uninitialised one, and text + text
-  # for overlapping copies.
-  target_compile_options(project_options INTERFACE -Wno-maybe-uninitialized -Wno-restrict)
+  # for overlapping copies. Comparing and appending vectors of bytes it takes for endless copies.
+  target_compile_options(project_options INTERFACE -Wno-maybe-uninitialized -Wno-restrict
+    -Wno-stringop-overread -Wno-stringop-overflow)
 endif()
 
 set(KALVIRA_SANITIZERS "" CACHE STRING "Sanitizers for every target, for instance address,undefined")
