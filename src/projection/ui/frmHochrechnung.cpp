@@ -1,0 +1,273 @@
+#include "projection/ui/frmHochrechnung.h"
+
+#include <QFormLayout>
+#include <QHBoxLayout>
+#include <QPainter>
+#include <QShowEvent>
+#include <QVBoxLayout>
+
+#include "base/GermanNumber.h"
+#include "dialogs/Prompts.h"
+
+using namespace Qt::StringLiterals;
+
+namespace {
+
+QString amountText(double value) {
+  return QString::fromStdString(base::formatNumber(value, 2));
+}
+
+QLabel* labelFor(QWidget* field, const QString& text) {
+  auto* label = new QLabel(text);
+  label->setBuddy(field);
+  field->setAccessibleName(text.simplified());
+  return label;
+}
+
+}  // namespace
+
+frmHochrechnung::frmHochrechnung(const dialogs::Services& services,
+                                 projection::ProjectionSource source, QWidget* parent)
+    : QDialog(parent), services_(services), source_(std::move(source)) {
+  setObjectName(u"frmHochrechnung"_s);
+  setWindowTitle(u"Hochrechnung auf das Jahr"_s);
+  makePrintDialog = [this] { return std::make_unique<clsPrintDialog>(services_.prompts); };
+  setTexts();
+  buildLayout();
+  if (base::parseDate(source_.startDate))
+    txtDatumStrom->setText(QString::fromStdString(source_.startDate));
+  for (widgets::DateField* field : {txtDatumStrom, Text1}) field->installEventFilter(this);
+  connect(Command12, &QPushButton::clicked, this, &frmHochrechnung::Calculate);
+  connect(Command1, &QPushButton::clicked, this, &frmHochrechnung::Print);
+  connect(Command2, &QPushButton::clicked, this, &frmHochrechnung::reject);
+  connect(chkGrundgeb, &QCheckBox::clicked, this, &frmHochrechnung::Calculate);
+}
+
+void frmHochrechnung::setTexts() {
+  Label2->setText(
+      u"Bei Eingabe des Startdatums (Datum des Anfangszählerstandes) und des genauen Datums der "
+      "letzten von Ihnen durchgeführten Ablesung wird eine Hochrechnung auf das Jahr "
+      "durchgeführt."_s);
+  fraStartDatum->setTitle(u"Hochrechnung / Jahr"_s);
+  lblHinweis->setText(
+      u"Bei Eingabe des Startdatums (Datum des Anfangszählerstandes) wird eine Hochrechnung auf "
+      "das Jahr durchgeführt."_s);
+  txtDatumStrom->setToolTip(u"Eingabe des Startdatums (Datum des Anfangszählerstandes) "_s);
+  Text1->setToolTip(u"Eingabe des Datums der letzten von Ihnen durchgeführten Ablesung"_s);
+  Label8->setText(u"Verbrauch + Grundgebühr "_s);
+  chkGrundgeb->setText(u"Grundgebühr addieren (nicht bei Pauschalpreisen)"_s);
+  Command12->setText(u"Berechnen"_s);
+  Command1->setText(u"Drucken"_s);
+  Command2->setText(u"Fenster schließen"_s);
+  for (QAbstractButton* button :
+       {static_cast<QAbstractButton*>(chkGrundgeb), static_cast<QAbstractButton*>(Command12),
+        static_cast<QAbstractButton*>(Command1), static_cast<QAbstractButton*>(Command2)}) {
+    button->setAccessibleName(button->text());
+    // A click leaves the cursor in the date field: nobody is asked about a date on the way out.
+    button->setFocusPolicy(Qt::TabFocus);
+  }
+  for (QPushButton* button : {Command12, Command1, Command2}) button->setAutoDefault(false);
+}
+
+std::array<QLineEdit*, 7> frmHochrechnung::displayFields() const {
+  return {txtAnzTagBisher, txtVerbrBisher, txtDurchschnitt, txtPreisJeTg,
+          lblNetto,        lblInklMwSt,    lblInklGrundgeb};
+}
+
+void frmHochrechnung::usePalette(const QPalette& palette) {
+  setPalette(palette);
+  QPalette quiet = palette;
+  quiet.setColor(QPalette::Base, palette.color(QPalette::Window));
+  for (QLineEdit* field : displayFields()) field->setPalette(quiet);
+}
+
+void frmHochrechnung::buildForm() {
+  const int width = fontMetrics().horizontalAdvance(u"00.00.0000 00"_s);
+  for (QLineEdit* field : displayFields()) {
+    field->setReadOnly(true);
+    field->setFrame(false);
+    field->setAlignment(Qt::AlignRight);
+    field->setFixedWidth(width);
+  }
+  usePalette(palette());
+  for (QLineEdit* field :
+       {static_cast<QLineEdit*>(txtDatumStrom), static_cast<QLineEdit*>(Text1)}) {
+    field->setAlignment(Qt::AlignRight);
+    field->setFixedWidth(width);
+  }
+  QFont strong = font();
+  strong.setBold(true);
+  for (QLineEdit* field : {lblNetto, lblInklMwSt, lblInklGrundgeb}) field->setFont(strong);
+
+  auto* form = new QFormLayout(fraStartDatum);
+  form->setFormAlignment(Qt::AlignLeft);
+  form->setHorizontalSpacing(24);
+  form->addRow(lblHinweis);
+  const std::pair<QWidget*, QString> rows[] = {
+      {txtDatumStrom, u"Start-Datum"_s},
+      {Text1, u"Datum der letzten Ablesung"_s},
+      {txtAnzTagBisher, u"Anzahl Tage bisher"_s},
+      {txtVerbrBisher, u"Verbrauch in kWs  bisher"_s},
+      {txtDurchschnitt, u"Durchschnitlicher Verbrauch in kWh je Tag"_s},
+      {txtPreisJeTg, u"Preis in Euro je Tag"_s},
+      {lblNetto, u"Preis für 365 Tage in Euro"_s},
+      {lblInklMwSt, u"Preis für 365 Tage in Euro inkl. MwSt"_s}};
+  for (const auto& [field, text] : rows) form->addRow(labelFor(field, text), field);
+  lblInklGrundgeb->setAccessibleName(u"Verbrauch + Grundgebühr"_s);
+  Label8->setBuddy(lblInklGrundgeb);
+  form->addRow(Label8, lblInklGrundgeb);
+  Label8->hide();
+  lblInklGrundgeb->hide();
+}
+
+void frmHochrechnung::buildLayout() {
+  for (QLabel* note : {Label2, lblHinweis}) {
+    note->setWordWrap(true);
+    note->setMinimumWidth(fontMetrics().averageCharWidth() * 60);
+  }
+  buildForm();
+  auto* buttons = new QHBoxLayout;
+  buttons->addWidget(Command12);
+  buttons->addWidget(Command1);
+  buttons->addStretch();
+  buttons->addWidget(Command2);
+  auto* column = new QVBoxLayout(this);
+  column->addWidget(Label2);
+  column->addWidget(fraStartDatum);
+  column->addWidget(chkGrundgeb);
+  column->addStretch();
+  column->addLayout(buttons);
+
+  QWidget* previous = txtDatumStrom;
+  for (QWidget* next : {static_cast<QWidget*>(Text1), static_cast<QWidget*>(Command12),
+                        static_cast<QWidget*>(chkGrundgeb), static_cast<QWidget*>(Command1),
+                        static_cast<QWidget*>(Command2)}) {
+    setTabOrder(previous, next);
+    previous = next;
+  }
+  txtDatumStrom->setFocus();
+}
+
+void frmHochrechnung::showEvent(QShowEvent* event) {
+  QDialog::showEvent(event);
+  if (calculatedOnce_) return;
+  // Once the window stands, and never again: a box about a date must not come back by itself.
+  calculatedOnce_ = true;
+  QMetaObject::invokeMethod(this, &frmHochrechnung::Calculate, Qt::QueuedConnection);
+}
+
+void frmHochrechnung::Calculate() {
+  if (txtDatumStrom->date()) storeStartDate();
+  projection::ProjectionInput input;
+  input.startDate = txtDatumStrom->text().toStdString();
+  input.readingDate = Text1->text().toStdString();
+  input.consumption = source_.consumption;
+  input.unitPrice = source_.unitPrice;
+  input.vatRate = source_.vatRate;
+  input.baseFee = source_.baseFee;
+  input.startMonth = source_.startMonth;
+  input.addBaseFee = chkGrundgeb->isChecked();
+  const projection::ProjectionOutcome outcome = project(input);
+  if (outcome.figures || outcome.startMonthDiffers)
+    txtVerbrBisher->setText(
+        QString::fromStdString(base::formatShort(source_.consumption.value_or(0), 2, true)));
+  if (outcome.figures) return showFigures(*outcome.figures);
+  warn(outcome.message);
+  if (outcome.startMonthDiffers && fraStartDatum->isVisible()) txtDatumStrom->setFocus();
+}
+
+void frmHochrechnung::showFigures(const projection::ProjectionFigures& figures) {
+  txtAnzTagBisher->setText(QString::fromStdString(base::formatNumber(figures.days, 0)));
+  txtDurchschnitt->setText(amountText(static_cast<double>(figures.averagePerDay)));
+  txtPreisJeTg->setText(amountText(figures.pricePerDay));
+  lblNetto->setText(amountText(figures.netYear));
+  lblInklMwSt->setText(amountText(figures.grossYear));
+  if (figures.grossWithBaseFee) lblInklGrundgeb->setText(amountText(*figures.grossWithBaseFee));
+  Label8->setVisible(figures.grossWithBaseFee.has_value());
+  lblInklGrundgeb->setVisible(figures.grossWithBaseFee.has_value());
+}
+
+void frmHochrechnung::warn(const std::string& message) {
+  services_.prompts.tell(this, QString::fromStdString(message), u"Eingabe Datum"_s,
+                         dialogs::Icon::Warning);
+}
+
+bool frmHochrechnung::eventFilter(QObject* watched, QEvent* event) {
+  if (event->type() == QEvent::FocusOut && isVisible()) {
+    const Qt::FocusReason reason = static_cast<QFocusEvent*>(event)->reason();
+    auto* field = static_cast<widgets::DateField*>(watched);
+    // Another window, a box or a menu in front does not count as leaving the field. The answer
+    // waits until the focus has arrived where it goes.
+    if (reason != Qt::ActiveWindowFocusReason && reason != Qt::PopupFocusReason)
+      QMetaObject::invokeMethod(
+          this, [this, field] { fieldLeft(field); }, Qt::QueuedConnection);
+  }
+  return QDialog::eventFilter(watched, event);
+}
+
+void frmHochrechnung::fieldLeft(widgets::DateField* field) {
+  if (!isVisible()) return;
+  if (!field->date())
+    return warn(
+        "Ungültige Datumseingabe! Bitte geben Sie ein gültiges Datum ein.\n"
+        "Beispiel:  01.01.2009");
+  if (field == txtDatumStrom) storeStartDate();
+}
+
+void frmHochrechnung::storeStartDate() {
+  const std::string date = txtDatumStrom->text().toStdString();
+  if (date == source_.startDate || !source_.storeStartDate) return;
+  if (const auto stored = source_.storeStartDate(date); !stored) {
+    txtDatumStrom->setText(QString::fromStdString(source_.startDate));
+    services_.prompts.tell(this, QString::fromStdString(base::germanMessage(stored.error())),
+                           u"Eingabe Datum"_s, dialogs::Icon::Warning);
+    return;
+  }
+  source_.startDate = date;
+}
+
+void frmHochrechnung::done(int result) {
+  if (txtDatumStrom->date()) storeStartDate();
+  QDialog::done(result);
+}
+
+// Black on white, whatever the screen's colours are.
+QPixmap frmHochrechnung::pictureForPaper() {
+  const QPalette onScreen = palette();
+  QPalette paper(Qt::white, Qt::white);
+  for (const QPalette::ColorRole role :
+       {QPalette::Text, QPalette::WindowText, QPalette::ButtonText, QPalette::ToolTipText})
+    paper.setColor(role, Qt::black);
+  paper.setColor(QPalette::Base, Qt::white);
+  usePalette(paper);
+  layout()->activate();
+  const QPixmap picture = grab();
+  usePalette(onScreen);
+  return picture;
+}
+
+void frmHochrechnung::Print() {
+  const std::array<QWidget*, 4> hidden = {Command2, Command1, Command12, chkGrundgeb};
+  for (QWidget* control : hidden) control->hide();
+  const QPixmap picture = pictureForPaper();
+  const auto dialog = makePrintDialog();
+  bool failed = false;
+  connect(dialog.get(), &clsPrintDialog::DialogError, this, [&failed] { failed = true; });
+  dialog->ShowPrinter(this);
+  if (!dialog->Cancelled() && !failed) printOn(dialog->printer(), picture);
+  for (QWidget* control : hidden) control->show();
+}
+
+// As wide as the paper allows, but not larger than on a screen of 96 dots per inch.
+void frmHochrechnung::printOn(QPrinter& printer, const QPixmap& picture) {
+  printer.setDocName(windowTitle());
+  QPainter painter;
+  if (!painter.begin(&printer))
+    return services_.prompts.tell(this, u"Der Drucker nimmt keine Seiten an."_s, u"Drucken"_s,
+                                  dialogs::Icon::Warning);
+  const QRectF page = printer.pageLayout().paintRectPixels(printer.resolution());
+  const QSizeF screen = picture.deviceIndependentSize();
+  const double scale = std::min({page.width() / screen.width(), page.height() / screen.height(),
+                                 printer.logicalDpiX() / 96.0});
+  painter.drawPixmap(QRectF(QPointF(), screen * scale), picture, QRectF(picture.rect()));
+}

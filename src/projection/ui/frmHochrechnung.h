@@ -1,0 +1,90 @@
+#pragma once
+
+#include <QCheckBox>
+#include <QDialog>
+#include <QGroupBox>
+#include <QLabel>
+#include <QLineEdit>
+#include <QPixmap>
+#include <QPushButton>
+#include <array>
+#include <functional>
+#include <memory>
+
+#include "dialogs/Services.h"
+#include "dialogs/clsPrintDialog.h"
+#include "projection/Projection.h"
+#include "widgets/DateField.h"
+#include "widgets/control.h"
+
+namespace projection {
+
+// What the main window shows when the projection is opened.
+struct ProjectionSource {
+  std::string startDate;              // as stored in the year; shown when it is a date
+  std::optional<double> consumption;  // kWh of the day tariff so far
+  std::optional<double> unitPrice;    // cent per kWh
+  float vatRate = 0;
+  base::Money baseFee;
+  std::string startMonth;
+  // Keeps the start date in the year.
+  std::function<base::Result<void>(const std::string& date)> storeStartDate;
+};
+
+}  // namespace projection
+
+// Extends the cost of the day tariff so far to a year of 365 days.
+class frmHochrechnung final : public QDialog {
+  Q_OBJECT
+ public:
+  frmHochrechnung(const dialogs::Services& services, projection::ProjectionSource source,
+                  QWidget* parent = nullptr);
+
+  void Calculate();
+  void Print();
+
+  QLabel* const Label2 = widgets::control<QLabel>(this, "Label2");
+  QGroupBox* const fraStartDatum = widgets::control<QGroupBox>(this, "fraStartDatum");
+  QLabel* const lblHinweis = widgets::control<QLabel>(this, "lblHinweis");
+  widgets::DateField* const txtDatumStrom =
+      widgets::control<widgets::DateField>(this, "txtDatumStrom");
+  widgets::DateField* const Text1 = widgets::control<widgets::DateField>(this, "Text1");
+  QLineEdit* const txtAnzTagBisher = widgets::control<QLineEdit>(this, "txtAnzTagBisher");
+  QLineEdit* const txtVerbrBisher = widgets::control<QLineEdit>(this, "txtVerbrBisher");
+  QLineEdit* const txtDurchschnitt = widgets::control<QLineEdit>(this, "txtDurchschnitt");
+  QLineEdit* const txtPreisJeTg = widgets::control<QLineEdit>(this, "txtPreisJeTg");
+  QLineEdit* const lblNetto = widgets::control<QLineEdit>(this, "lblNetto");
+  QLineEdit* const lblInklMwSt = widgets::control<QLineEdit>(this, "lblInklMwSt");
+  QLabel* const Label8 = widgets::control<QLabel>(this, "Label8");
+  QLineEdit* const lblInklGrundgeb = widgets::control<QLineEdit>(this, "lblInklGrundgeb");
+  QCheckBox* const chkGrundgeb = widgets::control<QCheckBox>(this, "chkGrundgeb");
+  QPushButton* const Command12 = widgets::control<QPushButton>(this, "Command12");
+  QPushButton* const Command1 = widgets::control<QPushButton>(this, "Command1");
+  QPushButton* const Command2 = widgets::control<QPushButton>(this, "Command2");
+
+  // Where the window is printed; the system's dialog unless a test puts another in its place.
+  std::function<std::unique_ptr<clsPrintDialog>()> makePrintDialog;
+
+ protected:
+  void showEvent(QShowEvent* event) override;
+  bool eventFilter(QObject* watched, QEvent* event) override;
+  void done(int result) override;
+
+ private:
+  std::array<QLineEdit*, 7> displayFields() const;
+  void buildForm();
+  void buildLayout();
+  void setTexts();
+  void fieldLeft(widgets::DateField* field);
+  void storeStartDate();
+  void warn(const std::string& message);
+  void showFigures(const projection::ProjectionFigures& figures);
+  // Display fields look like part of the window.
+  void usePalette(const QPalette& palette);
+  QPixmap pictureForPaper();
+  void printOn(QPrinter& printer, const QPixmap& picture);
+
+  const dialogs::Services& services_;
+  projection::ProjectionSource source_;
+  bool calculatedOnce_ = false;
+};

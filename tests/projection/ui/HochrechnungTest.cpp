@@ -1,0 +1,185 @@
+#include <gtest/gtest.h>
+
+#include <QFile>
+#include <QTest>
+
+#include "base/File.h"
+#include "dialogs/Navigator.h"
+#include "projection/ui/frmHochrechnung.h"
+#include "support/TemporaryFolder.h"
+#include "support/ui/FakePrintSystem.h"
+#include "support/ui/FakePrompts.h"
+
+using namespace Qt::StringLiterals;
+
+namespace {
+
+struct NoNavigator final : dialogs::Navigator {
+  void openMainWindow() override {}
+  void showNewDatabase() override {}
+  void restartAtStartWindow() override {}
+  void showHelp() override {}
+  void showMeterChangeHelp() override {}
+  void endProgram() override {}
+};
+
+class Hochrechnung : public testing::Test {
+ protected:
+  projection::ProjectionSource source() {
+    projection::ProjectionSource source;
+    source.startDate = "01.01.2024";
+    source.consumption = 1542;
+    source.unitPrice = 29.6;
+    source.vatRate = 19;
+    source.baseFee = base::Money::roundHalfEven(154.8);
+    source.startMonth = "Januar";
+    source.storeStartDate = [this](const std::string& date) -> base::Result<void> {
+      if (refuse_) return base::fail(base::ErrorCode::ReadOnly, {}, "Verbrauch.kwd");
+      stored_.push_back(date);
+      return {};
+    };
+    return source;
+  }
+
+  frmHochrechnung& open() {
+    window_ = std::make_unique<frmHochrechnung>(services_, source());
+    window_->QWidget::show();
+    window_->activateWindow();
+    EXPECT_TRUE(QTest::qWaitForWindowActive(window_.get()));
+    QCoreApplication::processEvents();
+    return *window_;
+  }
+
+  // A window that has had its first calculation.
+  frmHochrechnung& openAndAnswer() {
+    prompts_.acceptTellings();
+    frmHochrechnung& window = open();
+    prompts_.shown.clear();
+    return window;
+  }
+
+  support::TemporaryFolder folder_;
+  yearbook::PathState paths_;
+  std::unique_ptr<base::FileSystem> files_ = base::makeDiskFileSystem();
+  base::SystemClock clock_;
+  FakePrompts prompts_;
+  FakeShell shell_;
+  NoNavigator navigator_;
+  dialogs::Services services_{paths_, *files_, clock_, prompts_, shell_, navigator_};
+  std::vector<std::string> stored_;
+  bool refuse_ = false;
+  std::unique_ptr<frmHochrechnung> window_;
+};
+
+TEST_F(Hochrechnung, OpeningCalculatesOnceAndMissesTheReadingDate) {
+  prompts_.acceptTellings();
+  frmHochrechnung& window = open();
+  ASSERT_EQ(prompts_.shown.size(), 1U);
+  EXPECT_EQ(prompts_.last().title, u"Eingabe Datum"_s);
+  EXPECT_EQ(prompts_.last().icon, dialogs::Icon::Warning);
+  EXPECT_TRUE(prompts_.last().text.startsWith(u"Datum Ablesung ungültige"_s));
+  EXPECT_EQ(window.txtDatumStrom->text(), u"01.01.2024"_s);
+  window.hide();
+  window.QWidget::show();
+  QCoreApplication::processEvents();
+  EXPECT_EQ(prompts_.shown.size(), 1U);
+}
+
+TEST_F(Hochrechnung, ShowsTheFiguresRounded) {
+  frmHochrechnung& window = openAndAnswer();
+  window.Text1->setText(u"30.06.2024"_s);
+  window.Command12->click();
+  EXPECT_EQ(window.txtAnzTagBisher->text(), u"181"_s);
+  EXPECT_EQ(window.txtVerbrBisher->text(), u"1.542"_s);
+  EXPECT_EQ(window.txtDurchschnitt->text(), u"8,52"_s);
+  EXPECT_EQ(window.txtPreisJeTg->text(), u"2,52"_s);
+  EXPECT_EQ(window.lblNetto->text(), u"920,43"_s);
+  EXPECT_EQ(window.lblInklMwSt->text(), u"1.095,31"_s);
+  EXPECT_TRUE(window.Label8->isHidden());
+  EXPECT_TRUE(window.lblInklGrundgeb->isHidden());
+  window.chkGrundgeb->click();
+  EXPECT_EQ(window.lblInklGrundgeb->text(), u"1.279,52"_s);
+  EXPECT_FALSE(window.Label8->isHidden());
+  window.chkGrundgeb->click();
+  EXPECT_TRUE(window.lblInklGrundgeb->isHidden());
+  EXPECT_TRUE(prompts_.shown.empty());
+}
+
+TEST_F(Hochrechnung, WrongMonthPutsTheCursorIntoTheStartDate) {
+  frmHochrechnung& window = openAndAnswer();
+  window.Text1->setText(u"30.06.2024"_s);
+  window.txtDatumStrom->setText(u"01.04.2024"_s);
+  window.Command1->setFocus();
+  QCoreApplication::processEvents();
+  window.Command12->click();
+  EXPECT_TRUE(prompts_.last().text.startsWith(u"Der Startmonat Januar stimmt nicht"_s));
+  EXPECT_TRUE(window.txtDatumStrom->hasFocus());
+  EXPECT_EQ(window.txtVerbrBisher->text(), u"1.542"_s);
+  EXPECT_TRUE(window.lblNetto->text().isEmpty());
+}
+
+TEST_F(Hochrechnung, LeavingAFieldChecksItsDateAndKeepsAValidStart) {
+  frmHochrechnung& window = openAndAnswer();
+  window.txtDatumStrom->selectAll();
+  QTest::keyClicks(window.txtDatumStrom, u"5x.1 .2024"_s);
+  EXPECT_EQ(window.txtDatumStrom->text(), u"5.1.2024"_s);
+  QTest::keyClick(window.txtDatumStrom, Qt::Key_Return);
+  QCoreApplication::processEvents();
+  EXPECT_TRUE(window.Text1->hasFocus());
+  EXPECT_EQ(stored_, std::vector<std::string>({"5.1.2024"}));
+  EXPECT_TRUE(prompts_.shown.empty());
+
+  QTest::keyClicks(window.Text1, u"31.2.2024"_s);
+  QTest::keyClick(window.Text1, Qt::Key_Tab);
+  QCoreApplication::processEvents();
+  ASSERT_EQ(prompts_.shown.size(), 1U);
+  EXPECT_EQ(prompts_.last().text,
+            u"Ungültige Datumseingabe! Bitte geben Sie ein gültiges Datum ein.\nBeispiel:  "
+            "01.01.2009"_s);
+}
+
+TEST_F(Hochrechnung, ClosingWithAClickKeepsAValidStartAndAsksNothing) {
+  frmHochrechnung& window = openAndAnswer();
+  window.txtDatumStrom->selectAll();
+  QTest::keyClicks(window.txtDatumStrom, u"2.1.2024"_s);
+  QTest::mouseClick(window.Command2, Qt::LeftButton);
+  QCoreApplication::processEvents();
+  EXPECT_FALSE(window.isVisible());
+  EXPECT_EQ(stored_, std::vector<std::string>({"2.1.2024"}));
+  EXPECT_TRUE(prompts_.shown.empty());
+}
+
+TEST_F(Hochrechnung, DateThatCannotBeStoredIsToldAndTheStoredOneShown) {
+  frmHochrechnung& window = openAndAnswer();
+  refuse_ = true;
+  window.txtDatumStrom->setText(u"2.1.2024"_s);
+  window.Text1->setFocus();
+  QCoreApplication::processEvents();
+  ASSERT_EQ(prompts_.shown.size(), 1U);
+  EXPECT_TRUE(prompts_.last().text.contains(u"Verbrauch.kwd"_s));
+  EXPECT_EQ(window.txtDatumStrom->text(), u"01.01.2024"_s);
+}
+
+TEST_F(Hochrechnung, PrintingHidesTheControlsMeanwhile) {
+  frmHochrechnung& window = openAndAnswer();
+  const std::string target = folder_ / "Fenster.pdf";
+  for (const bool cancel : {true, false}) {
+    window.makePrintDialog = [&] {
+      auto system = std::make_unique<FakePrintSystem>();
+      system->reply.outcome =
+          cancel ? dialogs::PrintReply::Outcome::Cancelled : dialogs::PrintReply::Outcome::Accepted;
+      system->printer().setOutputFormat(QPrinter::PdfFormat);
+      system->printer().setOutputFileName(QString::fromStdString(target));
+      system->onAsk = [&] {
+        EXPECT_TRUE(window.Command1->isHidden());
+        EXPECT_TRUE(window.chkGrundgeb->isHidden());
+      };
+      return std::make_unique<clsPrintDialog>(prompts_, std::move(system));
+    };
+    window.Command1->click();
+    EXPECT_FALSE(window.Command2->isHidden());
+    EXPECT_EQ(files_->exists(target), !cancel);
+  }
+}
+
+}  // namespace
