@@ -1,12 +1,15 @@
 #include "jet/Database.h"
 
 #include <map>
+#include <set>
 
 #include "jet/Catalog.h"
+#include "jet/Check.h"
 #include "jet/Damage.h"
 #include "jet/Pager.h"
 #include "jet/Table.h"
 #include "jet/TableEditor.h"
+#include "jet/TableIndexes.h"
 
 namespace jet {
 
@@ -14,12 +17,23 @@ using base::ErrorCode;
 using base::Failure;
 using base::Result;
 
+namespace {
+
+// The indexes of a table with up to so many rows are compared with them when it is opened. Those
+// of a larger one are checked along the way of each change.
+constexpr std::size_t kRowsCheckedAtOpening = 256;
+
+}  // namespace
+
 struct Database::State {
   std::unique_ptr<Pager> pager;
   Catalog catalog;
   std::map<std::uint32_t, std::shared_ptr<Table>> tables;  // opened so far, by definition page
 
   Result<std::shared_ptr<Table>> table(std::string_view name);
+  // Indexes that were made anew are again what the file holds.
+  void forgetRebuilt();
+  std::set<std::uint32_t> rebuilt;  // tables, in the running transaction
 };
 
 struct RecordSet::State {
@@ -48,6 +62,7 @@ Result<std::shared_ptr<Table>> Database::State::table(std::string_view name) {
   auto opened = Table::open(*pager, entry->definition, entry->name);
   if (!opened) return Failure(opened.error());
   std::shared_ptr<Table> table = std::move(*opened);
+  if (table->rowCount() <= kRowsCheckedAtOpening) TableIndexes(*pager, *table).verifyAll();
   tables[entry->definition] = table;
   return table;
 }
@@ -171,6 +186,33 @@ bool Database::inTransaction() const {
 }
 bool Database::needsReopen() const {
   return state_->pager->needsReopen();
+}
+
+std::vector<Finding> Database::warnings() const {
+  std::vector<Finding> findings;
+  for (const auto& [page, table] : state_->tables)
+    for (const Table::IndexState& index : table->indexStates())
+      if (index.damage) findings.push_back({*index.damage, false, table->name()});
+  return findings;
+}
+
+std::vector<Finding> Database::check() const {
+  return checkDatabase(*state_->pager, state_->catalog);
+}
+
+Result<void> Database::rebuildIndexes(std::string_view name) {
+  if (!state_->pager->inTransaction()) {
+    Failure outside = base::fail(ErrorCode::Unsupported, "Es läuft kein Änderungsvorgang", path());
+    return about(std::string(name), outside.value());
+  }
+  auto table = state_->table(name);
+  if (!table) return Failure(table.error());
+  state_->rebuilt.insert((*table)->def().page);
+  Pager::Step step(*state_->pager);
+  if (auto done = TableIndexes(*state_->pager, **table).rebuildAll(); !done)
+    return (*table)->located(done.error(), (*table)->def().page);
+  step.keep();
+  return {};
 }
 
 }  // namespace jet

@@ -51,6 +51,7 @@ struct OpenOptions {
 struct Finding {
   base::Error error;     // code Damaged or IndexDamaged, page and subject as far as they are known
   bool warning = false;  // harmless: lost pages, stale hints
+  std::string table;     // whose index can be rebuilt, or whose part is damaged; may be empty
 };
 
 class Database;

@@ -19,12 +19,23 @@ constexpr int kMaxPointerSteps = 16;
 
 Result<std::unique_ptr<Table>> Table::open(Pager& pager, std::uint32_t definition,
                                            std::string name) {
-  std::unique_ptr<Table> table(new Table(pager, std::move(name)));
-  auto def = TableDef::read(pager, definition);
-  if (!def) return table->located(def.error(), definition);
-  table->def_ = std::move(*def);
+  std::unique_ptr<Table> table(new Table(pager, definition, std::move(name)));
+  if (auto done = table->reload(); !done) return Failure(done.error());
   if (auto done = table->scan(); !done) return Failure(done.error());
   return table;
+}
+
+Table::Table(Pager& pager, std::uint32_t definition, std::string name)
+    : pager_(&pager), name_(std::move(name)) {
+  def_.page = definition;
+}
+
+Result<void> Table::reload() {
+  auto def = TableDef::read(*pager_, def_.page);
+  if (!def) return located(def.error(), def_.page);
+  def_ = std::move(*def);
+  indexStates_.assign(def_.indexes.size(), {});
+  return {};
 }
 
 Failure Table::located(base::Error error, std::uint32_t page) const {

@@ -23,6 +23,16 @@ class Table {
   const TableDef& def() const { return def_; }
   std::size_t rowCount() const { return rows_.size(); }
   RowPointer row(std::size_t position) const { return rows_[position]; }
+  // Reads the definition anew, after a change of it was rolled back.
+  base::Result<void> reload();
+  TableDef& def() { return def_; }
+  // What is known of each index: nothing, that it is sound, or what is wrong with it.
+  struct IndexState {
+    bool checked = false;
+    std::optional<base::Error> damage;
+  };
+  std::vector<IndexState>& indexStates() { return indexStates_; }
+  const std::vector<IndexState>& indexStates() const { return indexStates_; }
   // Finds the rows anew.
   base::Result<void> scan();
 
@@ -44,7 +54,7 @@ class Table {
   base::Failure located(base::Error error, std::uint32_t page) const;
 
  private:
-  Table(Pager& pager, std::string name) : pager_(&pager), name_(std::move(name)) {}
+  Table(Pager& pager, std::uint32_t definition, std::string name);
   base::Result<DataPage> ownPage(std::uint32_t number, PageRef& page) const;
   base::Result<void> scanPage(std::uint32_t number, std::vector<RowPointer>& rows) const;
 
@@ -52,6 +62,7 @@ class Table {
   std::string name_;
   TableDef def_;
   std::vector<RowPointer> rows_;
+  std::vector<IndexState> indexStates_;
 };
 
 }  // namespace jet

@@ -199,9 +199,11 @@ Result<void> DefinitionReader::checkColumns() {
 
 Result<void> DefinitionReader::readIndexes() {
   for (std::size_t i = 0; i < indexCount_; ++i) {
+    const std::size_t start = position_;
     auto record = next(format_.index.size);
     if (!record) return Failure(record.error());
     if (auto done = readIndex(*record); !done) return done;
+    table_.indexes.back().record = start;
   }
   return {};
 }
@@ -298,6 +300,21 @@ Result<TableDef> TableDef::read(const Pager& pager, std::uint32_t page) {
   DefinitionReader reader(pager, table);
   if (auto done = reader.read(); !done) return at(page, done.error());
   return table;
+}
+
+// The number may lie across the border of two pages of the definition.
+Result<void> TableDef::changeRoot(Pager& pager, std::size_t index, std::uint32_t root) {
+  const format::Version& version = pager.version();
+  const std::size_t headSize = sizeof(format::TableDefPage);
+  const std::size_t perPage = version.pageSize - headSize;
+  for (unsigned i = 0; i < version.index.root.width; ++i) {
+    const std::size_t position = indexes[index].record + version.index.root.offset + i - headSize;
+    auto bytes = pager.edit(pages[position / perPage]);
+    if (!bytes) return Failure(bytes.error());
+    (*bytes)[headSize + position % perPage] = static_cast<std::uint8_t>(root >> (8 * i));
+  }
+  indexes[index].root = root;
+  return {};
 }
 
 std::optional<std::size_t> TableDef::columnByName(std::string_view name) const {

@@ -37,7 +37,8 @@ struct IndexDef {
     std::size_t column = 0;  // position in TableDef::columns
     bool ascending = true;
   };
-  std::string name;  // of the first logical index that stands for it
+  std::string name;        // of the first logical index that stands for it
+  std::size_t record = 0;  // where in the definition it is described
   std::vector<Part> parts;
   RowPointer pages;
   std::uint32_t root = 0;
@@ -64,6 +65,8 @@ struct TableDef {
   // Errors carry the page; loops and lengths beyond the pages are Damaged.
   static base::Result<TableDef> read(const Pager& pager, std::uint32_t page);
   std::optional<std::size_t> columnByName(std::string_view name) const;
+  // Writes another root page into the definition and keeps it here.
+  base::Result<void> changeRoot(Pager& pager, std::size_t index, std::uint32_t root);
 };
 
 }  // namespace jet

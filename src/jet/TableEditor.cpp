@@ -5,6 +5,7 @@
 #include "jet/Damage.h"
 #include "jet/FieldValue.h"
 #include "jet/LongValue.h"
+#include "jet/TableIndexes.h"
 
 namespace jet {
 namespace {
@@ -23,9 +24,12 @@ TableEditor::TableEditor(Pager& pager, Table& table)
       table_(&table),
       space_(pager, table.def().page, table.def().ownedPages, table.def().freeSpacePages) {}
 
-Result<void> TableEditor::set(std::size_t position, std::size_t column, const Value& value) {
+Result<void> TableEditor::set(std::size_t position, std::size_t column, const Value& given) {
   const ColumnDef& def = table_->def().columns[column];
-  if (auto allowed = checkAllowed(def, value); !allowed) return allowed;
+  if (auto allowed = checkAllowed(def, given); !allowed) return allowed;
+  auto normalized = asStored(def, given);
+  if (!normalized) return Failure(normalized.error());
+  const Value& value = *normalized;
   auto row = table_->stored(table_->row(position));
   if (!row) return Failure(row.error());
   if (row->pointers > 1)
@@ -36,9 +40,18 @@ Result<void> TableEditor::set(std::size_t position, std::size_t column, const Va
   if (!old) return at(row->place.page, old.error());
   if (*old == value) return {};
   Pager::Step step(*pager_);
-  if (auto done = change(*row, *view, def, value); !done) return done;
+  if (auto done = change(*row, *view, column, value); !done) return done;
   step.keep();
   return {};
+}
+
+// The value in the column's own kind, as it will be read.
+Result<Value> TableEditor::asStored(const ColumnDef& def, const Value& value) {
+  if (def.column.type == ColumnType::Boolean) return isNull(value) ? Value(false) : value;
+  if (isNull(value)) return value;
+  auto bytes = encodeField(def, value);
+  if (!bytes) return Failure(bytes.error());
+  return decodeField(def, *bytes);
 }
 
 Result<void> TableEditor::checkAllowed(const ColumnDef& def, const Value& value) const {
@@ -49,19 +62,23 @@ Result<void> TableEditor::checkAllowed(const ColumnDef& def, const Value& value)
   if (def.column.type == ColumnType::Boolean && !isNull(value) &&
       !std::holds_alternative<bool>(value))
     return base::fail(ErrorCode::InvalidValue, "Der Wert passt nicht zur Art des Feldes");
-  for (const IndexDef& index : table_->def().indexes)
-    for (const IndexDef::Part& part : index.parts)
-      if (&table_->def().columns[part.column] == &def)
-        return base::fail(ErrorCode::Unsupported, "Das Feld gehört zu einem Index");
   return {};
 }
 
 Result<void> TableEditor::change(const Table::StoredRow& row, const RowView& view,
-                                 const ColumnDef& def, const Value& value) {
+                                 std::size_t column, const Value& value) {
+  TableIndexes indexes(*pager_, *table_);
+  auto keys = indexes.plan(row.home, view, column, value);
+  if (!keys) return Failure(keys.error());
+  if (auto done = changeField(row, view, table_->def().columns[column], value); !done) return done;
+  return indexes.apply(*keys);
+}
+
+Result<void> TableEditor::changeField(const Table::StoredRow& row, const RowView& view,
+                                      const ColumnDef& def, const Value& value) {
   if (def.column.type == ColumnType::Boolean) {
     RowContent content(pager_->version(), table_->def(), view);
-    const auto* truth = std::get_if<bool>(&value);
-    content.setBit(def.column.number, truth != nullptr && *truth);
+    content.setBit(def.column.number, std::get<bool>(value));
     auto bytes = content.encode();
     if (!bytes) return Failure(bytes.error());
     return store(row, *bytes);

@@ -17,9 +17,12 @@ class TableEditor {
  private:
   using OptionalBytes = std::optional<base::Bytes>;
 
+  static base::Result<Value> asStored(const ColumnDef& column, const Value& value);
   base::Result<void> checkAllowed(const ColumnDef& column, const Value& value) const;
-  base::Result<void> change(const Table::StoredRow& row, const RowView& view,
-                            const ColumnDef& column, const Value& value);
+  base::Result<void> change(const Table::StoredRow& row, const RowView& view, std::size_t column,
+                            const Value& value);
+  base::Result<void> changeField(const Table::StoredRow& row, const RowView& view,
+                                 const ColumnDef& column, const Value& value);
   // What the row is to hold; long values go to their pages.
   base::Result<OptionalBytes> encode(const ColumnDef& column, const Value& value);
   base::Result<bool> patch(const Table::StoredRow& row, const RowView& view,

@@ -209,4 +209,62 @@ TEST_F(Update, FillsUpShortRowsOfJet3) {
             std::vector<std::string>{"0\trow1col1\t\\N\t\\N\t\\N\t\\N\t\\N\t\\N\t\\N\tneu"});
 }
 
+TEST_F(Update, KeepsEveryIndexOfAChangedField) {
+  open("year/filled.kwd");
+  const std::vector<std::string> names = {"Zürich", "ämter", "Apfel-Baum", "", "Straße"};
+  for (std::size_t row = 0; row < 12; ++row) store("Gas", row, "Monat", names[row % names.size()]);
+  store("Gas", 5, "Monat", jet::Null());
+  store("Gas", 5, "VGas", 3.0);
+  reopen();
+  EXPECT_EQ(value("Gas", 0, "Monat"), Value(std::string("Zürich")));
+  EXPECT_TRUE(database_->warnings().empty()) << germanMessage(database_->warnings()[0].error);
+}
+
+TEST_F(Update, RefusesASecondEqualValueInAUniqueIndex) {
+  open("jet4/testIndexPropertiesV2000.mdb");
+  ASSERT_TRUE(database_->begin());
+  EXPECT_EQ(set("TableUnique1_temp", 0, "data", std::string("MORE")).error().code,
+            ErrorCode::InvalidValue);
+  EXPECT_EQ(set("TableUnique1_temp", 0, "row", jet::Null()).error().code, ErrorCode::InvalidValue);
+  EXPECT_TRUE(set("TableUnique1_temp", 0, "data", jet::Null()));
+  EXPECT_TRUE(set("TableUnique1_temp", 1, "data", std::string("new")));
+  ASSERT_TRUE(database_->commit());
+  reopen();
+  table("TableUnique1_temp");
+  EXPECT_TRUE(database_->warnings().empty());
+}
+
+struct BigIndex {
+  const char* file;
+  const char* table;
+  const char* column;
+  std::size_t width;  // of the longest texts that are stored; 0 = a number column
+};
+
+// Keys get long and short again in every row, so leaves split, empty and are given back.
+TEST_F(Update, SplitsAndEmptiesTheLeavesOfBigIndexes) {
+  for (const BigIndex& index : {BigIndex{"jet3/testIndexCodesV1997.mdb", "Table1", "data", 100},
+                                BigIndex{"jet4/compIndexTestV2000.mdb", "Table1", "CD_AGENTE", 0},
+                                BigIndex{"year/filled.kwd", "Gas", "Monat", 20}}) {
+    open(index.file);
+    const auto warnings = database_->check().size();
+    jet::RecordSet rows = table(index.table);
+    const std::size_t column = *rows.columnIndex(index.column);
+    for (const std::size_t width : {index.width, std::size_t{1}, index.width}) {
+      ASSERT_TRUE(database_->begin());
+      for (std::size_t row = 0; row < rows.count(); ++row) {
+        const auto number = static_cast<std::int64_t>((row * 7919 + width) % 100000);
+        std::string text = std::to_string(number);
+        if (text.size() < width) text.resize(width, 'w');
+        const Value wanted = index.width == 0 ? Value(number) : Value(text);
+        auto done = rows.set(row, column, wanted);
+        ASSERT_TRUE(done) << germanMessage(done.error());
+      }
+      ASSERT_TRUE(database_->commit());
+      const auto findings = database_->check();
+      EXPECT_EQ(findings.size(), warnings) << germanMessage(findings[0].error);
+    }
+  }
+}
+
 }  // namespace

@@ -1,0 +1,253 @@
+#include "jet/TableIndexes.h"
+
+#include <algorithm>
+#include <set>
+
+#include "jet/Damage.h"
+#include "jet/IndexKey.h"
+#include "jet/UsageMap.h"
+
+namespace jet {
+namespace {
+
+using base::ErrorCode;
+using base::Failure;
+using base::Result;
+
+bool allNull(const std::vector<Value>& values) {
+  return std::all_of(values.begin(), values.end(), isNull);
+}
+bool anyNull(const std::vector<Value>& values) {
+  return std::any_of(values.begin(), values.end(), isNull);
+}
+
+}  // namespace
+
+Failure TableIndexes::named(const IndexDef& index, base::Error error) const {
+  if (error.subject.empty()) error.subject = table_->name() + ", Index " + index.name;
+  return pager_->located(std::move(error));
+}
+
+Result<std::vector<Value>> TableIndexes::keyValues(const IndexDef& index,
+                                                   const RowView& view) const {
+  std::vector<Value> values;
+  for (const IndexDef::Part& part : index.parts) {
+    auto value = table_->decode(view, part.column);
+    if (!value) return Failure(value.error());
+    values.push_back(std::move(*value));
+  }
+  return values;
+}
+
+Result<std::optional<IndexEntry>> TableIndexes::entryOf(const IndexDef& index, RowPointer row,
+                                                        const std::vector<Value>& values) const {
+  if (index.ignoreNulls && allNull(values)) return std::nullopt;
+  std::vector<KeyPart> parts;
+  for (const IndexDef::Part& part : index.parts) {
+    const ColumnDef& column = table_->def().columns[part.column];
+    parts.push_back({column.column.type, part.ascending, column.textOrder});
+  }
+  auto key = encodeKey(parts, values);
+  if (!key) return named(index, key.error());
+  return IndexEntry::of(*key, row);
+}
+
+// --- a change of one field ---
+
+Result<std::vector<TableIndexes::KeyChange>> TableIndexes::plan(RowPointer row, const RowView& view,
+                                                                std::size_t column,
+                                                                const Value& value) const {
+  std::vector<KeyChange> changes;
+  for (std::size_t i = 0; i < table_->def().indexes.size(); ++i) {
+    const IndexDef& index = table_->def().indexes[i];
+    const auto part = std::find_if(index.parts.begin(), index.parts.end(),
+                                   [&](const IndexDef::Part& p) { return p.column == column; });
+    if (part == index.parts.end()) continue;
+    if (const auto& damage = table_->indexStates()[i].damage) return Failure(*damage);
+    auto values = keyValues(index, view);
+    if (!values) return Failure(values.error());
+    auto removed = entryOf(index, row, *values);
+    (*values)[static_cast<std::size_t>(part - index.parts.begin())] = value;
+    auto added = entryOf(index, row, *values);
+    if (!removed || !added) return Failure(removed ? added.error() : removed.error());
+    if (removed->has_value() == added->has_value() &&
+        (!*removed || (*removed)->bytes == (*added)->bytes))
+      continue;
+    if (auto allowed = checkConstraints(index, *values, *added); !allowed)
+      return Failure(allowed.error());
+    changes.push_back({i, std::move(*removed), std::move(*added)});
+  }
+  return changes;
+}
+
+Result<void> TableIndexes::checkConstraints(const IndexDef& index, const std::vector<Value>& values,
+                                            const std::optional<IndexEntry>& added) const {
+  if (index.required && anyNull(values)) {
+    Failure empty = base::fail(ErrorCode::InvalidValue, "Das Feld darf nicht leer sein");
+    return named(index, empty.value());
+  }
+  if (!index.unique || anyNull(values) || !added) return {};
+  const IndexTree tree(*pager_, table_->def().page, index);
+  auto present = tree.containsKey(added->key());
+  if (!present) return named(index, present.error());
+  if (!*present) return {};
+  Failure twice =
+      base::fail(ErrorCode::InvalidValue, "Den Wert gibt es schon in einem anderen Datensatz");
+  return named(index, twice.value());
+}
+
+Result<void> TableIndexes::apply(const std::vector<KeyChange>& changes) {
+  for (const KeyChange& change : changes) {
+    const IndexDef& index = table_->def().indexes[change.index];
+    IndexTree tree(*pager_, table_->def().page, index);
+    Result<void> done;
+    if (change.removed) done = tree.remove(*change.removed);
+    if (done && change.added) done = tree.insert(*change.added);
+    if (done) continue;
+    Failure failure = named(index, done.error());
+    if (failure.value().code == ErrorCode::IndexDamaged)
+      table_->indexStates()[change.index] = {true, failure.value()};
+    return failure;
+  }
+  return {};
+}
+
+// --- the whole ---
+
+Result<std::vector<IndexEntry>> TableIndexes::entriesOfRows(const IndexDef& index) const {
+  std::vector<IndexEntry> entries;
+  for (std::size_t i = 0; i < table_->rowCount(); ++i) {
+    const RowPointer home = table_->row(i);
+    auto row = table_->stored(home);
+    if (!row) return Failure(row.error());
+    auto view = RowView::parse(pager_->version(), table_->def(), row->bytes);
+    if (!view) return at(row->place.page, view.error());
+    auto values = keyValues(index, *view);
+    if (!values) return at(row->place.page, values.error());
+    auto entry = entryOf(index, home, *values);
+    if (!entry) return Failure(entry.error());
+    if (*entry) entries.push_back(std::move(**entry));
+  }
+  std::sort(entries.begin(), entries.end(),
+            [](const IndexEntry& a, const IndexEntry& b) { return a.bytes < b.bytes; });
+  return entries;
+}
+
+Result<void> TableIndexes::verify(std::size_t i, std::vector<std::uint32_t>* pages) const {
+  const IndexDef& index = table_->def().indexes[i];
+  const IndexTree tree(*pager_, table_->def().page, index);
+  auto stored = tree.entries(table_->rowCount(), pages);
+  if (!stored) return named(index, stored.error());
+  auto wanted = entriesOfRows(index);
+  if (!wanted && wanted.error().code == ErrorCode::Unsupported)
+    return comparePointers(index, *stored);
+  if (!wanted) return Failure(wanted.error());
+  const auto same = [](const IndexEntry& a, const IndexEntry& b) { return a.bytes == b.bytes; };
+  const auto [a, b] =
+      std::mismatch(stored->begin(), stored->end(), wanted->begin(), wanted->end(), same);
+  if (a == stored->end() && b == wanted->end()) return {};
+  // The smaller of the two is the one that the other side lacks.
+  const bool missing = a == stored->end() || (b != wanted->end() && b->bytes < a->bytes);
+  const RowPointer row = missing ? b->row() : a->row();
+  const std::string which =
+      "Datensatz " + std::to_string(row.slot) + " der Seite " + std::to_string(row.page);
+  Failure failure = missing ? indexDamaged(index.root, which + " hat nicht den richtigen Eintrag")
+                            : indexDamaged(index.root, "Eintrag passt zu keinem Wert: " + which);
+  return named(index, failure.value());
+}
+
+// For keys that this program cannot make: each entry has its row, no row has two.
+Result<void> TableIndexes::comparePointers(const IndexDef& index,
+                                           const std::vector<IndexEntry>& entries) const {
+  std::set<RowPointer> rows;
+  for (std::size_t i = 0; i < table_->rowCount(); ++i) rows.insert(table_->row(i));
+  for (const IndexEntry& entry : entries) {
+    if (rows.erase(entry.row()) == 1) continue;
+    Failure failure = indexDamaged(index.root, "Eintrag ohne Datensatz");
+    return named(index, failure.value());
+  }
+  if (rows.empty() || index.ignoreNulls) return {};
+  Failure failure = indexDamaged(index.root, "Ein Datensatz hat keinen Eintrag");
+  return named(index, failure.value());
+}
+
+void TableIndexes::verifyAll() {
+  for (std::size_t i = 0; i < table_->def().indexes.size(); ++i) {
+    auto sound = verify(i);
+    Table::IndexState& state = table_->indexStates()[i];
+    state = {};
+    if (sound) {
+      state.checked = true;
+    } else if (sound.error().code == ErrorCode::IndexDamaged) {
+      state = {true, sound.error()};
+    }
+  }
+}
+
+// --- making anew ---
+
+// Pages that the index's own list names, that look like pages of an index of this table or are the
+// root, and that no other index of the table lists. Others stay where they are: they may be in use.
+std::vector<std::uint32_t> TableIndexes::usablePages(std::size_t which) const {
+  const TableDef& def = table_->def();
+  std::set<std::uint32_t> foreign;
+  for (std::size_t i = 0; i < def.indexes.size(); ++i) {
+    if (i == which) continue;
+    foreign.insert(def.indexes[i].root);
+    auto pages = UsageMap(*pager_, def.indexes[i].pages).pages();
+    if (pages) foreign.insert(pages->begin(), pages->end());
+  }
+  std::vector<std::uint32_t> usable;
+  auto own = UsageMap(*pager_, def.indexes[which].pages).pages();
+  if (!own) return usable;
+  for (const std::uint32_t number : *own) {
+    if (foreign.count(number) != 0) continue;
+    auto page = pager_->page(number);
+    if (!page) continue;
+    const std::uint8_t kind = (**page)[0];
+    const bool looksRight = (kind == static_cast<std::uint8_t>(format::PageKind::IndexLeaf) ||
+                             kind == static_cast<std::uint8_t>(format::PageKind::IndexNode)) &&
+                            pager_->version().indexPage.tableDef.get(**page) == def.page;
+    if (looksRight || number == def.indexes[which].root) usable.push_back(number);
+  }
+  return usable;
+}
+
+Result<void> TableIndexes::rebuild(std::size_t i) {
+  TableDef& def = table_->def();
+  const IndexDef& index = def.indexes[i];
+  auto entries = entriesOfRows(index);
+  if (!entries) return Failure(entries.error());
+  if (index.unique) {
+    const auto sameKey = [](const IndexEntry& a, const IndexEntry& b) {
+      return std::equal(a.key().begin(), a.key().end(), b.key().begin(), b.key().end());
+    };
+    const auto twice = std::adjacent_find(entries->begin(), entries->end(), sameKey);
+    // Only keys that are wholly Null may repeat; their flag bytes are all 00 or FF.
+    const auto isNullKey = [](const IndexEntry& entry) {
+      const base::ByteSpan key = entry.key();
+      return std::all_of(key.begin(), key.end(), [](auto b) { return b == 0 || b == 0xFF; });
+    };
+    if (twice != entries->end() && !isNullKey(*twice)) {
+      Failure failure =
+          base::fail(ErrorCode::InvalidValue, "Der Wert eines Datensatzes kommt doppelt vor");
+      failure.value().page = twice->row().page;
+      return named(index, failure.value());
+    }
+  }
+  IndexTree tree(*pager_, def.page, index);
+  auto root = tree.rebuild(*entries, usablePages(i));
+  if (!root) return named(index, root.error());
+  if (*root != index.root)
+    if (auto done = def.changeRoot(*pager_, i, *root); !done) return named(index, done.error());
+  table_->indexStates()[i] = {true, std::nullopt};
+  return {};
+}
+
+Result<void> TableIndexes::rebuildAll() {
+  for (std::size_t i = 0; i < table_->def().indexes.size(); ++i)
+    if (auto done = rebuild(i); !done) return done;
+  return {};
+}
+
+}  // namespace jet

@@ -1,0 +1,56 @@
+#pragma once
+
+#include <optional>
+#include <vector>
+
+#include "jet/IndexTree.h"
+#include "jet/Table.h"
+
+namespace jet {
+
+// The indexes of a table as a whole: their keys from its rows, checked, kept right on a change, or
+// made anew. Errors about an index carry its name.
+class TableIndexes {
+ public:
+  TableIndexes(Pager& pager, Table& table) : pager_(&pager), table_(&table) {}
+
+  // What a change of one field of a row does to the indexes.
+  struct KeyChange {
+    std::size_t index = 0;
+    std::optional<IndexEntry> removed;  // nullopt: the row had or gets no entry
+    std::optional<IndexEntry> added;
+  };
+  // IndexDamaged when an index concerned is damaged; InvalidValue for a second equal value in a
+  // unique index or an empty one in a primary key; Unsupported when the key cannot be made.
+  base::Result<std::vector<KeyChange>> plan(RowPointer row, const RowView& view, std::size_t column,
+                                            const Value& value) const;
+  base::Result<void> apply(const std::vector<KeyChange>& changes);
+
+  // Compares each index with the rows and keeps the outcome in the table. Rows that cannot be read
+  // end the check without an outcome: reading them tells.
+  void verifyAll();
+  // The trees alone decide: entries in order, each of a row of the table, each row with its entry.
+  base::Result<void> verify(std::size_t index, std::vector<std::uint32_t>* pages = nullptr) const;
+
+  // Makes every index anew from the rows.
+  base::Result<void> rebuildAll();
+
+ private:
+  base::Result<std::vector<Value>> keyValues(const IndexDef& index, const RowView& view) const;
+  // nullopt when the index leaves such rows out.
+  base::Result<std::optional<IndexEntry>> entryOf(const IndexDef& index, RowPointer row,
+                                                  const std::vector<Value>& values) const;
+  base::Result<std::vector<IndexEntry>> entriesOfRows(const IndexDef& index) const;
+  base::Result<void> comparePointers(const IndexDef& index,
+                                     const std::vector<IndexEntry>& entries) const;
+  base::Result<void> checkConstraints(const IndexDef& index, const std::vector<Value>& values,
+                                      const std::optional<IndexEntry>& added) const;
+  base::Result<void> rebuild(std::size_t index);
+  std::vector<std::uint32_t> usablePages(std::size_t index) const;
+  base::Failure named(const IndexDef& index, base::Error error) const;
+
+  Pager* pager_;
+  Table* table_;
+};
+
+}  // namespace jet
