@@ -117,6 +117,19 @@ base::Result<bool> resetBaseFolder(base::FileSystem& files, const SystemFacts& f
   return true;
 }
 
+std::string plainVersion(std::string_view version) {
+  std::string plain;
+  while (true) {
+    std::string_view number = version.substr(0, version.find('.'));
+    const std::size_t length = number.size();
+    while (number.size() > 1 && number.front() == '0') number.remove_prefix(1);
+    plain += number;
+    if (length == version.size()) return plain;
+    plain += '.';
+    version.remove_prefix(length + 1);
+  }
+}
+
 base::Result<void> makeCurrent(const std::string& folder) {
   std::error_code error;
   std::filesystem::current_path(base::toPath(folder), error);

@@ -63,6 +63,9 @@ base::Result<void> changeBaseFolder(yearbook::PathState& paths, base::FileSystem
 // Deletes the path file of the default data folder. False when there is none.
 base::Result<bool> resetBaseFolder(base::FileSystem& files, const SystemFacts& facts);
 
+// "8.08.0040" is "8.8.40": each number plain, without leading zeros.
+std::string plainVersion(std::string_view version);
+
 // Windows rely on the data folder being the current one.
 base::Result<void> makeCurrent(const std::string& folder);
 

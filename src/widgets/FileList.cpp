@@ -1,5 +1,6 @@
 #include "widgets/FileList.h"
 
+#include <QKeyEvent>
 #include <QSignalBlocker>
 
 namespace widgets {
@@ -11,10 +12,11 @@ FileList::FileList(QWidget* parent) : QListWidget(parent) {
   // A click on the name that is current already counts as a choice, too.
   connect(this, &QListWidget::itemClicked, this,
           [this](const QListWidgetItem* item) { Q_EMIT chosen(item->text()); });
-  connect(this, &QListWidget::currentItemChanged, this, [this](const QListWidgetItem* item) {
-    if (item != nullptr && hasFocus()) Q_EMIT chosen(item->text());
+  connect(this, &QListWidget::itemSelectionChanged, this, [this] {
+    if (const QString name = selectedName(); !name.isEmpty()) Q_EMIT chosen(name);
   });
-  connect(this, &QListWidget::itemActivated, this,
+  // Not itemActivated(): some desktops activate by a single click.
+  connect(this, &QListWidget::itemDoubleClicked, this,
           [this](const QListWidgetItem* item) { Q_EMIT opened(item->text()); });
 }
 
@@ -33,6 +35,14 @@ void FileList::fill(const QString& selected) {
   if (lister_ && !folder_.isEmpty()) addItems(lister_(folder_));
   setCurrentRow(-1);
   if (!selected.isEmpty()) selectName(selected);
+}
+
+void FileList::keyPressEvent(QKeyEvent* event) {
+  const bool enter = event->key() == Qt::Key_Return || event->key() == Qt::Key_Enter;
+  if (const QString name = selectedName(); enter && !name.isEmpty())
+    Q_EMIT opened(name);
+  else
+    QListWidget::keyPressEvent(event);
 }
 
 QStringList FileList::names() const {

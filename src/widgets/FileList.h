@@ -28,10 +28,13 @@ class FileList final : public QListWidget {
   bool selectName(const QString& name);
 
  Q_SIGNALS:
-  // The user has clicked a name or moved to it by key.
+  // A name was selected (not by selectName()), or the selected one was clicked again.
   void chosen(const QString& name);
   // Double-click or Enter.
   void opened(const QString& name);
+
+ protected:
+  void keyPressEvent(QKeyEvent* event) override;
 
  private:
   void fill(const QString& selected);

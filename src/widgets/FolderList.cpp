@@ -28,8 +28,8 @@ FolderList::FolderList(QWidget* parent) : QTreeWidget(parent) {
   connect(this, &QTreeWidget::itemExpanded, this, &FolderList::fill);
   // A click on the folder that is current already counts as a choice, too.
   connect(this, &QTreeWidget::itemClicked, this, [this] { Q_EMIT chosen(path()); });
-  connect(this, &QTreeWidget::currentItemChanged, this, [this](const QTreeWidgetItem* item) {
-    if (item != nullptr && hasFocus()) Q_EMIT chosen(path());
+  connect(this, &QTreeWidget::itemSelectionChanged, this, [this] {
+    if (!selectedItems().isEmpty()) Q_EMIT chosen(path());
   });
 }
 
@@ -82,12 +82,14 @@ bool FolderList::setPath(const QString& root, const QString& folder) {
   fill(item);
   item->setExpanded(true);
   setCurrentItem(item);
+  shown_ = item->data(0, kPathRole).toString();
   scrollToItem(item, QAbstractItemView::PositionAtCenter);
   return true;
 }
 
 QString FolderList::path() const {
-  return currentItem() == nullptr ? QString() : currentItem()->data(0, kPathRole).toString();
+  const QList<QTreeWidgetItem*> items = selectedItems();
+  return items.isEmpty() ? shown_ : items.first()->data(0, kPathRole).toString();
 }
 
 void FolderList::refresh() {

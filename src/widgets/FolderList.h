@@ -28,7 +28,7 @@ class FolderList final : public QTreeWidget {
   void refresh();
 
  Q_SIGNALS:
-  // The user has selected a folder.
+  // A folder was selected (not by setPath()), or the selected one was clicked again.
   void chosen(const QString& path);
 
  private:
@@ -38,6 +38,7 @@ class FolderList final : public QTreeWidget {
 
   Lister lister_;
   QString root_;
+  QString shown_;  // by setPath(); counts while nothing is selected
 };
 
 }  // namespace widgets

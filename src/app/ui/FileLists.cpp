@@ -1,0 +1,51 @@
+#include "app/ui/FileLists.h"
+
+#include <QDir>
+#include <string>
+
+#include "app/YearFiles.h"
+#include "base/Drives.h"
+
+using namespace Qt::Literals::StringLiterals;
+
+namespace app {
+namespace {
+
+QStringList toQt(const std::vector<std::string>& names) {
+  QStringList result;
+  for (const std::string& name : names) result += QString::fromStdString(name);
+  return result;
+}
+
+}  // namespace
+
+widgets::FileList::Lister filesOf(const base::FileSystem& files, std::string_view extension) {
+  return [&files, extension](const QString& folder) {
+    return toQt(filesWithExtension(files, folder.toStdString(), extension));
+  };
+}
+
+widgets::FolderList::Lister subfoldersOf(const base::FileSystem& files) {
+  return [&files](const QString& folder) -> std::optional<QStringList> {
+    if (!files.list(folder.toStdString())) return std::nullopt;
+    QStringList names = toQt(ListSubfolders(files, folder.toStdString()));
+    names.removeIf([](const QString& name) { return name.startsWith(u'.'); });
+    return names;
+  };
+}
+
+QString firstBackupFolder() {
+#ifdef _WIN32
+  return u"C:\\"_s;
+#else
+  return QDir::homePath();
+#endif
+}
+
+bool showFolder(widgets::DriveList& drives, widgets::FolderList& folders, const QString& folder) {
+  drives.setDrives(toQt(base::driveRoots()));
+  drives.showDriveOf(folder);
+  return folders.setPath(drives.drive(), folder);
+}
+
+}  // namespace app

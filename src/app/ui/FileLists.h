@@ -1,0 +1,25 @@
+#pragma once
+
+#include <string_view>
+
+#include "base/File.h"
+#include "widgets/DriveList.h"
+#include "widgets/FileList.h"
+#include "widgets/FolderList.h"
+
+// What the lists of the start and backup windows show of the disk.
+namespace app {
+
+// The files with the extension (".kwd").
+widgets::FileList::Lister filesOf(const base::FileSystem& files, std::string_view extension);
+// The subfolders that are not hidden.
+widgets::FolderList::Lister subfoldersOf(const base::FileSystem& files);
+
+// The folder where looking for a backup medium starts: the system drive, or the home folder where
+// there are no drive letters.
+QString firstBackupFolder();
+
+// Fills the drive list, shows the folder in both lists. False when its drive cannot be read.
+bool showFolder(widgets::DriveList& drives, widgets::FolderList& folders, const QString& folder);
+
+}  // namespace app

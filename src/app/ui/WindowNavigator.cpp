@@ -1,0 +1,131 @@
+#include "app/ui/WindowNavigator.h"
+
+#include <QApplication>
+#include <QEventLoop>
+#include <QTimer>
+
+#include "base/Paths.h"
+
+using namespace Qt::Literals::StringLiterals;
+
+namespace app {
+namespace {
+
+// The window that the user is working in; a window that is to be usable must lie over it.
+QWidget* frontWindow() {
+  QWidget* modal = QApplication::activeModalWidget();
+  return modal != nullptr ? modal : QApplication::activeWindow();
+}
+
+template <class Window>
+void showOnce(QPointer<Window>& window) {
+  QWidget* front = frontWindow();
+  // A window that belongs to another one cannot be reached while this one is modal.
+  if (window && window->parentWidget() != front && window != front) delete window.data();
+  if (!window) window = new Window(front);
+  window->showInFront();
+}
+
+}  // namespace
+
+WindowNavigator::~WindowNavigator() {
+  delete main_.data();
+  delete start_.data();
+}
+
+void WindowNavigator::begin(dialogs::Services& services, const SystemFacts& facts,
+                            YearWindowFactory factory) {
+  services_ = &services;
+  facts_ = facts;
+  factory_ = std::move(factory);
+}
+
+void WindowNavigator::showStartWindow() {
+  start_ = new frmVerbrStart(*services_, facts_, *this);
+  start_->show();
+}
+
+QWidget* WindowNavigator::makeMainWindow(QWidget* parent) {
+  const std::string path = services_->paths.YearDatabasePath;
+  auto copy =
+      std::make_shared<SafetyCopy>(services_->files, std::string(base::folderOf(path)),
+                                   std::string(base::fileName(path)), services_->clock.today());
+  copy->prepare();
+  const YearWindow year = factory_(parent);
+  if (year.window == nullptr) return nullptr;
+  year.window->setAttribute(Qt::WA_DeleteOnClose);
+  followSafetyCopy(std::move(copy), year);
+  main_ = year.window;
+  return year.window;
+}
+
+void WindowNavigator::followSafetyCopy(std::shared_ptr<SafetyCopy> copy, const YearWindow& year) {
+  constexpr int kAfterFirstPaint = 400;
+  QTimer::singleShot(kAfterFirstPaint, year.window, [copy, hint = year.hint] {
+    const auto outcome = copy->finish();
+    if (!outcome && hint)
+      hint(u"Die Sicherheitskopie dieses Jahres konnte nicht angelegt werden. "_s +
+           QString::fromStdString(base::germanMessage(outcome.error())));
+  });
+  QObject::connect(year.window, &QObject::destroyed, qApp, [copy] {
+    base::ignore(copy->finish(), "the year itself is stored; the next opening tries again");
+    base::ignore(copy->afterClosing(), "the year itself is stored; the next opening tries again");
+  });
+}
+
+void WindowNavigator::openMainWindow() {
+  QWidget* window = makeMainWindow(nullptr);
+  if (window == nullptr) return;
+  // The other way round the last window would have closed in between, which ends the program.
+  window->show();
+  if (start_) start_->close();
+}
+
+void WindowNavigator::openYearOver(QWidget* start) {
+  QWidget* window = makeMainWindow(start);
+  if (window == nullptr) return;
+  window->setWindowFlag(Qt::Window);
+  window->setWindowModality(Qt::WindowModal);
+  QEventLoop untilClosed;
+  QObject::connect(window, &QObject::destroyed, &untilClosed, &QEventLoop::quit);
+  window->show();
+  untilClosed.exec();
+}
+
+void WindowNavigator::showNewDatabase() {
+  showNewDatabaseWindow(*services_, frontWindow());
+}
+
+// Later, for the caller is a handler of the window that goes.
+void WindowNavigator::restartAtStartWindow() {
+  QTimer::singleShot(0, qApp, [this] {
+    const QPointer<frmVerbrStart> old = start_;
+    const QPointer<QWidget> year = main_;
+    // The main window goes first, so that its year is closed when the new start window looks.
+    const bool quits = QApplication::quitOnLastWindowClosed();
+    QApplication::setQuitOnLastWindowClosed(false);
+    if (year) {
+      year->close();
+      QApplication::sendPostedEvents(year, QEvent::DeferredDelete);
+    }
+    if (old) old->close();
+    showStartWindow();
+    QApplication::setQuitOnLastWindowClosed(quits);
+  });
+}
+
+void WindowNavigator::showHelp() {
+  showOnce(help_);
+}
+void WindowNavigator::showMeterChangeHelp() {
+  showOnce(meterChangeHelp_);
+}
+
+void WindowNavigator::endProgram() {
+  QTimer::singleShot(0, qApp, [] {
+    QApplication::closeAllWindows();
+    QApplication::quit();
+  });
+}
+
+}  // namespace app

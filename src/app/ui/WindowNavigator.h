@@ -1,0 +1,57 @@
+#pragma once
+
+#include <QPointer>
+#include <QWidget>
+#include <functional>
+#include <memory>
+
+#include "app/SafetyCopy.h"
+#include "app/ui/frmVerbrStart.h"
+#include "dialogs/HelpWindows.h"
+#include "dialogs/Navigator.h"
+
+namespace app {
+
+// A main window that shows an open year.
+struct YearWindow {
+  QWidget* window = nullptr;  // nullptr: the year could not be opened, and the user knows why
+  std::function<void(const QString&)> hint;  // shows a line that does not ask for an answer
+};
+// Opens PathState::YearDatabasePath in a new main window, not shown yet.
+using YearWindowFactory = std::function<YearWindow(QWidget* parent)>;
+
+// The ways between the windows: which one is open, which one takes over.
+//
+// Made before the services that refer to it; begin() must follow before anything else.
+class WindowNavigator final : public dialogs::Navigator, public YearOpener {
+ public:
+  ~WindowNavigator() override;
+  void begin(dialogs::Services& services, const SystemFacts& facts, YearWindowFactory factory);
+
+  // The start window afresh.
+  void showStartWindow();
+
+  void openYear() override { openMainWindow(); }
+  void openYearOver(QWidget* start) override;
+
+  void openMainWindow() override;
+  void showNewDatabase() override;
+  void restartAtStartWindow() override;
+  void showHelp() override;
+  void showMeterChangeHelp() override;
+  void endProgram() override;
+
+ private:
+  QWidget* makeMainWindow(QWidget* parent);
+  void followSafetyCopy(std::shared_ptr<SafetyCopy> copy, const YearWindow& year);
+
+  dialogs::Services* services_ = nullptr;
+  SystemFacts facts_;
+  YearWindowFactory factory_;
+  QPointer<frmVerbrStart> start_;
+  QPointer<QWidget> main_;
+  QPointer<frmHilfe> help_;
+  QPointer<frmHilfeZaehlerWechs> meterChangeHelp_;
+};
+
+}  // namespace app

@@ -1,0 +1,115 @@
+#include "app/ui/frmNeuVerbrauch.h"
+
+#include <QGridLayout>
+#include <QHBoxLayout>
+
+#include "app/DataFolder.h"
+#include "app/RunTimeError.h"
+#include "app/YearFiles.h"
+#include "dialogs/Prompts.h"
+
+using namespace Qt::Literals::StringLiterals;
+using dialogs::Button;
+using dialogs::Buttons;
+using dialogs::Icon;
+
+frmNeuVerbrauch::frmNeuVerbrauch(dialogs::Services& services, QWidget* parent)
+    : QDialog(parent), services_(services) {
+  setObjectName(u"frmNeuVerbrauch"_s);
+  setTexts();
+  buildLayout();
+  txtBenutzer->setFilter([](const QString& input) {
+    return QString::fromStdString(app::allowedYearName(input.toStdString()));
+  });
+  // The only field: Enter is the button.
+  txtBenutzer->setEnterMovesOn(false);
+  Command1->setDefault(true);
+  connect(Command1, &QPushButton::clicked, this, &frmNeuVerbrauch::Command1Click);
+  connect(Command2, &QPushButton::clicked, this, &QDialog::close);
+}
+
+void frmNeuVerbrauch::setTexts() {
+  setWindowTitle(u"Weitere Datenbanken (Verbrauch) anlegen."_s);
+  Text2->setPlainText(
+      u"Benutzen Sie dieses Fenster,\n"
+      "wenn Sie zusätzlich zu der bestehenden \n"
+      "Datenbank Verbrauch\n"
+      "weitere Datenbanken anlegen wollen.\n"_s);
+  Text2->setReadOnly(true);
+  Text2->setTabChangesFocus(true);
+  Text2->setFocusPolicy(Qt::ClickFocus);
+  Text2->setAccessibleName(u"Hinweis"_s);
+  Label2->setText(u"Eingabe Name :"_s);
+  Label2->setBuddy(txtBenutzer);
+  txtBenutzer->setAccessibleName(u"Eingabe Name"_s);
+  txtBenutzer->setToolTip(u"Name ohne Endung; nicht erlaubt sind  \\ / < > * . ? : ; , |"_s);
+  txtBenutzer->setMaxLength(200);
+  Command1->setText(u"&Datenbank anlegen"_s);
+  Command1->setAccessibleName(u"Datenbank anlegen"_s);
+  Command2->setText(u"Fenster schließen"_s);
+  Command2->setAccessibleName(Command2->text());
+  Command2->setAutoDefault(false);
+}
+
+void frmNeuVerbrauch::buildLayout() {
+  Text2->setFrameShape(QFrame::NoFrame);
+  QPalette plain = Text2->palette();
+  plain.setColor(QPalette::Base, palette().color(QPalette::Window));
+  Text2->setPalette(plain);
+  Text2->setFixedHeight(Text2->fontMetrics().lineSpacing() * 5 + 8);
+  Text2->setVerticalScrollBarPolicy(Qt::ScrollBarAlwaysOff);
+  txtBenutzer->setMinimumWidth(txtBenutzer->fontMetrics().averageCharWidth() * 36);
+
+  auto* buttons = new QHBoxLayout;
+  buttons->addStretch();
+  buttons->addWidget(Command1);
+  buttons->addWidget(Command2);
+  auto* grid = new QGridLayout(this);
+  grid->setContentsMargins(20, 16, 20, 16);
+  grid->setVerticalSpacing(14);
+  grid->setHorizontalSpacing(12);
+  grid->addWidget(Text2, 0, 0, 1, 2);
+  grid->addWidget(Label2, 1, 0);
+  grid->addWidget(txtBenutzer, 1, 1);
+  grid->setRowStretch(2, 1);
+  grid->addLayout(buttons, 3, 0, 1, 2);
+  setTabOrder(txtBenutzer, Command1);
+  setTabOrder(Command1, Command2);
+}
+
+void frmNeuVerbrauch::showEvent(QShowEvent* event) {
+  QDialog::showEvent(event);
+  txtBenutzer->setFocus(Qt::OtherFocusReason);
+}
+
+void frmNeuVerbrauch::Command1Click() {
+  const QString name = txtBenutzer->text();
+  if (name.isEmpty()) {
+    services_.prompts.tell(this, u"Sie müssen erst einen neuen Datei-Namen eingeben!"_s);
+    txtBenutzer->setFocus();
+    return;
+  }
+  const QString question = u"Sie haben  "_s + name +
+                           u"  eingegeben\nSoll die Datenbank mit dem Namen   "_s + name +
+                           u"  angelegt werden?"_s;
+  if (!services_.prompts.confirm(this, question, u" Eingabe prüfen"_s)) return;
+  base::ignore(app::makeCurrent(services_.paths.DataFolder), "the copy names what is wrong");
+  const QString target = QString::fromStdString(services_.paths.DataFolder) + name + u".kwd"_s;
+  if (!mayReplace(target)) return;
+  const auto created = app::createYear(services_.files, services_.paths, target.toStdString());
+  if (!created) {
+    services_.prompts.tell(this, QString::fromStdString(app::runTimeErrorText(created.error())),
+                           u"Fehler"_s, Icon::Critical);
+    return;
+  }
+  services_.prompts.tell(this, u"Neue Datenbank wurde angelegt unter  \n"_s + target);
+  accept();
+}
+
+bool frmNeuVerbrauch::mayReplace(const QString& target) {
+  if (!services_.files.exists(target.toStdString())) return true;
+  const Button answer = services_.prompts.message(
+      this, u"Die Datei  "_s + target + u"  existiert bereits!"_s, u"Fehler"_s, Icon::Question,
+      Buttons::AbortRetryIgnore, Button::Abort);
+  return answer == Button::Retry || answer == Button::Ignore;
+}

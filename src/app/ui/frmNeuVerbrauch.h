@@ -1,0 +1,36 @@
+#pragma once
+
+#include <QDialog>
+#include <QLabel>
+#include <QPlainTextEdit>
+#include <QPushButton>
+
+#include "dialogs/Services.h"
+#include "widgets/EntryField.h"
+#include "widgets/control.h"
+
+// Makes a further year database from the template, under a name that the user types.
+class frmNeuVerbrauch final : public QDialog {
+  Q_OBJECT
+ public:
+  explicit frmNeuVerbrauch(dialogs::Services& services, QWidget* parent = nullptr);
+
+  QPlainTextEdit* const Text2 = widgets::control<QPlainTextEdit>(this, "Text2");
+  QLabel* const Label2 = widgets::control<QLabel>(this, "Label2");
+  widgets::EntryField* const txtBenutzer =
+      widgets::control<widgets::EntryField>(this, "txtBenutzer");
+  QPushButton* const Command1 = widgets::control<QPushButton>(this, "Command1");
+  QPushButton* const Command2 = widgets::control<QPushButton>(this, "Command2");
+
+ protected:
+  void showEvent(QShowEvent* event) override;
+
+ private:
+  void setTexts();
+  void buildLayout();
+  void Command1Click();
+  // True when the target may be written.
+  bool mayReplace(const QString& target);
+
+  dialogs::Services& services_;
+};

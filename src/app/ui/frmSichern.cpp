@@ -1,0 +1,138 @@
+#include "app/ui/frmSichern.h"
+
+#include <QGridLayout>
+#include <QHBoxLayout>
+#include <QShowEvent>
+
+#include "app/Backup.h"
+#include "app/DataFolder.h"
+#include "app/RunTimeError.h"
+#include "app/YearFiles.h"
+#include "app/ui/CopyProgressBox.h"
+#include "app/ui/FileLists.h"
+#include "dialogs/Prompts.h"
+
+using namespace Qt::Literals::StringLiterals;
+using dialogs::Icon;
+
+frmSichern::frmSichern(dialogs::Services& services, QWidget* parent)
+    : QDialog(parent), services_(services) {
+  setObjectName(u"frmSichern"_s);
+  setWindowFlag(Qt::WindowContextHelpButtonHint, false);
+  setSizeGripEnabled(true);
+  setTexts();
+  buildLayout();
+  Dir1->setLister(app::subfoldersOf(services.files));
+  FileVerbrauch->setLister(app::filesOf(services.files, app::kYearExtension));
+  FilesWechsel->setLister(app::filesOf(services.files, app::kSideExtension));
+  base::ignore(app::makeCurrent(services.paths.DataFolder), "the copies name what is wrong");
+  connect(Drive1, &widgets::DriveList::chosen, this, &frmSichern::Drive1Change);
+  connect(Dir1, &widgets::FolderList::chosen, this,
+          [this] { Command1->setText(u"In links ausgewähltes Verzeichnis Sichern"_s); });
+  connect(Command1, &QPushButton::clicked, this, &frmSichern::Command1Click);
+  connect(Command2, &QPushButton::clicked, this, &QDialog::close);
+}
+
+void frmSichern::setTexts() {
+  setWindowTitle(u"  Verbrauchs-Daten  sichern"_s);
+  Label7->setText(
+      u"Wählen Sie zuerst links ein Verzeichnis aus, in dem die Dateien gesichert werden sollen!"_s);
+  Label2->setText(u"Verbrauchskosten - Daten"_s);
+  lblWechsel->setText(u"Zugehörige Dateien"_s);
+  Label6->setText(
+      u"Klicken Sie anschließend auf die Schaltfläche:          "
+      "[In ausgewähltes Verzeichnis Sichern]"_s);
+  Command1->setText(u"Wählen Sie zuerst links ein Verzeichnis aus"_s);
+  Command1->setAccessibleName(u"Sichern"_s);
+  Command2->setText(u"Fenster schließen"_s);
+  Command2->setAccessibleName(Command2->text());
+  Drive1->setAccessibleName(u"Laufwerk"_s);
+  Dir1->setAccessibleName(u"Verzeichnis, in das gesichert wird"_s);
+  FileVerbrauch->setAccessibleName(Label2->text());
+  FilesWechsel->setAccessibleName(lblWechsel->text());
+  Command1->setAutoDefault(false);
+  Command2->setAutoDefault(false);
+}
+
+void frmSichern::buildLayout() {
+  QFont heading = font();
+  heading.setBold(true);
+  for (QLabel* label : {Label7, Label2, lblWechsel}) label->setFont(heading);
+  for (QLabel* label : {Label7, Label6}) label->setWordWrap(true);
+  // What is copied is not a choice.
+  for (widgets::FileList* list : {FileVerbrauch, FilesWechsel}) {
+    list->setSelectionMode(QAbstractItemView::NoSelection);
+    list->setFocusPolicy(Qt::NoFocus);
+  }
+  auto* grid = new QGridLayout(this);
+  grid->setContentsMargins(16, 14, 16, 14);
+  grid->setHorizontalSpacing(18);
+  grid->setVerticalSpacing(8);
+  grid->addWidget(Label7, 0, 0, 1, 2);
+  grid->addWidget(Drive1, 1, 0);
+  grid->addWidget(Dir1, 2, 0, 3, 1);
+  grid->addWidget(Label2, 1, 1);
+  grid->addWidget(FileVerbrauch, 2, 1);
+  grid->addWidget(lblWechsel, 3, 1);
+  grid->addWidget(FilesWechsel, 4, 1);
+  grid->addWidget(Label6, 5, 0, 1, 2);
+  auto* buttons = new QHBoxLayout;
+  buttons->addWidget(Command1, 1);
+  buttons->addWidget(Command2);
+  grid->addLayout(buttons, 6, 0, 1, 2);
+  grid->setColumnStretch(0, 1);
+  grid->setColumnStretch(1, 1);
+  grid->setRowStretch(2, 1);
+  grid->setRowStretch(4, 1);
+  Command1->setMinimumHeight(Command1->sizeHint().height() + 6);
+  resize(780, 540);
+}
+
+void frmSichern::showEvent(QShowEvent* event) {
+  QDialog::showEvent(event);
+  if (!event->spontaneous()) Activate();
+}
+
+void frmSichern::Activate() {
+  app::showFolder(*Drive1, *Dir1, app::firstBackupFolder());
+  FileVerbrauch->setFolder(QString::fromStdString(services_.paths.DataFolder));
+  FilesWechsel->setFolder(QString::fromStdString(services_.paths.DataFolder));
+  Dir1->setFocus();
+}
+
+void frmSichern::Drive1Change(const QString& root) {
+  if (Dir1->setPath(root, root)) return;
+  services_.prompts.tell(this, u"Laufwerksfehler!"_s, u"Error"_s);
+  Drive1->showDriveOf(Dir1->path());
+}
+
+void frmSichern::Command1Click() {
+  const std::string dataFolder = services_.paths.DataFolder;
+  base::ignore(app::makeCurrent(dataFolder), "the copies name what is wrong");
+  const QString target = Dir1->path();
+  FilesWechsel->setFolder(QString::fromStdString(dataFolder));
+  std::vector<std::string> names;
+  for (const QString& name : FileVerbrauch->names() + FilesWechsel->names())
+    names.push_back(name.toStdString());
+  base::Result<void> outcome;
+  {
+    app::CopyProgressBox box(this, u"Datensicherung"_s);
+    outcome = app::copyFiles(services_.files, dataFolder, target.toStdString(), names, box.progress());
+  }
+  Dir1->refresh();
+  report(outcome, target);
+}
+
+void frmSichern::report(const base::Result<void>& outcome, const QString& target) {
+  if (outcome) {
+    services_.prompts.tell(this, u"Die Daten wurden nach "_s + target + u" kopiert."_s,
+                           u"Datensicherung"_s, Icon::Information);
+  } else if (outcome.error().code == base::ErrorCode::Cancelled) {
+    services_.prompts.tell(
+        this, u"Die Datensicherung wurde abgebrochen. Was schon kopiert ist, bleibt kopiert."_s,
+        u"Datensicherung"_s, Icon::Information);
+  } else {
+    services_.prompts.tell(this, QString::fromStdString(app::runTimeErrorText(outcome.error())),
+                           u"Fehler"_s, Icon::Critical);
+  }
+}

@@ -1,0 +1,233 @@
+#include "app/ui/frmVerbrStart.h"
+
+#include <QPointer>
+#include <QShowEvent>
+#include <QTimer>
+
+#include "app/RunTimeError.h"
+#include "app/YearFiles.h"
+#include "app/ui/FileLists.h"
+#include "app/ui/frmNeuVerbrauch.h"
+#include "app/ui/frmRuecksichern.h"
+#include "app/ui/frmSichern.h"
+#include "dialogs/HelpWindows.h"
+#include "dialogs/Prompts.h"
+#include "dialogs/Shell.h"
+
+using namespace Qt::Literals::StringLiterals;
+using dialogs::Button;
+using dialogs::Buttons;
+using dialogs::Icon;
+
+namespace app {
+
+void playClick(dialogs::Services& services) {
+  services.shell.playSound(QString::fromStdString(services.paths.ProgramFolder) + u"click.wav"_s);
+}
+
+void showNewDatabaseWindow(dialogs::Services& services, QWidget* owner) {
+  playClick(services);
+  frmNeuVerbrauch window(services, owner);
+  window.exec();
+}
+
+}  // namespace app
+
+frmVerbrStart::frmVerbrStart(dialogs::Services& services, const app::SystemFacts& facts,
+                             app::YearOpener& opener)
+    : services_(services), facts_(facts), opener_(opener) {
+  setObjectName(u"frmVerbrStart"_s);
+  setAttribute(Qt::WA_DeleteOnClose);
+  filFiles->setLister(app::filesOf(services.files, app::kYearExtension));
+  FilesWechsel->setLister(app::filesOf(services.files, app::kSideExtension));
+  setTexts();
+  buildMenus();
+  buildLayout();
+  connectControls();
+  Load();
+}
+
+void frmVerbrStart::Load() {
+  setWindowTitle(u"Kalvira    Version "_s +
+                 QString::fromStdString(app::plainVersion(KALVIRA_VERSION)));
+  if (const auto settled = app::settleFolders(services_.paths, services_.files, facts_); !settled)
+    loadProblem_ = settled.error();
+}
+
+void frmVerbrStart::showEvent(QShowEvent* event) {
+  QMainWindow::showEvent(event);
+  if (!event->spontaneous()) Activate();
+}
+
+void frmVerbrStart::Activate() {
+  refillLists();
+  std::optional<base::Error> problem = std::exchange(loadProblem_, std::nullopt);
+  if (filFiles->count() == 0) {
+    base::ignore(app::makeCurrent(services_.paths.DataFolder), "the copy names what is wrong");
+    const auto created = app::createDefaultYear(services_.files, services_.paths);
+    if (!created && !problem) problem = created.error();
+  }
+  filFiles->refresh();
+  const QString standard = QString::fromUtf8(app::kDefaultYear.data(), app::kDefaultYear.size());
+  if (filFiles->selectName(standard)) filFilesClick(standard);
+  if (problem) tellLater(*problem);
+}
+
+void frmVerbrStart::refillLists() {
+  const QString folder = QString::fromStdString(services_.paths.DataFolder);
+  const QString selected = filFiles->selectedName();
+  filFiles->setFolder(folder);
+  filFiles->selectName(selected);
+  FilesWechsel->setFolder(folder);
+  lblDatenordner->setText(u"Datenordner:  "_s + folder);
+}
+
+// A box while the window is still being shown would stand before an empty frame. What was told
+// once is not told again each time that a window closes.
+void frmVerbrStart::tellLater(const base::Error& error) {
+  const QString text = QString::fromStdString(app::runTimeErrorText(error));
+  if (text == toldProblem_) return;
+  toldProblem_ = text;
+  QTimer::singleShot(
+      0, this, [this, text] { services_.prompts.tell(this, text, u"Fehler"_s, Icon::Critical); });
+}
+
+void frmVerbrStart::filFilesClick(const QString& name) {
+  lblFilename->setText(name);
+  app::selectYear(services_.paths, services_.files, name.toStdString());
+}
+
+void frmVerbrStart::filFilesDblClick(const QString& name) {
+  filFilesClick(name);
+  const QPointer<frmVerbrStart> self = this;
+  opener_.openYearOver(this);
+  // The main window can end the program, or replace this window by a fresh one.
+  if (self && isVisible()) Activate();
+}
+
+void frmVerbrStart::cmdHausratClick() {
+  if (filFiles->count() == 0) {
+    services_.prompts.tell(
+        this, u"Sie müssen erst über die Schaltfläche Anlegen eine neue Datei erstellen"_s);
+    return;
+  }
+  mnuOpenClick();
+}
+
+void frmVerbrStart::mnuOpenClick() {
+  if (!hasSelection()) return;
+  app::selectYear(services_.paths, services_.files, lblFilename->text().toStdString());
+  app::playClick(services_);
+  opener_.openYear();
+}
+
+bool frmVerbrStart::hasSelection() {
+  if (!lblFilename->text().isEmpty()) return true;
+  services_.prompts.tell(this, u"Es ist keine Datei ausgewählt."_s);
+  return false;
+}
+
+void frmVerbrStart::Option1Click(int index) {
+  switch (index) {
+    case 0:
+      mnuAnlegenClick();
+      break;
+    case 1:
+      mnuDatDelClick();
+      break;
+    case 2:
+      mnuSichernClick();
+      break;
+    default:
+      break;
+  }
+  Option1(5)->setChecked(true);
+}
+
+void frmVerbrStart::mnuAnlegenClick() {
+  app::showNewDatabaseWindow(services_, this);
+  filFiles->refresh();
+  Activate();
+}
+
+void frmVerbrStart::mnuDatDelClick() {
+  if (!hasSelection()) return;
+  const QString name = lblFilename->text();
+  if (services_.prompts.message(this, u"Die Datei  "_s + name + u"  wird gelöscht !!!"_s,
+                                u" Achtung !!!"_s, Icon::Critical, Buttons::OkCancel,
+                                Button::Cancel) != Button::Ok)
+    return;
+  const auto deleted =
+      app::deleteYear(services_.files, services_.paths.DataFolder, name.toStdString());
+  if (!deleted && deleted.error().code == base::ErrorCode::InUse) {
+    services_.prompts.tell(
+        this, u"Die Datei  "_s + name + u"  ist geöffnet und kann nicht gelöscht werden."_s,
+        u"Fehler"_s, Icon::Critical);
+  } else if (!deleted) {
+    services_.prompts.tell(this, QString::fromStdString(app::runTimeErrorText(deleted.error())),
+                           u"Fehler"_s, Icon::Critical);
+  }
+  FilesWechsel->refresh();
+  filFiles->refresh();
+  if (filFiles->selectedName().isEmpty()) lblFilename->clear();
+  if (filFiles->count() == 0) mnuAnlegenClick();
+}
+
+void frmVerbrStart::mnuSichernClick() {
+  frmSichern window(services_, this);
+  window.exec();
+  Activate();
+}
+
+void frmVerbrStart::mnuWiederherstellenClick() {
+  frmRuecksichern window(services_, this);
+  window.exec();
+  filFiles->refresh();
+  Activate();
+}
+
+void frmVerbrStart::mnuImportClick() {
+#ifdef _WIN32
+  const QString name = u"Kalvimport.exe"_s;
+#else
+  const QString name = u"Kalvimport"_s;
+#endif
+  // A tool that is not installed is passed over in silence.
+  services_.shell.startProgram(QString::fromStdString(services_.paths.ProgramFolder) + name);
+  filFiles->refresh();
+}
+
+void frmVerbrStart::mnuPfadLRVClick() {
+  const QString chosen =
+      services_.prompts.chooseFolder(this, u"Wählen Sie einen Ordner aus"_s, u"C:\\"_s);
+  if (chosen.isEmpty()) return;
+  const auto changed =
+      app::changeBaseFolder(services_.paths, services_.files, facts_, chosen.toStdString());
+  if (!changed)
+    services_.prompts.tell(this, QString::fromStdString(app::runTimeErrorText(changed.error())),
+                           u"Pfadeinstellungen ändern"_s, Icon::Critical);
+  lblFilename->clear();
+  Activate();
+  const QString folder = QString::fromStdString(services_.paths.DataFolder);
+  if (services_.files.folderExists(services_.paths.DataFolder))
+    services_.prompts.tell(this, u"Der Pfad zur Datenbank wurde geändert auf:  "_s + folder,
+                           u"Pfadeinstellungen ändern"_s, Icon::Information);
+}
+
+void frmVerbrStart::mnuPfadDelClick() {
+  const auto removed = app::resetBaseFolder(services_.files, facts_);
+  if (!removed)
+    services_.prompts.tell(this, QString::fromStdString(app::runTimeErrorText(removed.error())),
+                           u"Pfadeinstellungen löschen"_s, Icon::Critical);
+  else if (*removed)
+    services_.prompts.tell(this,
+                           u"Die Datei Pfad_von_LRV.txt wurde gelöscht!\n"
+                           "Sie müssen jetzt die Verbrauchserfassung neu starten!"_s,
+                           u"Pfadeinstellungen löschen"_s, Icon::Information);
+}
+
+void frmVerbrStart::mnuHilfeClick() {
+  auto* help = new frmHilfe(this);
+  connect(help, &QObject::destroyed, this, &frmVerbrStart::Activate);
+  help->showInFront();
+}

@@ -1,0 +1,109 @@
+#pragma once
+
+#include <QAction>
+#include <QLabel>
+#include <QMainWindow>
+#include <QMenu>
+#include <QPushButton>
+#include <optional>
+
+#include "app/DataFolder.h"
+#include "dialogs/Services.h"
+#include "widgets/ActionOption.h"
+#include "widgets/FileList.h"
+#include "widgets/control.h"
+
+namespace app {
+
+// What the start window needs to open a year; WindowNavigator is the real one.
+class YearOpener {
+ public:
+  virtual ~YearOpener() = default;
+  // The main window takes over and the start window closes; it stays when the year cannot be
+  // opened.
+  virtual void openYear() = 0;
+  // The main window over the start window; returns when it has closed.
+  virtual void openYearOver(QWidget* start) = 0;
+};
+
+// Plays the click that goes with opening.
+void playClick(dialogs::Services& services);
+// The new-database window, modal over the owner.
+void showNewDatabaseWindow(dialogs::Services& services, QWidget* owner);
+
+}  // namespace app
+
+// The first window: settles where the data lie, shows the year databases, opens, makes, deletes and
+// saves them.
+//
+// It looks at the folder again ("activation") after it was shown and after another window that it
+// opened has closed, never after a message box.
+class frmVerbrStart final : public QMainWindow {
+  Q_OBJECT
+ public:
+  frmVerbrStart(dialogs::Services& services, const app::SystemFacts& facts,
+                app::YearOpener& opener);
+
+  QLabel* const Label1 = widgets::control<QLabel>(this, "Label1");
+  widgets::FileList* const filFiles = widgets::control<widgets::FileList>(this, "filFiles");
+  // The side files of all years; not shown.
+  widgets::FileList* const FilesWechsel = widgets::control<widgets::FileList>(this, "FilesWechsel");
+  QLabel* const lblAuswahl = widgets::control<QLabel>(this, "lblAuswahl");
+  QLabel* const lblFilename = widgets::control<QLabel>(this, "lblFilename");
+  QPushButton* const cmdHausrat = widgets::control<QPushButton>(this, "cmdHausrat");
+  // 0 new, 1 delete, 2 save; 3 names the import, which the menu starts; 5 takes the selection.
+  const widgets::ControlArray<widgets::ActionOption, 6> Option1{this, "Option1"};
+  QLabel* const lblDatenordner = widgets::control<QLabel>(this, "lblDatenordner");
+
+  QMenu* const mnuDatei = menu("mnuDatei");
+  QAction* const mnuOpen = entry("mnuOpen");
+  QAction* const mnuAnlegen = entry("mnuAnlegen");
+  QAction* const mnuDatDel = entry("mnuDatDel");
+  QAction* const mnuClose = entry("mnuClose");
+  QMenu* const mnuVerbrDat = menu("mnuVerbrDat");
+  QAction* const mnuSichern = entry("mnuSichern");
+  QAction* const mnuWiederherstellen = entry("mnuWiederherstellen");
+  QAction* const mnuImport = entry("mnuImport");
+  QAction* const mnuPfadLRV = entry("mnuPfadLRV");
+  QAction* const mnuPfadDel = entry("mnuPfadDel");
+  QAction* const mnuHilfe = entry("mnuHilfe");
+
+  void Activate();
+
+ protected:
+  void showEvent(QShowEvent* event) override;
+
+ private:
+  QMenu* menu(const char* name);
+  QAction* entry(const char* name);
+  void setTexts();
+  void buildMenus();
+  void buildLayout();
+  void buildOptions();
+  void connectControls();
+
+  void Load();
+  void refillLists();
+  void filFilesClick(const QString& name);
+  void filFilesDblClick(const QString& name);
+  void cmdHausratClick();
+  void mnuOpenClick();
+  void Option1Click(int index);
+  void mnuAnlegenClick();
+  void mnuDatDelClick();
+  void mnuSichernClick();
+  void mnuWiederherstellenClick();
+  void mnuImportClick();
+  void mnuPfadLRVClick();
+  void mnuPfadDelClick();
+  void mnuHilfeClick();
+
+  bool hasSelection();
+  void tellLater(const base::Error& error);
+
+  dialogs::Services& services_;
+  const app::SystemFacts facts_;
+  app::YearOpener& opener_;
+  std::optional<base::Error> loadProblem_;
+  QString toldProblem_;
+};

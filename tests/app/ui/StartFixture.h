@@ -1,0 +1,68 @@
+#pragma once
+
+#include <gtest/gtest.h>
+
+#include <filesystem>
+#include <functional>
+#include <memory>
+
+#include "app/DataFolder.h"
+#include "app/ui/frmVerbrStart.h"
+#include "dialogs/Navigator.h"
+#include "dialogs/Services.h"
+#include "support/TemporaryFolder.h"
+#include "support/ui/FakePrompts.h"
+
+class FakeNavigator final : public dialogs::Navigator {
+ public:
+  void openMainWindow() override {}
+  void showNewDatabase() override {}
+  void restartAtStartWindow() override {}
+  void showHelp() override {}
+  void showMeterChangeHelp() override {}
+  void endProgram() override {}
+};
+
+class FakeOpener final : public app::YearOpener {
+ public:
+  void openYear() override { ++opened; }
+  void openYearOver(QWidget*) override {
+    ++openedOver;
+    if (whileOver) whileOver();
+  }
+  int opened = 0;
+  int openedOver = 0;
+  std::function<void()> whileOver;
+};
+
+// A program folder with a template, and a home folder, both empty otherwise.
+class StartFixture : public testing::Test {
+ protected:
+  StartFixture() {
+    facts.programFolder = program.path();
+    facts.environment.home = home.path();
+    EXPECT_TRUE(files->replaceFile(program / "Vorlverbr8.kwx", base::asBytes("leer")));
+    EXPECT_TRUE(files->makeFolder(home / "Larvando"));
+    EXPECT_TRUE(files->makeFolder(dataFolder()));
+    paths.ProgramFolder = program.path();
+    paths.DataFolder = dataFolder();
+  }
+  ~StartFixture() override { std::filesystem::current_path("/"); }
+
+  std::string dataFolder() const { return home / "Larvando/Verbrauchserfassung/"; }
+  void put(const std::string& name, const std::string& content = "x") {
+    EXPECT_TRUE(files->replaceFile(dataFolder() + name, base::asBytes(content)));
+  }
+  std::vector<std::string> inDataFolder() const { return files->list(dataFolder()).value(); }
+
+  support::TemporaryFolder program, home;
+  std::unique_ptr<base::FileSystem> files = base::makeDiskFileSystem();
+  app::SystemFacts facts;
+  yearbook::PathState paths;
+  base::FixedClock clock{base::Date{std::chrono::year{2024} / 3 / 1}};
+  FakePrompts prompts;
+  FakeShell shell;
+  FakeNavigator navigator;
+  FakeOpener opener;
+  dialogs::Services services{paths, *files, clock, prompts, shell, navigator};
+};

@@ -1,0 +1,249 @@
+#include "app/ui/frmVerbrStart.h"
+
+#include <gtest/gtest.h>
+
+#include <QApplication>
+#include <QTest>
+#include <QTimer>
+
+#include "StartFixture.h"
+#include "app/ui/frmNeuVerbrauch.h"
+#include "app/ui/frmSichern.h"
+
+using dialogs::Button;
+using namespace Qt::Literals::StringLiterals;
+
+namespace {
+
+class StartWindow : public StartFixture {
+ protected:
+  // Opens the window as the program does.
+  frmVerbrStart& open() {
+    window_ = std::make_unique<frmVerbrStart>(services, facts, opener);
+    window_->setAttribute(Qt::WA_DeleteOnClose, false);
+    window_->show();
+    QApplication::processEvents();
+    return *window_;
+  }
+  void click(const QString& name) {
+    auto* item = window_->filFiles->findItems(name, Qt::MatchExactly).value(0);
+    ASSERT_NE(item, nullptr);
+    QTest::mouseClick(window_->filFiles->viewport(), Qt::LeftButton, {},
+                      window_->filFiles->visualItemRect(item).center());
+  }
+  void confirmDeletion() { prompts.answer(Button::Ok); }
+
+ private:
+  std::unique_ptr<frmVerbrStart> window_;
+};
+
+TEST_F(StartWindow, ShowsNameAndVersionInItsCaption) {
+  EXPECT_EQ(open().windowTitle(), u"Kalvira    Version 8.8.40"_s);
+}
+
+TEST_F(StartWindow, EmptyFolderGetsAYearFromTheTemplateAndSelectsIt) {
+  auto& window = open();
+  EXPECT_EQ(window.filFiles->names(), QStringList(u"Verbrauch.kwd"_s));
+  EXPECT_EQ(window.lblFilename->text(), u"Verbrauch.kwd"_s);
+  EXPECT_EQ(paths.YearDatabasePath, dataFolder() + "Verbrauch.kwd");
+  EXPECT_EQ(paths.YearDatabaseName, "Verbrauch.kwd");
+}
+
+TEST_F(StartWindow, MissingTemplateIsToldOnceWithItsName) {
+  EXPECT_TRUE(files->remove(program / "Vorlverbr8.kwx"));
+  prompts.acceptTellings();
+  auto& window = open();
+  window.Activate();
+  QApplication::processEvents();
+  ASSERT_EQ(prompts.shown.size(), 1U);
+  EXPECT_TRUE(prompts.last().text.startsWith(u"Fehler # 53 wurde ausgelöst von "_s));
+  EXPECT_TRUE(prompts.last().text.contains(u"Vorlverbr8.kwx"_s));
+}
+
+TEST_F(StartWindow, FolderThatCannotBeMadeIsNamed) {
+  facts.chosenDataFolder = home / "weg/tief";
+  prompts.acceptTellings();
+  open();
+  ASSERT_EQ(prompts.shown.size(), 1U);
+  EXPECT_TRUE(prompts.last().text.contains(QString::fromStdString(home / "weg/tief")));
+}
+
+TEST_F(StartWindow, ClickSelectsTheYear) {
+  put("Haus.kwd");
+  put("Verbrauch.kwd");
+  auto& window = open();
+  click(u"Haus.kwd"_s);
+  EXPECT_EQ(window.lblFilename->text(), u"Haus.kwd"_s);
+  EXPECT_EQ(paths.YearDatabaseName, "Haus.kwd");
+  window.Activate();
+  EXPECT_EQ(window.lblFilename->text(), u"Verbrauch.kwd"_s) << "any activation selects it";
+}
+
+TEST_F(StartWindow, WithoutADefaultYearTheSelectionStays) {
+  put("Haus.kwd");
+  put("Garten.kwd");
+  auto& window = open();
+  EXPECT_EQ(window.lblFilename->text(), QString());
+  click(u"Haus.kwd"_s);
+  window.Activate();
+  EXPECT_EQ(window.lblFilename->text(), u"Haus.kwd"_s);
+}
+
+TEST_F(StartWindow, ButtonPlaysTheClickAndOpens) {
+  auto& window = open();
+  window.cmdHausrat->click();
+  EXPECT_EQ(shell.played, std::vector<QString>{QString::fromStdString(program / "click.wav")});
+  EXPECT_EQ(opener.opened, 1);
+}
+
+TEST_F(StartWindow, OnlyTheButtonTestsForAnEmptyList) {
+  auto& window = open();
+  EXPECT_TRUE(files->remove(dataFolder() + "Verbrauch.kwd"));
+  window.filFiles->refresh();
+  prompts.acceptTellings();
+  window.cmdHausrat->click();
+  EXPECT_EQ(prompts.take().text,
+            u"Sie müssen erst über die Schaltfläche Anlegen eine neue Datei erstellen"_s);
+  EXPECT_EQ(opener.opened, 0);
+  window.mnuOpen->trigger();
+  EXPECT_EQ(opener.opened, 1);
+  EXPECT_EQ(paths.YearDatabaseName, "");
+}
+
+TEST_F(StartWindow, DoubleClickOpensOverTheWindowAndLooksAgainAfterwards) {
+  put("Haus.kwd");
+  auto& window = open();
+  opener.whileOver = [&] {
+    EXPECT_EQ(paths.YearDatabaseName, "Haus.kwd");
+    put("Verbrauch.kwd");
+  };
+  click(u"Haus.kwd"_s);
+  Q_EMIT window.filFiles->opened(u"Haus.kwd"_s);
+  EXPECT_EQ(opener.openedOver, 1);
+  EXPECT_EQ(window.lblFilename->text(), u"Verbrauch.kwd"_s);
+}
+
+TEST_F(StartWindow, DeletingAsksWithTheNameAndTakesTheSideFiles) {
+  put("Verbrauch.kwd");
+  put("Haus.kwd");
+  put("Haus_WechselGas.dat");
+  put("Haus2_WechselGas.dat");
+  put("pauschale.dat");
+  auto& window = open();
+  click(u"Haus.kwd"_s);
+  confirmDeletion();
+  window.Option1(1)->click();
+  const auto box = prompts.take();
+  EXPECT_EQ(box.text, u"Die Datei  Haus.kwd  wird gelöscht !!!"_s);
+  EXPECT_EQ(box.title, u" Achtung !!!"_s);
+  EXPECT_EQ(box.icon, dialogs::Icon::Critical);
+  EXPECT_EQ(box.buttons, dialogs::Buttons::OkCancel);
+  EXPECT_EQ(box.defaultButton, Button::Cancel);
+  EXPECT_EQ(inDataFolder(), (std::vector<std::string>{"pauschale.dat", "Verbrauch.kwd"}));
+  EXPECT_TRUE(window.Option1(5)->isChecked());
+  EXPECT_EQ(window.lblFilename->text(), QString());
+}
+
+TEST_F(StartWindow, CancelledDeletionChangesNothing) {
+  put("Haus.kwd");
+  auto& window = open();
+  click(u"Haus.kwd"_s);
+  prompts.answer(Button::Cancel);
+  window.mnuDatDel->trigger();
+  EXPECT_EQ(inDataFolder(), std::vector<std::string>{"Haus.kwd"});
+}
+
+TEST_F(StartWindow, OpenYearCannotBeDeleted) {
+  auto& window = open();
+  const auto held = files->open(dataFolder() + "Verbrauch.kwd", base::OpenMode::ReadWrite);
+  prompts.answer(Button::Ok);
+  prompts.acceptTellings();
+  window.mnuDatDel->trigger();
+  EXPECT_TRUE(prompts.last().text.contains(u"ist geöffnet"_s)) << prompts.last().text.toStdString();
+  EXPECT_EQ(inDataFolder(), std::vector<std::string>{"Verbrauch.kwd"});
+}
+
+TEST_F(StartWindow, DeletingTheLastYearLeadsToTheNewDatabaseWindowAndAFreshYear) {
+  auto& window = open();
+  confirmDeletion();
+  bool shown = false;
+  QTimer::singleShot(0, [&] {
+    auto* fresh = qobject_cast<frmNeuVerbrauch*>(QApplication::activeModalWidget());
+    ASSERT_NE(fresh, nullptr);
+    shown = true;
+    EXPECT_TRUE(inDataFolder().empty());
+    fresh->Command2->click();
+  });
+  window.mnuDatDel->trigger();
+  EXPECT_TRUE(shown);
+  EXPECT_EQ(inDataFolder(), std::vector<std::string>{"Verbrauch.kwd"});
+}
+
+TEST_F(StartWindow, SavingOpensTheBackupWindow) {
+  auto& window = open();
+  bool shown = false;
+  QTimer::singleShot(0, [&] {
+    auto* backup = qobject_cast<frmSichern*>(QApplication::activeModalWidget());
+    ASSERT_NE(backup, nullptr);
+    shown = true;
+    backup->Command2->click();
+  });
+  window.Option1(2)->click();
+  EXPECT_TRUE(shown);
+}
+
+TEST_F(StartWindow, ImportIsStartedFromTheMenuAndNotByItsOption) {
+  auto& window = open();
+  shell.succeeds = false;
+  window.Option1(3)->click();
+  EXPECT_TRUE(shell.started.empty());
+  window.mnuImport->trigger();
+  ASSERT_EQ(shell.started.size(), 1U);
+  EXPECT_TRUE(shell.started[0].startsWith(QString::fromStdString(program / "Kalvimport")));
+}
+
+TEST_F(StartWindow, ChangingTheFolderMovesOverAndTellsWhere) {
+  auto& window = open();
+  EXPECT_TRUE(files->makeFolder(home / "Daten"));
+  prompts.answerPath(QString::fromStdString(home / "Daten"));
+  prompts.acceptTellings();
+  window.mnuPfadLRV->trigger();
+  const std::string folder = home / "Daten/Verbrauchserfassung/";
+  EXPECT_EQ(prompts.take().text,
+            u"Der Pfad zur Datenbank wurde geändert auf:  "_s + QString::fromStdString(folder));
+  const auto dialog = prompts.take();
+  EXPECT_EQ(dialog.title, u"Wählen Sie einen Ordner aus"_s);
+  EXPECT_EQ(dialog.preset, u"C:\\"_s);
+  EXPECT_EQ(paths.DataFolder, folder);
+  EXPECT_EQ(paths.YearDatabasePath, folder + "Verbrauch.kwd");
+  EXPECT_EQ(files->readText(dataFolder() + "Pfad_von_LRV.txt"),
+            "\"" + (home / "Daten/") + "\"\r\n");
+
+  window.mnuPfadDel->trigger();
+  EXPECT_EQ(prompts.take().text,
+            u"Die Datei Pfad_von_LRV.txt wurde gelöscht!\n"
+            "Sie müssen jetzt die Verbrauchserfassung neu starten!"_s);
+  EXPECT_EQ(paths.DataFolder, folder) << "takes effect at the next start";
+  window.mnuPfadDel->trigger();
+  EXPECT_TRUE(prompts.shown.empty());
+}
+
+TEST_F(StartWindow, CancelledFolderChoiceChangesNothing) {
+  auto& window = open();
+  prompts.answerPath({});
+  window.mnuPfadLRV->trigger();
+  EXPECT_EQ(paths.DataFolder, dataFolder());
+}
+
+TEST_F(StartWindow, HelpLooksAgainWhenItCloses) {
+  auto& window = open();
+  window.mnuHilfe->trigger();
+  auto* help = window.findChild<QWidget*>(u"frmHilfe"_s);
+  ASSERT_NE(help, nullptr);
+  put("Neu.kwd");
+  help->close();
+  QApplication::sendPostedEvents(help, QEvent::DeferredDelete);
+  EXPECT_TRUE(window.filFiles->names().contains(u"Neu.kwd"_s));
+}
+
+}  // namespace
