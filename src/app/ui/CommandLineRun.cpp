@@ -1,9 +1,8 @@
 #include "app/ui/CommandLineRun.h"
 
 #include "base/Paths.h"
-#include "reports/FlexGridHTML.h"
-#include "reports/GridText.h"
-#include "reports/YearReports.h"
+#include "reports/Exports.h"
+#include "reports/YearReport.h"
 #include "reports/ui/PdfExport.h"
 #include "yearbook/YearSession.h"
 
@@ -25,18 +24,6 @@ base::Result<Year> openYear(const Console& console, const std::string& file) {
   return yearbook::YearSession::open(console.files, file, folder, console.clock, options);
 }
 
-reports::Grid detailGrid(const yearbook::YearSession& year, base::Date today) {
-  reports::MeterChoice all;
-  all.fill(true);
-  return reports::buildDetailTable(reports::detailInput(year, today), all);
-}
-
-base::Result<void> writeHtml(const Console& console, const reports::Grid& grid,
-                             const std::string& target) {
-  const std::string page = reports::FlexGridHTML::page(grid, reports::plainScreen());
-  return console.files.replaceFile(target, base::asBytes(page));
-}
-
 base::Result<void> writeReport(const CommandLine& line, const Console& console) {
   const auto opened = openYear(console, line.file);
   if (!opened) return base::Failure(opened.error());
@@ -44,16 +31,15 @@ base::Result<void> writeReport(const CommandLine& line, const Console& console) 
   const reports::OverviewInput input = reports::overviewInput(year);
   switch (line.action) {
     case CommandLine::Action::Html:
-      return writeHtml(console, reports::buildOverview(input), line.target);
+      return reports::exportHtml(console.files, line.target, input);
     case CommandLine::Action::Pdf:
       return reports::exportPdf(console.files, line.target, input,
                                 reports::documentName(console.clock.today()));
-    case CommandLine::Action::Csv: {
-      const std::string table = reports::toCsv(detailGrid(year, console.clock.today()));
-      return console.files.replaceFile(line.target, base::asBytes(table));
-    }
+    case CommandLine::Action::Csv:
+      return reports::exportCsv(console.files, line.target,
+                                reports::detailInput(year, console.clock.today()));
     default:
-      console.out << reports::toPlainText(reports::buildOverview(input));
+      console.out << reports::overviewText(input);
       return {};
   }
 }
