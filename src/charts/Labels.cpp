@@ -1,0 +1,70 @@
+#include "charts/Labels.h"
+
+#include <algorithm>
+
+namespace charts {
+namespace {
+
+constexpr double kPadding = 2;
+constexpr double kGap = 1;  // around a label
+
+bool isFree(const Rect& box, const std::vector<Rect>& taken) {
+  return std::none_of(taken.begin(), taken.end(),
+                      [&box](const Rect& other) { return box.intersects(other); });
+}
+
+struct Candidate {
+  Point center;
+  bool avoidsObstacles = false;
+};
+
+// Places in the order in which they are wanted.
+std::vector<Candidate> candidates(const LabelRequest& request, Size box, double distance) {
+  if (request.side == LabelSide::Inside) {
+    // A little wider than its mark is still plain to see whose it is.
+    if (request.room.height < box.height || request.room.width * 1.4 < box.width) return {};
+    return {{request.anchor, false}};
+  }
+  const double direction = request.side == LabelSide::Above ? -1 : 1;
+  const double first = distance + box.height / 2;
+  const double raised = first + std::min(box.height, 24.0) + 2 * kGap;
+  const Point anchor = request.anchor;
+  std::vector<Candidate> places;
+  if (request.preferred) places.push_back({*request.preferred + Point{0, direction * first}, true});
+  for (const bool avoids : {true, false})
+    for (const double offset : {direction * first, -direction * first, direction * raised})
+      places.push_back({{anchor.x, anchor.y + offset}, avoids});
+  return places;
+}
+
+}  // namespace
+
+Font labelFont(const ChartOptions& options) {
+  return {options.labelSize * 96 / 72, false};
+}
+
+void placeLabels(Canvas& canvas, const Rect& bounds, std::vector<LabelRequest> requests,
+                 const std::vector<Rect>& obstacles, const ChartOptions& options) {
+  std::stable_sort(requests.begin(), requests.end(),
+                   [](const auto& a, const auto& b) { return a.weight > b.weight; });
+  const Font font = labelFont(options);
+  std::vector<Rect> taken = canvas.textBoxes();
+  for (const LabelRequest& request : requests) {
+    Size size = canvas.boxOf(request.text, font, options.labelRotation);
+    size = {size.width + 2 * kPadding, size.height};
+    const auto places = candidates(request, size, options.labelDistance);
+    const auto chosen = std::find_if(places.begin(), places.end(), [&](const Candidate& place) {
+      const Rect box = Rect::around(place.center, size);
+      return bounds.contains(box) && isFree(box, taken) &&
+             (!place.avoidsObstacles || isFree(box, obstacles));
+    });
+    if (chosen == places.end()) continue;
+    const Rect box = Rect::around(chosen->center, size);
+    taken.push_back(box.grown(kGap));
+    canvas.scene().fill(box.corners(), canvas.theme().labelFill);
+    canvas.textAround(chosen->center, request.text, font, canvas.theme().labelText,
+                      options.labelRotation);
+  }
+}
+
+}  // namespace charts

@@ -1,0 +1,32 @@
+#pragma once
+
+#include <optional>
+#include <string>
+#include <vector>
+
+#include "charts/Canvas.h"
+#include "charts/ChartOptions.h"
+
+namespace charts {
+
+enum class LabelSide { Above, Below, Inside };
+
+struct LabelRequest {
+  Point anchor;  // edge of the mark; its middle for Inside
+  LabelSide side = LabelSide::Above;
+  Size room;                       // Inside: what the mark offers
+  std::optional<Point> preferred;  // another edge, taken if the label covers no obstacle there
+  std::string text;
+  double weight = 0;  // the greater come first when there is no room for all
+};
+
+// The font of value labels.
+Font labelFont(const ChartOptions& options);
+
+// Writes the labels on their own background so that none touches another text or leaves the bounds.
+// A label that finds no free place near its mark is left out; what obstacles cover is avoided as
+// long as there is another place.
+void placeLabels(Canvas& canvas, const Rect& bounds, std::vector<LabelRequest> requests,
+                 const std::vector<Rect>& obstacles, const ChartOptions& options);
+
+}  // namespace charts

@@ -1,0 +1,297 @@
+#include <cmath>
+#include <numbers>
+
+#include "base/GermanDate.h"
+#include "base/GermanNumber.h"
+#include "charts/Plot.h"
+
+namespace charts {
+namespace {
+
+constexpr double kPi = std::numbers::pi;
+constexpr double kArcStep = kPi / 60;
+constexpr double kShadeStep = kPi / 24;
+constexpr double kLeader = 16;  // from the rim to a label, sideways
+constexpr double kMinRadius = 12;
+constexpr double kNameHeight = 26;  // below a pie
+constexpr double kLabelPadding = 2;
+
+// A disc that is tilted back: an ellipse with a rim below (or, seen from below, above) it.
+struct Disc {
+  Point center;
+  double radius = 0;
+  double squash = 1;     // height of the ellipse by its width
+  double thickness = 0;  // of the rim, downwards; negative upwards
+  double turn = 0;       // radians, clockwise
+
+  // Angle clockwise from the top, on a circle around the disc's rim.
+  Point at(double angle, double radiusFactor = 1) const {
+    const double r = radius * radiusFactor;
+    return {center.x + r * std::sin(angle + turn), center.y - r * squash * std::cos(angle + turn)};
+  }
+};
+
+struct Slice {
+  std::size_t month = 0;
+  double from = 0;
+  double to = 0;
+  double value = 0;
+  Color color;
+  double middle() const { return (from + to) / 2; }
+};
+
+struct SliceLabel {
+  const Slice* slice = nullptr;
+  std::string text;
+  Size size;
+  bool right = true;
+  double y = 0;  // middle
+};
+
+Color monthColor(const Theme& theme, const ChartModel& model, std::size_t month) {
+  const int number = base::monthNumber(model.months[month]);
+  return theme.months[number > 0 ? static_cast<std::size_t>(number - 1) : month];
+}
+
+std::vector<Slice> slicesOf(const Theme& theme, const ChartModel& model, const Series& series) {
+  double sum = 0;
+  for (const auto& value : series.values) sum += std::max(value.value_or(0), 0.0);
+  std::vector<Slice> slices;
+  if (!(sum > 0) || !std::isfinite(sum)) return slices;
+  double angle = 0;
+  for (std::size_t month = 0; month < kMonthCount; ++month) {
+    const double value = std::max(series.values[month].value_or(0), 0.0);
+    if (value <= 0) continue;
+    const double next = angle + value / sum * 2 * kPi;
+    slices.push_back({month, angle, next, value, monthColor(theme, model, month)});
+    angle = next;
+  }
+  return slices;
+}
+
+std::vector<Point> arc(const Disc& disc, double from, double to) {
+  const int steps = std::max(1, static_cast<int>(std::ceil((to - from) / kArcStep)));
+  std::vector<Point> points;
+  for (int i = 0; i <= steps; ++i) points.push_back(disc.at(from + (to - from) * i / steps));
+  return points;
+}
+
+// The parts of a slice's rim that are seen, as angles: what lies on the near half of the disc.
+std::vector<std::pair<double, double>> seenRim(const Disc& disc, const Slice& slice) {
+  std::vector<std::pair<double, double>> parts;
+  const double nearest = disc.thickness > 0 ? kPi : 0;  // the angle that faces the reader
+  for (int lap = -1; lap <= 2; ++lap) {
+    const double middle = nearest - disc.turn + lap * 2 * kPi;
+    const double from = std::max(slice.from, middle - kPi / 2);
+    const double to = std::min(slice.to, middle + kPi / 2);
+    if (from < to) parts.emplace_back(from, to);
+  }
+  return parts;
+}
+
+// The seen half of the rim, in strips that darken away from the light. Each slice has a ground in
+// its own shade first, so that no seam shows between the strips.
+void addRim(Scene& scene, const Disc& disc, const std::vector<Slice>& slices) {
+  if (disc.thickness == 0) return;
+  const Point down{0, disc.thickness};
+  const auto shadeAt = [&disc](const Slice& slice, double angle) {
+    return shade(slice.color, -0.24 - 0.14 * std::sin(angle + disc.turn));
+  };
+  for (const Slice& slice : slices)
+    for (const auto& [from, to] : seenRim(disc, slice)) {
+      std::vector<Point> ground = arc(disc, from, to);
+      for (std::size_t i = ground.size(); i-- > 0;) ground.push_back(ground[i] + down);
+      const Color color = shadeAt(slice, (from + to) / 2);
+      scene.fill(std::move(ground), color, Stroke{color, 0.6, false});
+      const int steps = std::max(1, static_cast<int>(std::ceil((to - from) / kShadeStep)));
+      for (int i = 0; steps > 1 && i < steps; ++i) {
+        const double a = from + (to - from) * i / steps, b = from + (to - from) * (i + 1) / steps;
+        scene.fill({disc.at(a), disc.at(b), disc.at(b) + down, disc.at(a) + down},
+                   shadeAt(slice, (a + b) / 2));
+      }
+    }
+}
+
+void addFaces(Canvas& canvas, const Disc& disc, const std::vector<Slice>& slices, int series) {
+  for (const Slice& slice : slices) {
+    std::vector<Point> outline = arc(disc, slice.from, slice.to);
+    if (slices.size() > 1) outline.push_back(disc.center);
+    canvas.scene().marks.push_back({outline, series, static_cast<int>(slice.month)});
+    canvas.scene().fill(std::move(outline), slice.color);
+  }
+  if (slices.size() == 1) return;
+  for (const Slice& slice : slices)
+    canvas.scene().line({disc.center, disc.at(slice.from)},
+                        Stroke{canvas.theme().outer, 1.5, false});
+}
+
+std::string sliceText(const ChartModel& model, const Series& series, const Slice& slice,
+                      bool withValue) {
+  const std::string& month = model.labels[slice.month];
+  if (!withValue) return month;
+  return month + "  " +
+         (series.unit == "%" ? base::formatNumber(slice.value, 1) + " %" : valueText(slice.value));
+}
+
+// Moves labels of one side apart, keeping their order and staying within top and bottom.
+void spread(std::vector<SliceLabel*>& labels, double top, double bottom) {
+  std::sort(labels.begin(), labels.end(),
+            [](const SliceLabel* a, const SliceLabel* b) { return a->y < b->y; });
+  double limit = top;
+  for (SliceLabel* label : labels) {
+    label->y = std::max(label->y, limit + label->size.height / 2);
+    limit = label->y + label->size.height / 2 + 2;
+  }
+  limit = bottom;
+  for (auto it = labels.rbegin(); it != labels.rend(); ++it) {
+    (*it)->y = std::min((*it)->y, limit - (*it)->size.height / 2);
+    limit = (*it)->y - (*it)->size.height / 2 - 2;
+  }
+}
+
+// As many labels of a side as there is height for; the smallest slices go without.
+std::vector<SliceLabel*> chooseSide(std::vector<SliceLabel>& labels, bool right, double height) {
+  std::vector<SliceLabel*> side;
+  for (SliceLabel& label : labels)
+    if (label.right == right) side.push_back(&label);
+  const auto needed = [&side] {
+    double sum = 0;
+    for (const SliceLabel* label : side) sum += label->size.height + 2;
+    return sum;
+  };
+  while (!side.empty() && needed() > height)
+    side.erase(std::min_element(side.begin(), side.end(), [](const auto* a, const auto* b) {
+      return a->slice->value < b->slice->value;
+    }));
+  return side;
+}
+
+// Half the width that the disc and its rim take at the height of a label.
+double halfWidthAt(const Disc& disc, const SliceLabel& label) {
+  const double half = disc.radius * disc.squash;
+  const double top = disc.center.y + std::min(disc.thickness, 0.0);
+  const double bottom = disc.center.y + std::max(disc.thickness, 0.0);
+  const double beyond = std::max({top - label.y, label.y - bottom, 0.0}) - label.size.height / 2;
+  const double share = std::clamp(beyond / (half * 1.05), 0.0, 1.0);
+  return disc.radius * 1.05 * std::sqrt(1 - share * share);
+}
+
+void drawLabel(Canvas& canvas, const Disc& disc, const SliceLabel& label, const Font& font,
+               bool withValue) {
+  const double direction = label.right ? 1 : -1;
+  const double x = disc.center.x + direction * (halfWidthAt(disc, label) + kLeader);
+  Point rim = disc.at(label.slice->middle());
+  // Where the rim is seen the line begins at its lower edge.
+  if ((rim.y - disc.center.y) * disc.thickness > 0) rim.y += disc.thickness;
+  canvas.scene().line({rim, {x - direction * 7, label.y}, {x - direction * 2, label.y}},
+                      Stroke{canvas.theme().axis, 1, false});
+  const Point center{x + direction * label.size.width / 2, label.y};
+  if (withValue)
+    canvas.scene().fill(Rect::around(center, label.size).corners(), canvas.theme().labelFill);
+  canvas.textAround(center, label.text, font,
+                    withValue ? canvas.theme().labelText : canvas.theme().quietText);
+}
+
+std::vector<SliceLabel> labelsOf(const Canvas& canvas, const ChartModel& model,
+                                 const Series& series, const std::vector<Slice>& slices,
+                                 const Font& font, bool withValue) {
+  std::vector<SliceLabel> labels;
+  for (const Slice& slice : slices) {
+    SliceLabel label{&slice, sliceText(model, series, slice, withValue), {}, true, 0};
+    const Size size = canvas.boxOf(label.text, font, 0);
+    label.size = {size.width + 2 * kLabelPadding, size.height};
+    labels.push_back(std::move(label));
+  }
+  return labels;
+}
+
+// The largest disc that leaves room for its labels on both sides.
+Disc discIn(const Rect& room, double labelWidth, const ChartOptions& options) {
+  Disc disc;
+  double rim = 0;
+  if (options.threeD) {
+    const double elevation = options.view.elevation * kPi / 180;
+    disc.squash = std::cos(elevation);
+    disc.turn = options.view.rotation * kPi / 180;
+    rim = 1.1 * options.view.depth / View3D::kMaxDepth * std::sin(elevation);
+  }
+  const double sideways = room.width / 2 - labelWidth - kLeader - 4;
+  const double upwards = (room.height - 36) / (2 * disc.squash + std::fabs(rim));
+  disc.radius = std::max(kMinRadius, std::min(sideways, upwards));
+  disc.thickness = rim * disc.radius;
+  disc.center = room.center() - Point{0, disc.thickness / 2};
+  return disc;
+}
+
+// Returns the lower end of the disc and its labels.
+double layoutPie(Canvas& canvas, const Rect& room, const ChartModel& model,
+                 const ChartOptions& options, std::size_t index, int originalIndex) {
+  const Series& series = model.series[index];
+  const std::vector<Slice> slices = slicesOf(canvas.theme(), model, series);
+  const Font font = options.labels ? labelFont(options) : Font{12, false};
+  if (slices.empty()) {
+    const Disc disc = discIn(room, 0, options);
+    canvas.scene().fill(circle(room.center(), disc.radius * 0.8, 96), canvas.theme().inner,
+                        Stroke{canvas.theme().grid, 1.5, true});
+    canvas.textAround(room.center(), "keine Werte", {13, false}, canvas.theme().quietText);
+    return room.center().y + disc.radius * 0.8;
+  }
+  auto labels = labelsOf(canvas, model, series, slices, font, options.labels);
+  double widest = 0;
+  for (const SliceLabel& label : labels) widest = std::max(widest, label.size.width);
+  const bool hasRoom = widest + kLeader + 2 * kMinRadius < room.width / 2;
+  const Disc disc = discIn(room, hasRoom ? widest : 0, options);
+  addRim(canvas.scene(), disc, slices);
+  addFaces(canvas, disc, slices, originalIndex);
+  double lowest = disc.center.y + disc.radius * disc.squash + std::max(disc.thickness, 0.0);
+  if (!hasRoom) return lowest;
+  for (SliceLabel& label : labels) {
+    const Point place = disc.at(label.slice->middle(), 1.08);
+    label.right = place.x >= disc.center.x;
+    label.y = place.y;
+    if ((place.y - disc.center.y) * disc.thickness > 0) label.y += disc.thickness;
+  }
+  for (const bool right : {true, false}) {
+    auto side = chooseSide(labels, right, room.height);
+    spread(side, room.y, room.bottom());
+    for (const SliceLabel* label : side) {
+      drawLabel(canvas, disc, *label, font, options.labels);
+      lowest = std::max(lowest, label->y + label->size.height / 2 - 4);
+    }
+  }
+  return lowest;
+}
+
+// Name and sum below a pie.
+void addPieName(Canvas& canvas, const Rect& line, const Series& original) {
+  double sum = 0;
+  for (const auto& value : original.values) sum += value.value_or(0);
+  Font font{13, true};
+  const std::string text =
+      canvas.fit(original.name + "  " + valueText(sum) + " " + original.unit, font, line.width);
+  canvas.textAround(line.center(), text, font, canvas.theme().text);
+}
+
+}  // namespace
+
+void layoutPies(Canvas& canvas, const Rect& room, const ChartModel& model,
+                const ChartOptions& options, const std::vector<int>& order) {
+  const std::size_t count = model.series.size();
+  const ChartModel shown = options.percent ? inPercent(model, false) : model;
+  const std::size_t columns = count == 4 && room.width < 2.6 * room.height ? 2 : count;
+  const std::size_t rows = columns == 0 ? 0 : (count + columns - 1) / columns;
+  for (std::size_t i = 0; i < count; ++i) {
+    const std::size_t row = i / columns;
+    const double width = room.width / static_cast<double>(columns);
+    const double height = room.height / static_cast<double>(rows);
+    Rect cell{room.x + static_cast<double>(i % columns) * width,
+              room.y + static_cast<double>(row) * height, width, height};
+    cell = cell.grown(-6);
+    if (options.legend) cell.height -= kNameHeight;
+    const double lowest = layoutPie(canvas, cell, shown, options, i, order[i]);
+    const double y = std::min(lowest + kNameHeight, cell.bottom());
+    if (options.legend) addPieName(canvas, {cell.x, y, cell.width, kNameHeight}, model.series[i]);
+  }
+}
+
+}  // namespace charts

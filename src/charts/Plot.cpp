@@ -1,0 +1,45 @@
+#include "charts/Plot.h"
+
+#include <cmath>
+#include <numbers>
+
+#include "base/GermanNumber.h"
+
+namespace charts {
+
+Point depthOf(const View3D& view, Size room) {
+  const double radians = std::numbers::pi / 180;
+  const double length = 0.5 * std::min(room.width, room.height) * view.depth / View3D::kMaxDepth;
+  return {length * std::sin(view.rotation * radians), -length * std::sin(view.elevation * radians)};
+}
+
+std::string Drawing::labelText(std::size_t series, std::size_t month) const {
+  const double value = model.series[series].values[month].value_or(0);
+  if (model.series[series].unit == "%") return base::formatNumber(value, 1) + " %";
+  return valueText(value);
+}
+
+StackedSpans stackedSpans(const ChartModel& model) {
+  StackedSpans spans(model.series.size());
+  for (std::size_t month = 0; month < kMonthCount; ++month) {
+    std::array<double, 2> top{}, bottom{};
+    for (std::size_t s = 0; s < model.series.size(); ++s) {
+      const double value = model.series[s].values[month].value_or(0);
+      const auto stack = static_cast<std::size_t>(model.series[s].stack);
+      double& edge = value < 0 ? bottom.at(stack) : top.at(stack);
+      spans[s][month] = {edge, edge + value};
+      edge += value;
+    }
+  }
+  return spans;
+}
+
+std::vector<int> stacksOf(const ChartModel& model) {
+  std::vector<int> stacks;
+  for (const Series& series : model.series)
+    if (std::find(stacks.begin(), stacks.end(), series.stack) == stacks.end())
+      stacks.push_back(series.stack);
+  return stacks;
+}
+
+}  // namespace charts

@@ -1,0 +1,13 @@
+#pragma once
+
+#include <string>
+
+#include "charts/Scene.h"
+
+namespace charts {
+
+// The scene as an SVG document (UTF-8); the values are named for screen readers where names are
+// given.
+std::string toSvg(const Scene& scene, const std::string& title, const std::string& description);
+
+}  // namespace charts
