@@ -4,10 +4,11 @@
 
 #include <benchmark/benchmark.h>
 
-#include <cstdlib>
+#include <iostream>
 #include <string>
 
 #include "base/File.h"
+#include "jet/Creator.h"
 #include "jet/Database.h"
 #include "yearbook/Schema.h"
 
@@ -19,9 +20,31 @@ extern "C" {
 
 namespace {
 
-std::string fromEnvironment(const char* name) {
-  const char* value = std::getenv(name);
-  return value ? value : "";
+constexpr const char* kYear = "open-bench.kwd";
+constexpr const char* kBigYear = "open-bench-big.kwd";
+
+// A table that no year knows, with that many rows of about 400 bytes.
+jet::NewTable diary(std::size_t rows) {
+  jet::NewTable table;
+  table.name = "Tagebuch";
+  table.columns = {{"Nr", jet::ColumnType::Long}, {"Text", jet::ColumnType::Text, 255}};
+  // Beyond Latin-1, so that the text is stored with two bytes a character.
+  std::string text;
+  for (int i = 0; i < 200; ++i) text += "Ω";
+  table.rows.reserve(rows);
+  for (std::size_t i = 0; i < rows; ++i) table.rows.push_back({static_cast<std::int64_t>(i), text});
+  return table;
+}
+
+bool makeYears(base::FileSystem& files) {
+  auto tables = yearbook::templateTables();
+  auto year = jet::createDatabase(tables);
+  tables.push_back(diary(450000));
+  auto big = jet::createDatabase(tables);
+  if (!big) std::cerr << base::germanMessage(big.error()) << std::endl;
+  if (!year || !big) return false;
+  std::cerr << kBigYear << ": " << big->size() / 1000000 << " MB" << std::endl;
+  return files.replaceFile(kYear, *year) && files.replaceFile(kBigYear, *big);
 }
 
 // Every field of every row of the five tables; the number of values keeps it honest.
@@ -86,13 +109,12 @@ void openWithLibmdb(benchmark::State& state, const std::string& path) {
 }  // namespace
 
 int main(int argc, char** argv) {
-  const std::string year = fromEnvironment("KALVIRA_YEAR");
-  const std::string big = fromEnvironment("KALVIRA_BIG_YEAR");
-  benchmark::RegisterBenchmark("kalvira/year", openWithKalvira, year);
+  if (!makeYears(*base::makeDiskFileSystem())) return 1;
+  benchmark::RegisterBenchmark("kalvira/year", openWithKalvira, kYear);
 #ifdef KALVIRA_HAVE_LIBMDB
-  benchmark::RegisterBenchmark("libmdb/year", openWithLibmdb, year);
+  benchmark::RegisterBenchmark("libmdb/year", openWithLibmdb, kYear);
 #endif
-  if (!big.empty()) benchmark::RegisterBenchmark("kalvira/big year", openWithKalvira, big);
+  benchmark::RegisterBenchmark("kalvira/year of 200 MB", openWithKalvira, kBigYear);
   benchmark::Initialize(&argc, argv);
   benchmark::RunSpecifiedBenchmarks();
   return 0;

@@ -113,7 +113,7 @@ Result<TablePlan> planOf(const NewTable& table) {
 // A whole file whose usage maps have this length.
 class Build {
  public:
-  explicit Build(std::size_t mapLength) : mapLength_(mapLength), file_(mapLength) {}
+  Build(MapKind kind, std::size_t mapLength) : mapLength_(mapLength), file_(kind, mapLength) {}
 
   Result<void> run(const std::vector<NewTable>& tables, const std::vector<TablePlan>& plans) {
     makeSystemTables();
@@ -160,7 +160,8 @@ class Build {
 
 }  // namespace
 
-// A file that outgrows the usual maps is built once more with longer ones, as Jet lengthens them.
+// A file that outgrows the usual maps is built once more with longer ones, as Jet lengthens them;
+// beyond what a row can hold the maps refer to pages of bits.
 Result<base::Bytes> createDatabase(const std::vector<NewTable>& tables) {
   Names names;
   std::vector<TablePlan> plans;
@@ -171,13 +172,17 @@ Result<base::Bytes> createDatabase(const std::vector<NewTable>& tables) {
     plans.push_back(std::move(*plan));
   }
   for (std::size_t mapLength = kUsualMapLength; mapLength <= kLongestMap;) {
-    Build build(mapLength);
+    Build build(MapKind::Inline, mapLength);
     if (auto built = build.run(tables, plans); !built) return Failure(built.error());
     if (!build.file().mapsTooShort()) return build.file().finish();
     const std::size_t bits = build.file().pageCount() + build.file().pageCount() / 16;
     mapLength = std::max(mapLength + 4, kUsualMapLength + (bits / 32) * 4);
   }
-  return base::fail(ErrorCode::Unsupported, "Die Datei würde zu groß");
+  Build build(MapKind::Reference, kUsualMapLength);
+  if (auto built = build.run(tables, plans); !built) return Failure(built.error());
+  if (build.file().mapsTooShort())
+    return base::fail(ErrorCode::Unsupported, "Die Datei würde zu groß");
+  return build.file().finish();
 }
 
 }  // namespace jet

@@ -13,6 +13,8 @@ using base::Bytes;
 using format::kJet4;
 
 constexpr std::uint32_t kGlobalMapPage = 1;
+constexpr std::uint32_t kBitmapHead = sizeof(format::BitmapPage);
+constexpr std::uint32_t kPagesInBitmap = (kJet4.pageSize - kBitmapHead) * 8;
 constexpr std::size_t kCommitBytes = 0xE00;
 constexpr std::size_t kEngineName = 0x98;
 // Creation date and engine build belong together with the mask of the owner fields in the catalog
@@ -31,12 +33,13 @@ std::uint32_t pagesInMap(std::size_t rowLength) {
 
 }  // namespace
 
-NewFile::NewFile(std::size_t mapLength) : globalMapLength_(mapLength), mapLength_(kUsualMapLength) {
+NewFile::NewFile(MapKind kind, std::size_t mapLength)
+    : kind_(kind), globalMapLength_(mapLength), mapLength_(kUsualMapLength) {
   append();
   append();
   writeHeader();
   auto map = DataPageEditor::format(kJet4, page(kGlobalMapPage), kGlobalMapPage);
-  map.insert(Bytes(globalMapLength_), SlotState::Row);
+  map.insert(emptyMap(globalMapLength_), SlotState::Row);
   map.insert(Bytes(kUsualMapLength), SlotState::Row);
 }
 
@@ -84,21 +87,65 @@ RowPointer NewFile::addMap() {
     startMapPage(mapLength_);
     editor = DataPageEditor::open(kJet4, mapPage_, page(mapPage_));
   }
-  const std::size_t slot = editor->insert(Bytes(mapLength_), SlotState::Row);
+  const std::size_t slot = editor->insert(emptyMap(mapLength_), SlotState::Row);
   return {mapPage_, static_cast<std::uint8_t>(slot)};
 }
 
+Bytes NewFile::emptyMap(std::size_t length) const {
+  Bytes row(length);
+  if (kind_ == MapKind::Reference)
+    row[0] = static_cast<std::uint8_t>(format::UsageMapForm::Reference);
+  return row;
+}
+
+std::span<std::uint8_t> NewFile::mapRow(RowPointer map) {
+  return DataPageEditor::open(kJet4, map.page, page(map.page))->bytes(map.slot);
+}
+
+// The bitmap page of a reference map that holds the bit of a page; 0 when the row has no room for
+// it. Made when it is first needed.
+std::uint32_t NewFile::bitmapPage(RowPointer map, std::uint32_t number) {
+  const std::size_t entry = sizeof(std::uint8_t) + 4 * std::size_t{number / kPagesInBitmap};
+  if (entry + 4 > mapRow(map).size()) return 0;
+  base::le32 bitmap;
+  std::memcpy(&bitmap, mapRow(map).data() + entry, sizeof(bitmap));
+  if (bitmap == 0) {
+    bitmap = append();
+    page(bitmap)[0] = static_cast<std::uint8_t>(format::PageKind::Bitmap);
+    page(bitmap)[1] = 1;
+    std::memcpy(mapRow(map).data() + entry, &bitmap, sizeof(bitmap));
+  }
+  return bitmap;
+}
+
 void NewFile::setInMap(RowPointer map, std::uint32_t number) {
-  const auto row = DataPageEditor::open(kJet4, map.page, page(map.page))->bytes(map.slot);
-  if (number < pagesInMap(row.size()))
-    setMapBit(row, number);
-  else
+  if (kind_ == MapKind::Reference) {
+    const std::uint32_t bitmap = bitmapPage(map, number);
+    const std::uint32_t bit = number % kPagesInBitmap;
+    if (bitmap != 0)
+      page(bitmap)[kBitmapHead + bit / 8] |= static_cast<std::uint8_t>(1U << (bit % 8));
+    else
+      mapsTooShort_ = true;
+  } else if (number < pagesInMap(mapRow(map).size())) {
+    setMapBit(mapRow(map), number);
+  } else {
     mapsTooShort_ = true;
+  }
+}
+
+// Free are the pages beyond the end of the file, as far as the map reaches.
+void NewFile::fillGlobalMap() {
+  const RowPointer global{kGlobalMapPage, 0};
+  std::uint32_t end = pagesInMap(mapRow(global).size());
+  if (kind_ == MapKind::Reference) {
+    for (std::uint32_t i = 0; i < pageCount(); i += kPagesInBitmap) bitmapPage(global, i);
+    end = (pageCount() + kPagesInBitmap - 1) / kPagesInBitmap * kPagesInBitmap;
+  }
+  for (std::uint32_t i = pageCount(); i < end; ++i) setInMap(global, i);
 }
 
 base::Bytes NewFile::finish() {
-  const auto free = DataPageEditor::open(kJet4, kGlobalMapPage, page(kGlobalMapPage))->bytes(0);
-  for (std::uint32_t i = pageCount(); i < pagesInMap(free.size()); ++i) setMapBit(free, i);
+  fillGlobalMap();
   Bytes file;
   file.reserve(pages_.size() * kJet4.pageSize);
   for (const Bytes& content : pages_) file.insert(file.end(), content.begin(), content.end());

@@ -9,13 +9,15 @@
 
 namespace jet {
 
+enum class MapKind { Inline, Reference };
+
 // A Jet 4 file in the making: header page, global map, and whatever is appended. Everything lies in
 // memory; bytes that nobody sets are 0.
 class NewFile {
  public:
   // Header page and global map. mapLength: bytes of a usage map's row, at least 69; it decides how
-  // many pages the maps can name.
-  explicit NewFile(std::size_t mapLength);
+  // many pages inline maps can name. Reference maps keep their bits on pages of their own.
+  NewFile(MapKind kind, std::size_t mapLength);
 
   std::uint32_t append();
   std::uint32_t pageCount() const { return static_cast<std::uint32_t>(pages_.size()); }
@@ -33,7 +35,12 @@ class NewFile {
 
  private:
   void writeHeader();
+  base::Bytes emptyMap(std::size_t length) const;
+  std::span<std::uint8_t> mapRow(RowPointer map);
+  std::uint32_t bitmapPage(RowPointer map, std::uint32_t page);
+  void fillGlobalMap();
 
+  MapKind kind_;
   std::vector<base::Bytes> pages_;
   std::size_t globalMapLength_;
   std::size_t mapLength_;
