@@ -43,6 +43,7 @@ HelpWindow::HelpWindow(const Content& content, QWidget* parent) : QWidget(parent
   close->setText(u"Fenster &schließen"_s);
   close->setAccessibleName(u"Fenster schließen"_s);
   close->setDefault(true);
+  close->setMinimumSize(close->sizeHint() + QSize(20, 8));
   connect(close, &QPushButton::clicked, this, &QWidget::close);
 
   auto* rows = new QVBoxLayout(this);

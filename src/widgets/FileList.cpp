@@ -8,6 +8,7 @@ namespace widgets {
 FileList::FileList(QWidget* parent) : QListWidget(parent) {
   setSelectionMode(QAbstractItemView::SingleSelection);
   setUniformItemSizes(true);
+  setSpacing(1);
   setTextElideMode(Qt::ElideMiddle);
   // A click on the name that is current already counts as a choice, too.
   connect(this, &QListWidget::itemClicked, this,

@@ -2,6 +2,7 @@
 
 #include <QDir>
 #include <QHeaderView>
+#include <QScrollBar>
 #include <QSignalBlocker>
 #include <QStyle>
 
@@ -84,6 +85,7 @@ bool FolderList::setPath(const QString& root, const QString& folder) {
   setCurrentItem(item);
   shown_ = item->data(0, kPathRole).toString();
   scrollToItem(item, QAbstractItemView::PositionAtCenter);
+  horizontalScrollBar()->setValue(0);
   return true;
 }
 

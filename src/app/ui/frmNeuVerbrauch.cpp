@@ -53,6 +53,7 @@ void frmNeuVerbrauch::setTexts() {
 
 void frmNeuVerbrauch::buildLayout() {
   Text2->setFrameShape(QFrame::NoFrame);
+  Text2->document()->setDocumentMargin(0);
   QPalette plain = Text2->palette();
   plain.setColor(QPalette::Base, palette().color(QPalette::Window));
   Text2->setPalette(plain);
@@ -60,7 +61,12 @@ void frmNeuVerbrauch::buildLayout() {
   Text2->setVerticalScrollBarPolicy(Qt::ScrollBarAlwaysOff);
   txtBenutzer->setMinimumWidth(txtBenutzer->fontMetrics().averageCharWidth() * 36);
 
+  for (QPushButton* button : {Command1, Command2}) {
+    button->setMinimumHeight(32);
+    button->setMinimumWidth(button->sizeHint().width() + 20);
+  }
   auto* buttons = new QHBoxLayout;
+  buttons->setSpacing(10);
   buttons->addStretch();
   buttons->addWidget(Command1);
   buttons->addWidget(Command2);

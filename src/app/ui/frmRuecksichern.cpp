@@ -86,7 +86,7 @@ void frmRuecksichern::buildLayout() {
   auto* grid = new QGridLayout(this);
   grid->setContentsMargins(16, 14, 16, 14);
   grid->setHorizontalSpacing(18);
-  grid->setVerticalSpacing(8);
+  grid->setVerticalSpacing(9);
   grid->addWidget(Label7, 0, 0, 1, 2);
   grid->addWidget(Drive1, 1, 0);
   grid->addWidget(Dir1, 2, 0, 5, 1);
@@ -99,6 +99,7 @@ void frmRuecksichern::buildLayout() {
   grid->addWidget(FilesWechsel, 6, 1, 2, 1);
   grid->addWidget(Label6, 8, 0, 1, 2);
   auto* buttons = new QHBoxLayout;
+  buttons->setSpacing(10);
   buttons->addWidget(Command1, 1);
   buttons->addWidget(Command2);
   grid->addLayout(buttons, 9, 0, 1, 2);
@@ -106,7 +107,8 @@ void frmRuecksichern::buildLayout() {
   grid->setColumnStretch(1, 1);
   grid->setRowStretch(2, 3);
   grid->setRowStretch(6, 2);
-  Command1->setMinimumHeight(Command1->sizeHint().height() + 6);
+  for (QPushButton* button : {Command1, Command2}) button->setMinimumHeight(34);
+  Command2->setMinimumWidth(Command2->sizeHint().width() + 24);
   resize(800, 580);
 }
 

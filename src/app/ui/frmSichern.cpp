@@ -67,7 +67,7 @@ void frmSichern::buildLayout() {
   auto* grid = new QGridLayout(this);
   grid->setContentsMargins(16, 14, 16, 14);
   grid->setHorizontalSpacing(18);
-  grid->setVerticalSpacing(8);
+  grid->setVerticalSpacing(9);
   grid->addWidget(Label7, 0, 0, 1, 2);
   grid->addWidget(Drive1, 1, 0);
   grid->addWidget(Dir1, 2, 0, 3, 1);
@@ -77,6 +77,7 @@ void frmSichern::buildLayout() {
   grid->addWidget(FilesWechsel, 4, 1);
   grid->addWidget(Label6, 5, 0, 1, 2);
   auto* buttons = new QHBoxLayout;
+  buttons->setSpacing(10);
   buttons->addWidget(Command1, 1);
   buttons->addWidget(Command2);
   grid->addLayout(buttons, 6, 0, 1, 2);
@@ -84,7 +85,8 @@ void frmSichern::buildLayout() {
   grid->setColumnStretch(1, 1);
   grid->setRowStretch(2, 1);
   grid->setRowStretch(4, 1);
-  Command1->setMinimumHeight(Command1->sizeHint().height() + 6);
+  for (QPushButton* button : {Command1, Command2}) button->setMinimumHeight(34);
+  Command2->setMinimumWidth(Command2->sizeHint().width() + 24);
   resize(780, 540);
 }
 
@@ -117,7 +119,8 @@ void frmSichern::Command1Click() {
   base::Result<void> outcome;
   {
     app::CopyProgressBox box(this, u"Datensicherung"_s);
-    outcome = app::copyFiles(services_.files, dataFolder, target.toStdString(), names, box.progress());
+    outcome =
+        app::copyFiles(services_.files, dataFolder, target.toStdString(), names, box.progress());
   }
   Dir1->refresh();
   report(outcome, target);

@@ -92,7 +92,7 @@ void frmVerbrStart::buildLayout() {
   QFont large = font();
   large.setPointSizeF(large.pointSizeF() * 1.15);
   filFiles->setFont(large);
-  filFiles->setIconSize(QSize(16, 16));
+  filFiles->setSpacing(3);
   large.setBold(true);
   lblFilename->setFont(large);
   lblFilename->setTextFormat(Qt::PlainText);
@@ -102,6 +102,7 @@ void frmVerbrStart::buildLayout() {
   cmdHausrat->setIcon(widgets::icon(u"jahr"_s));
   cmdHausrat->setIconSize(QSize(32, 32));
   cmdHausrat->setMinimumHeight(56);
+  cmdHausrat->setMinimumWidth(cmdHausrat->sizeHint().width() + 32);
   cmdHausrat->setDefault(true);
   lblDatenordner->setTextFormat(Qt::PlainText);
   lblDatenordner->setTextInteractionFlags(Qt::TextSelectableByMouse);

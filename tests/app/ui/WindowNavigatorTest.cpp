@@ -1,0 +1,123 @@
+#include "app/ui/WindowNavigator.h"
+
+#include <gtest/gtest.h>
+
+#include <QApplication>
+#include <QMainWindow>
+#include <QTest>
+#include <QTimer>
+
+#include "StartFixture.h"
+
+using namespace Qt::Literals::StringLiterals;
+
+namespace {
+
+// The real ways between the windows, with a plain window in the main window's place.
+class Navigation : public StartFixture {
+ protected:
+  Navigation() {
+    put("Verbrauch.kwd", "Jahr");
+    navigator.begin(real, facts, [this](QWidget* parent) {
+      return app::YearWindow{opens ? new QMainWindow(parent) : nullptr,
+                             [this](const QString& text) { hints += text; }};
+    });
+    connectLast();
+    navigator.showStartWindow();
+    settle();
+  }
+  ~Navigation() override {
+    for (QWidget* window : QApplication::topLevelWidgets()) window->close();
+    settle();
+  }
+  void connectLast() {
+    QObject::connect(qApp, &QGuiApplication::lastWindowClosed, &watcher, [this] { ++lastClosed; });
+  }
+  static void settle() {
+    QApplication::processEvents();
+    QApplication::sendPostedEvents(nullptr, QEvent::DeferredDelete);
+    QApplication::processEvents();
+  }
+  template <class Window>
+  static Window* visible() {
+    for (QWidget* window : QApplication::topLevelWidgets())
+      if (auto* found = qobject_cast<Window*>(window);
+          found != nullptr && found->isVisible() &&
+          found->metaObject() == &Window::staticMetaObject)
+        return found;
+    return nullptr;
+  }
+
+  app::WindowNavigator navigator;
+  dialogs::Services real{paths, *files, clock, prompts, shell, navigator};
+  bool opens = true;
+  QStringList hints;
+  QObject watcher;
+  int lastClosed = 0;
+};
+
+TEST_F(Navigation, MainWindowTakesOverWithoutAMomentWithoutWindows) {
+  visible<frmVerbrStart>()->cmdHausrat->click();
+  settle();
+  EXPECT_EQ(visible<frmVerbrStart>(), nullptr);
+  ASSERT_NE(visible<QMainWindow>(), nullptr);
+  EXPECT_FALSE(visible<QMainWindow>()->isModal());
+  EXPECT_EQ(lastClosed, 0);
+}
+
+TEST_F(Navigation, YearThatCannotBeOpenedLeavesTheStartWindow) {
+  opens = false;
+  visible<frmVerbrStart>()->cmdHausrat->click();
+  settle();
+  EXPECT_NE(visible<frmVerbrStart>(), nullptr);
+}
+
+TEST_F(Navigation, DoubleClickComesBackToTheStartWindow) {
+  bool modal = false;
+  QTimer::singleShot(0, [&] {
+    modal = visible<QMainWindow>()->isModal();
+    visible<QMainWindow>()->close();
+  });
+  Q_EMIT visible<frmVerbrStart>()->filFiles->opened(u"Verbrauch.kwd"_s);
+  EXPECT_TRUE(modal);
+  EXPECT_NE(visible<frmVerbrStart>(), nullptr);
+  EXPECT_EQ(visible<QMainWindow>(), nullptr);
+}
+
+TEST_F(Navigation, AnotherYearStartsAtAFreshStartWindow) {
+  const QPointer<frmVerbrStart> first = visible<frmVerbrStart>();
+  QTimer::singleShot(0, [&] { navigator.restartAtStartWindow(); });
+  Q_EMIT first->filFiles->opened(u"Verbrauch.kwd"_s);
+  settle();
+  EXPECT_TRUE(first.isNull());
+  EXPECT_NE(visible<frmVerbrStart>(), nullptr);
+  EXPECT_EQ(visible<QMainWindow>(), nullptr);
+  EXPECT_EQ(lastClosed, 0);
+}
+
+TEST_F(Navigation, HelpIsOneWindow) {
+  navigator.showHelp();
+  navigator.showHelp();
+  settle();
+  int count = 0;
+  for (QWidget* window : QApplication::topLevelWidgets())
+    count += window->isVisible() && window->objectName() == u"frmHilfe"_s;
+  EXPECT_EQ(count, 1);
+}
+
+TEST_F(Navigation, OpeningLeavesASafetyCopyAndAFailureOnlyAHint) {
+  visible<frmVerbrStart>()->cmdHausrat->click();
+  visible<QMainWindow>()->close();
+  settle();
+  EXPECT_EQ(files->readText(dataFolder() + "Sicherungen/2024-03-01/Verbrauch.kwd"), "Jahr");
+
+  clock.set(base::Date{std::chrono::year{2024} / 3 / 2});
+  put("Verbrauch.kwd", "geändert");
+  put("Sicherungen/2024-03-02", "kein Ordner");
+  navigator.openMainWindow();
+  QTest::qWait(600);
+  ASSERT_EQ(hints.size(), 1);
+  EXPECT_TRUE(hints[0].contains(u"2024-03-02"_s)) << hints[0].toStdString();
+}
+
+}  // namespace
