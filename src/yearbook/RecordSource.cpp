@@ -140,6 +140,10 @@ std::size_t RecordSource::fieldIndex(const Field& field) const {
   return 0;
 }
 
+bool RecordSource::isMemo(const Field& field) const {
+  return records_.columns()[columns_[fieldIndex(field)]].type == ColumnType::Memo;
+}
+
 const Value& RecordSource::raw(int row, const Field& field) const {
   return values_.at(static_cast<std::size_t>(row)).at(fieldIndex(field));
 }

@@ -22,6 +22,8 @@ class RecordSource {
   static base::Result<RecordSource> open(jet::Database& database, const Table& table);
 
   const Table& table() const { return *table_; }
+  // A memo column, which takes texts of any length.
+  bool isMemo(const Field& field) const;
   int count() const { return table_->rows; }
   base::Result<void> refresh();
 

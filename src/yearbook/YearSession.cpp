@@ -110,6 +110,13 @@ std::string YearSession::currentMonthName() const {
   return std::string(base::kMonthNames[static_cast<unsigned>(openedOn_.month()) - 1]);
 }
 
+bool YearSession::holdsLongRemarks(Utility utility) const {
+  const RecordSource& rows = utility == Utility::Electricity ? adoStrom
+                             : utility == Utility::Water     ? adoWasser
+                                                             : adoGas;
+  return rows.isMemo(*fieldsOf(utility).remark);
+}
+
 Result<void> YearSession::load() {
   values_.flatRate = readFlatRate(files_, dataFolder_);
   for (Utility utility : kUtilities) readMonths(utility);
@@ -281,6 +288,12 @@ Result<void> YearSession::copyToChartTable() {
                          {adoWasser, wasser::consumption, verbrMonat::water},
                          {adoWasser, wasser::wasteConsumption, verbrMonat::wasteWater},
                          {adoGas, gas::consumption, verbrMonat::gas}};
+  if (readOnlyReason()) {
+    for (const Copy& copy : copies)
+      for (int i = 0; i < kMonths; ++i)
+        adoVerbrM.keep(i, copy.target, copy.from.raw(i, copy.source));
+    return {};
+  }
   return transact([&]() -> Result<void> {
     for (const Copy& copy : copies)
       for (int i = 0; i < kMonths; ++i)
@@ -488,9 +501,11 @@ Result<void> YearSession::setNightShown(bool shown) {
 
 Result<void> YearSession::setFlatRate(bool on) {
   values_.flatRate = on;
-  auto summarized = summarize(Utility::Electricity);
-  auto saved = writeFlatRate(files_, dataFolder_, on);
-  return summarized ? saved : summarized;
+  return summarize(Utility::Electricity);
+}
+
+Result<void> YearSession::saveFlatRate() {
+  return writeFlatRate(files_, dataFolder_, values_.flatRate);
 }
 
 }  // namespace yearbook

@@ -22,7 +22,8 @@ class YearSession {
 
  public:
   // Opens the file and loads the year; writes nothing but PGesammt and PGesammtW where they differ
-  // from their months (a year that can only be read shows them without storing them). dataFolder ends with the separator; "pauschale.dat" lies there.
+  // from their months (a year that can only be read shows them without storing them). dataFolder
+  // ends with the separator; "pauschale.dat" lies there.
   static base::Result<std::unique_ptr<YearSession>> open(base::FileSystem& files,
                                                          const std::string& path,
                                                          const std::string& dataFolder,
@@ -41,6 +42,9 @@ class YearSession {
   std::string currentMonthName() const;
   int startMonth(Utility utility) const { return values_.startMonths[at(utility)]; }
   MonthNames monthNames(Utility utility) const { return rotatedMonthNames(startMonth(utility)); }
+
+  // Whether remarks may be longer than a text column holds.
+  bool holdsLongRemarks(Utility utility) const;
 
   const FieldValues& values() const { return values_; }
 
@@ -79,8 +83,10 @@ class YearSession {
   base::Result<void> clear(Utility utility);
   // "on" or "off" in the year.
   base::Result<void> setNightShown(bool shown);
-  // For all years of the data folder. The mode holds even if "pauschale.dat" cannot be written.
+  // Holds for all years of the data folder once saveFlatRate() has written "pauschale.dat", until
+  // then for the open one.
   base::Result<void> setFlatRate(bool on);
+  base::Result<void> saveFlatRate();
 
   // --- recalculation
   // --------------------------------------------------------------------------------- Totals from

@@ -1,0 +1,81 @@
+#include "yearbook/ui/GasPage.h"
+
+#include "yearbook/FieldTexts.h"
+
+using namespace Qt::Literals::StringLiterals;
+
+namespace yearbook {
+GasPage::GasPage(QWidget* parent, YearEditor& editor)
+    : UtilityPage(parent, "Frame3", editor),
+      months(new MonthTable(content(), editor, Utility::Gas,
+                            {"FrameMonateG", "lblMo", "Check3", "lblVerbrGas", "txtAbschlagG",
+                             "txtSumAbschlG", "cmdAbschlG"},
+                            u"m³"_s)),
+      gas_(new FigureGroup(content(), "FrameGas", u"Gas"_s)),
+      contract_(new FigureGroup(content(), "FrameVertragG", u"Vertrag"_s)),
+      result_(new ResultGroup(content(), u"Istwert Gas"_s, txtSum2G,
+                              u"Verbrauch mit MwSt, ohne Grundgebühr"_s)) {
+  buildMeter();
+  buildContract();
+  result_->addNote(u"Betrag Gas = Verbrauch  m³  x  Faktor  x  Cent/kwh"_s);
+  result_->addButton(button(cmdDiagrammGas, u"Gas"_s, u"Diagramm Verbrauch Gas"_s));
+  result_->addButton(button(cmdDiagrVergleichG, u"Vergleich"_s,
+                            u"Verbrauch mit einem anderen Jahr vergleichen"_s));
+  bindFields();
+  placeOneMeter(gas_, contract_, months, result_);
+  chainFields({txtAnfStandG, txtFaktor, txtPreisGas, txtGrundgebG, txtMwStG}, *months);
+  connect(&editor, &YearEditor::changed, this, &GasPage::showValues);
+}
+
+void GasPage::buildMeter() {
+  gas_->addLine(u"Anfangszählerstand"_s, txtAnfStandG, u"m³"_s);
+  gas_->addLine(u"Endzählerstand"_s, txtEndStandG, u"m³"_s);
+  gas_->addLine(u"Verbrauch"_s, txtVerbrauchG, u"m³"_s);
+  gas_->addLine(u"Faktor"_s, txtFaktor, u"kWh/m³"_s);
+  txtFaktor->setToolTip(u"Brennwert mal Zustandszahl, wie auf der Rechnung des Versorgers"_s);
+  gas_->addLine(u"Verbrauch in kWh"_s, txtGaskWh, u"kWh"_s);
+  gas_->addLine(u"Preis je Einheit"_s, txtPreisGas, u"Cent/kWh"_s);
+  txtPreisGas->setToolTip(
+      u"Preis des letzten Monats. Eine Eingabe hier gilt für alle zwölf Monate."_s);
+  gas_->addLine(u"Betrag netto"_s, txtBetragG, u"Euro"_s);
+  gas_->addLine(u"MwSt"_s, txtMwStGas, u"Euro"_s);
+  button(cmdEingabeVerbrauchG, u"Eingabe Zählerstand..."_s, u"Eingabe Zählerstand Gas"_s);
+  button(cmdPreisJeEinheitG, u"Preise je Monat..."_s, u"Preise Gas je Monat eingeben"_s);
+  gas_->setFoot(buttonRow(gas_, "FrameTastenG", {cmdEingabeVerbrauchG, cmdPreisJeEinheitG}));
+}
+
+void GasPage::buildContract() {
+  button(cmdMonatlGas, u"Eingabe monatlich"_s, u"Grundgebühr Gas monatlich eingeben"_s);
+  button(cmdBeginnG, u"anpassen"_s,
+         u"Hier können Sie den Start - Monat (den Monat Ihrer Abrechnung) anpassen."_s);
+  contract_->addLine(u"Grundgebühr im Jahr"_s, txtGrundgebG, u"Euro"_s, cmdMonatlGas);
+  contract_->addLine(u"MwSt"_s, txtMwStG, u"%"_s);
+  contract_->addLine(u"Startmonat"_s, lblStartmonatG, {}, cmdBeginnG);
+}
+
+void GasPage::bindFields() {
+  YearSession& session = editor().session();
+  editor().bindSetting(txtAnfStandG, EntryKind::WholeCubicMetres, zstaende::startGas,
+                       &FieldValues::startGas);
+  editor().bind({txtFaktor, EntryKind::Factor,
+                 [](const FieldValues& values) { return values.gasFactor; },
+                 [&session](auto value) { return session.storeGasFactor(value); }});
+  editor().bind({txtPreisGas, EntryKind::Price,
+                 [](const FieldValues& values) { return values.gasPrice; },
+                 [&session](auto value) { return session.storeGasPrice(value); }});
+  editor().bindBaseFee(txtGrundgebG, zstaende::baseFeeGas, &FieldValues::baseFeeGas);
+  editor().bindSetting(txtMwStG, EntryKind::Percent, zstaende::vatGas, &FieldValues::vatGas);
+}
+
+void GasPage::showValues() {
+  const GasTexts texts = gasTexts(editor().values());
+  txtEndStandG->showText(texts.gas.endReading);
+  txtVerbrauchG->showText(texts.gas.consumption);
+  txtGaskWh->showText(texts.kwh);
+  txtBetragG->showText(texts.gas.amount);
+  txtMwStGas->showText(texts.gas.vat);
+  txtSum2G->showText(texts.gas.gross);
+  lblStartmonatG->setText(months->month(0)->text());
+}
+
+}  // namespace yearbook

@@ -1,0 +1,165 @@
+#include "yearbook/ui/MonthTable.h"
+
+#include <QGridLayout>
+#include <algorithm>
+
+#include "yearbook/FieldTexts.h"
+#include "yearbook/ui/ConsumptionBar.h"
+
+using namespace Qt::Literals::StringLiterals;
+
+namespace yearbook {
+namespace {
+
+enum GridColumn { kMonth, kConsumption, kUnit, kBar, kAdvance, kEuro, kColumns };
+constexpr int kHintRow = 0;
+constexpr int kHeaderRow = 1;
+constexpr int kFirstMonthRow = 2;
+constexpr int kRuleRow = kFirstMonthRow + kMonths;
+constexpr int kSumRow = kRuleRow + 1;
+constexpr int kButtonRow = kSumRow + 1;
+
+QLabel* heading(const QString& text, QWidget* parent) {
+  auto* label = new QLabel(text, parent);
+  QFont bold = label->font();
+  bold.setBold(true);
+  label->setFont(bold);
+  label->setSizePolicy(QSizePolicy::Preferred, QSizePolicy::Fixed);
+  return label;
+}
+
+QString monthName(const MonthTexts& texts, int i) {
+  return QString::fromStdString(texts.names[std::size_t(i)]);
+}
+
+}  // namespace
+
+MonthTable::MonthTable(QWidget* parent, YearEditor& editor, Utility utility,
+                       const MonthTableNames& names, const QString& unit)
+    : TitledFrame(u"Monate"_s, parent),
+      month(this, names.month),
+      check(this, names.check),
+      consumption(this, names.consumption),
+      advance(this, names.advance),
+      advanceSum(widgets::control<DerivedField>(this, names.advanceSum)),
+      zeroAdvances(widgets::control<QPushButton>(this, names.zeroAdvances)),
+      editor_(editor),
+      utility_(utility),
+      unit_(unit),
+      consumptionSum_(heading({}, this)) {
+  setObjectName(QString::fromLatin1(names.frame));
+  auto* grid = new QGridLayout(this);
+  grid->setHorizontalSpacing(6);
+  grid->setVerticalSpacing(2);
+  grid->setContentsMargins(8, 8, 10, 8);
+  grid->setColumnStretch(kBar, 1);
+  grid->setColumnMinimumWidth(kMonth, 90);
+  buildHeader(grid);
+  buildLines(grid);
+  buildSums(grid);
+  bindAdvances();
+  connect(zeroAdvances, &QPushButton::clicked, this,
+          [this] { editor_.run([this] { return editor_.session().zeroAdvances(utility_); }); });
+  connect(&editor_, &YearEditor::changed, this, &MonthTable::showValues);
+}
+
+void MonthTable::buildHeader(QGridLayout* grid) {
+  grid->setRowMinimumHeight(kHeaderRow, 22);
+  auto* hint = new QLabel(u"Geben Sie hier Ihre monatlichen Abschläge ein. ( Brutto )"_s, this);
+  hint->setContentsMargins(4, 0, 0, 0);
+  hint->setSizePolicy(QSizePolicy::Preferred, QSizePolicy::Fixed);
+  hint->setForegroundRole(QPalette::PlaceholderText);
+  grid->addWidget(hint, kHintRow, 0, 1, kColumns);
+  auto* monthHeading = heading(u"Monat"_s, this);
+  monthHeading->setContentsMargins(4, 0, 0, 0);
+  grid->addWidget(monthHeading, kHeaderRow, kMonth);
+  grid->addWidget(heading(u"Verbrauch"_s, this), kHeaderRow, kConsumption,
+                  Qt::AlignRight | Qt::AlignVCenter);
+  auto* advanceHeading = heading(u"Abschlag"_s, this);
+  advanceHeading->setContentsMargins(0, 0, textInset(*advance(0)), 0);
+  grid->addWidget(advanceHeading, kHeaderRow, kAdvance, Qt::AlignRight | Qt::AlignVCenter);
+}
+
+void MonthTable::buildLines(QGridLayout* grid) {
+  for (int i = 0; i < kMonths; ++i) {
+    const int row = kFirstMonthRow + i;
+    auto* mark = new LineMark(this);
+    mark->lower();
+    marks_[std::size_t(i)] = mark;
+    bars_[std::size_t(i)] = new ConsumptionBar(this);
+    consumption(i)->setAlignment(Qt::AlignRight | Qt::AlignVCenter);
+    advance(i)->setFixedWidth(numberWidth(advance(i)));
+    advance(i)->setToolTip(u"Geben Sie hier Ihre monatlichen Abschläge ein. ( Brutto )"_s);
+    month(i)->setContentsMargins(4, 0, 0, 0);
+    check(i)->hide();
+    check(i)->setFocusPolicy(Qt::NoFocus);
+    grid->addWidget(mark, row, 0, 1, kColumns);
+    grid->addWidget(month(i), row, kMonth);
+    grid->addWidget(consumption(i), row, kConsumption);
+    grid->addWidget(new QLabel(unit_, this), row, kUnit);
+    grid->addWidget(bars_[std::size_t(i)], row, kBar);
+    // Aligned, or the fixed height of the field would keep the lines from growing.
+    grid->addWidget(advance(i), row, kAdvance, Qt::AlignVCenter);
+    grid->addWidget(new QLabel(u"Euro"_s, this), row, kEuro);
+    grid->setRowStretch(row, 1);
+  }
+}
+
+void MonthTable::buildSums(QGridLayout* grid) {
+  auto* rule = new QFrame(this);
+  rule->setFrameShape(QFrame::HLine);
+  rule->setFrameShadow(QFrame::Plain);
+  rule->setForegroundRole(QPalette::Mid);
+  grid->addWidget(rule, kRuleRow, 0, 1, kColumns);
+  auto* sum = heading(u"Summe"_s, this);
+  sum->setContentsMargins(4, 0, 0, 0);
+  grid->addWidget(sum, kSumRow, kMonth);
+  consumptionSum_->setAlignment(Qt::AlignRight | Qt::AlignVCenter);
+  grid->addWidget(consumptionSum_, kSumRow, kConsumption);
+  grid->addWidget(new QLabel(unit_, this), kSumRow, kUnit);
+  advanceSum->emphasize();
+  advanceSum->setAccessibleName(u"Summe der Abschläge"_s);
+  advanceSum->setFixedWidth(numberWidth(advanceSum));
+  grid->addWidget(advanceSum, kSumRow, kAdvance);
+  grid->addWidget(new QLabel(u"Euro"_s, this), kSumRow, kEuro);
+  zeroAdvances->setText(u"&Alle Monate auf 0,00 setzen"_s);
+  zeroAdvances->setAccessibleName(u"Abschläge: Alle Monate auf 0,00 setzen"_s);
+  grid->addWidget(zeroAdvances, kButtonRow, kBar, 1, kColumns - kBar, Qt::AlignRight);
+}
+
+void MonthTable::bindAdvances() {
+  for (int i = 0; i < kMonths; ++i) {
+    editor_.bind({advance(i), EntryKind::Amount,
+                  [this, i](const FieldValues& values) {
+                    return euro(values.advances[at(utility_)][std::size_t(i)]);
+                  },
+                  [this, i](std::optional<double> value) -> base::Result<void> {
+                    const auto amount = toMoney(value);
+                    if (!amount) return base::Failure(amount.error());
+                    return editor_.session().storeAdvance(utility_, i, *amount);
+                  }});
+  }
+}
+
+void MonthTable::showValues() {
+  const MonthTexts texts =
+      monthTexts(editor_.values(), utility_, editor_.session().currentMonthName());
+  for (int i = 0; i < kMonths; ++i) {
+    const QString name = monthName(texts, i);
+    const bool current = i == texts.current;
+    QFont font = this->font();
+    font.setBold(current);
+    month(i)->setText(name);
+    month(i)->setFont(font);
+    check(i)->setText(name);
+    consumption(i)->setText(QString::fromStdString(texts.consumptions[std::size_t(i)]));
+    consumption(i)->setAccessibleName(u"Verbrauch "_s + name);
+    advance(i)->setAccessibleName(u"Abschlag "_s + name);
+    marks_[std::size_t(i)]->setVisible(current);
+    bars_[std::size_t(i)]->setShare(texts.shares[std::size_t(i)]);
+  }
+  consumptionSum_->setText(QString::fromStdString(texts.consumptionSum));
+  advanceSum->setText(QString::fromStdString(texts.advanceSum));
+}
+
+}  // namespace yearbook

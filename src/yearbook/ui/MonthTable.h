@@ -1,0 +1,60 @@
+#pragma once
+
+#include <QCheckBox>
+#include <QLabel>
+#include <QPushButton>
+
+#include "widgets/NumberField.h"
+#include "widgets/control.h"
+#include "yearbook/ui/FigureGroup.h"
+#include "yearbook/ui/YearEditor.h"
+
+class QGridLayout;
+
+namespace yearbook {
+
+class ConsumptionBar;
+
+// The names of the controls of one utility's month lines.
+struct MonthTableNames {
+  const char* frame;
+  const char* month;
+  const char* check;
+  const char* consumption;
+  const char* advance;
+  const char* advanceSum;
+  const char* zeroAdvances;
+};
+
+// The twelve months of a utility, a line each: month, consumption, advance payment; their sums
+// below. The current month stands out.
+class MonthTable final : public TitledFrame {
+  Q_OBJECT
+ public:
+  MonthTable(QWidget* parent, YearEditor& editor, Utility utility, const MonthTableNames& names,
+             const QString& unit);
+
+  const widgets::ControlArray<QLabel, kMonths> month;
+  // Never shown: the new month names when the start month moves.
+  const widgets::ControlArray<QCheckBox, kMonths> check;
+  const widgets::ControlArray<QLabel, kMonths> consumption;
+  const widgets::ControlArray<widgets::NumberField, kMonths> advance;
+  DerivedField* const advanceSum;
+  QPushButton* const zeroAdvances;
+
+ private:
+  void buildHeader(QGridLayout* grid);
+  void buildLines(QGridLayout* grid);
+  void buildSums(QGridLayout* grid);
+  void bindAdvances();
+  void showValues();
+
+  YearEditor& editor_;
+  Utility utility_;
+  QString unit_;
+  QLabel* consumptionSum_;
+  std::array<ConsumptionBar*, kMonths> bars_{};
+  std::array<QWidget*, kMonths> marks_{};
+};
+
+}  // namespace yearbook

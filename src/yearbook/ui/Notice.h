@@ -1,0 +1,16 @@
+#pragma once
+
+#include <QLabel>
+
+namespace yearbook {
+
+// A quiet line above the pages; hidden while there is nothing to say.
+class Notice final : public QLabel {
+  Q_OBJECT
+ public:
+  explicit Notice(QWidget* parent);
+  // "" hides it.
+  void say(const QString& text);
+};
+
+}  // namespace yearbook

@@ -1,0 +1,132 @@
+#include "yearbook/ui/UtilityPage.h"
+
+#include <QGridLayout>
+#include <QHBoxLayout>
+#include <QVBoxLayout>
+
+using namespace Qt::Literals::StringLiterals;
+
+namespace yearbook {
+namespace {
+
+// Beyond this the lines stand too far apart to be read as one table.
+constexpr int kTallestPage = 900;
+
+}  // namespace
+
+ResultGroup::ResultGroup(QWidget* parent, const QString& caption, DerivedField* total,
+                         const QString& note)
+    : TitledFrame(u"Ergebnis"_s, parent), buttons_(new QHBoxLayout) {
+  auto* rows = new QVBoxLayout(this);
+  rows->setContentsMargins(10, 8, 10, 8);
+  rows->setSpacing(4);
+  auto* figures = new QHBoxLayout;
+  auto* label = new QLabel(caption, this);
+  auto* unit = new QLabel(u"Euro"_s, this);
+  QFont large = font();
+  large.setPointSizeF(large.pointSizeF() * 1.5);
+  large.setBold(true);
+  total->setFont(large);
+  total->setMinimumWidth(numberWidth(total));
+  total->setAccessibleName(caption);
+  QFont bold = font();
+  bold.setBold(true);
+  label->setFont(bold);
+  figures->addWidget(label);
+  figures->addWidget(total, 1);
+  figures->addWidget(unit);
+  rows->addLayout(figures);
+  addNote(note);
+  rows->addStretch(1);
+  buttons_->setSpacing(6);
+  buttons_->addWidget(new QLabel(u"Diagramm"_s, this));
+  buttons_->addStretch(1);
+  rows->addLayout(buttons_);
+}
+
+void ResultGroup::addNote(const QString& text) {
+  auto* note = new QLabel(text, this);
+  note->setForegroundRole(QPalette::PlaceholderText);
+  auto* rows = static_cast<QVBoxLayout*>(layout());
+  rows->insertWidget(rows->count() > 1 ? rows->count() - 2 : rows->count(), note);
+}
+
+void ResultGroup::addButton(QWidget* button) {
+  buttons_->addWidget(button);
+}
+
+UtilityPage::UtilityPage(QWidget* parent, const char* name, YearEditor& editor)
+    : QScrollArea(parent), editor_(editor), content_(new QWidget(this)), places_(new QGridLayout) {
+  setObjectName(QString::fromLatin1(name));
+  setFrameShape(QFrame::NoFrame);
+  setWidgetResizable(true);
+  auto* rows = new QVBoxLayout(content_);
+  rows->setContentsMargins(8, 6, 8, 6);
+  rows->addLayout(places_);
+  content_->setMaximumHeight(kTallestPage);
+  places_->setHorizontalSpacing(10);
+  places_->setVerticalSpacing(6);
+  setWidget(content_);
+}
+
+QSize UtilityPage::fullSize() const {
+  return content_->sizeHint();
+}
+
+QPushButton* UtilityPage::button(QPushButton* made, const QString& caption,
+                                 const QString& toolTip) const {
+  made->setText(caption);
+  made->setToolTip(toolTip);
+  made->setAccessibleName(toolTip);
+  made->setAutoDefault(false);
+  return made;
+}
+
+void UtilityPage::clearPlaces() {
+  while (QLayoutItem* item = places_->takeAt(0)) delete item;
+  places_->setColumnStretch(2, 1);
+  places_->setRowStretch(0, 1);
+}
+
+void UtilityPage::placeTwoMeters(QWidget* first, QWidget* second, FigureGroup* contract,
+                                 MonthTable* months, ResultGroup* result) {
+  clearPlaces();
+  contract->arrange(2);
+  places_->addWidget(first, 0, 0);
+  places_->addWidget(second, 0, 1);
+  places_->addWidget(months, 0, 2);
+  places_->addWidget(contract, 1, 0, 1, 2);
+  places_->addWidget(result, 1, 2);
+}
+
+void UtilityPage::placeOneMeter(QWidget* meter, FigureGroup* contract, MonthTable* months,
+                                ResultGroup* result) {
+  clearPlaces();
+  contract->arrange(1);
+  places_->addWidget(meter, 0, 0);
+  places_->addWidget(months, 0, 1, 1, 2);
+  places_->addWidget(contract, 1, 0);
+  places_->addWidget(result, 1, 1, 1, 2);
+}
+
+void UtilityPage::chainFields(const std::vector<QWidget*>& fields, const MonthTable& months) {
+  QWidget* previous = nullptr;
+  const auto chain = [&](QWidget* next) {
+    if (previous) setTabOrder(previous, next);
+    previous = next;
+  };
+  for (QWidget* field : fields) chain(field);
+  for (QWidget* field : months.advance) chain(field);
+}
+
+QWidget* buttonRow(QWidget* parent, const char* name, std::initializer_list<QWidget*> buttons) {
+  auto* row = new QWidget(parent);
+  row->setObjectName(QString::fromLatin1(name));
+  auto* places = new QHBoxLayout(row);
+  places->setContentsMargins(0, 0, 0, 0);
+  places->setSpacing(6);
+  for (QWidget* button : buttons) places->addWidget(button);
+  return row;
+}
+
+}  // namespace yearbook

@@ -1,0 +1,60 @@
+#pragma once
+
+#include <QScrollArea>
+
+#include "yearbook/ui/FigureGroup.h"
+#include "yearbook/ui/MonthTable.h"
+
+class QGridLayout;
+class QHBoxLayout;
+
+namespace yearbook {
+
+// The result of a utility: its total in large figures, what it stands for, and the way to the
+// charts.
+class ResultGroup final : public TitledFrame {
+  Q_OBJECT
+ public:
+  // The field shows the total; the note says what is in it.
+  ResultGroup(QWidget* parent, const QString& caption, DerivedField* total, const QString& note);
+  // A chart button; they stand in one row.
+  void addButton(QWidget* button);
+  void addNote(const QString& text);
+
+ private:
+  QHBoxLayout* buttons_;
+};
+
+// A page of the main window that reads like the bill that it works out: meters, contract, months
+// and result. Scrolls only where the screen is too small for it.
+class UtilityPage : public QScrollArea {
+  Q_OBJECT
+ public:
+  // The whole page, without bars.
+  QSize fullSize() const;
+
+ protected:
+  UtilityPage(QWidget* parent, const char* name, YearEditor& editor);
+
+  YearEditor& editor() const { return editor_; }
+  QWidget* content() const { return content_; }
+  QPushButton* button(QPushButton* made, const QString& caption, const QString& toolTip) const;
+  void placeTwoMeters(QWidget* first, QWidget* second, FigureGroup* contract, MonthTable* months,
+                      ResultGroup* result);
+  void placeOneMeter(QWidget* meter, FigureGroup* contract, MonthTable* months,
+                     ResultGroup* result);
+  // Tab goes through these fields in order, then through the twelve advance payments.
+  void chainFields(const std::vector<QWidget*>& fields, const MonthTable& months);
+
+ private:
+  void clearPlaces();
+
+  YearEditor& editor_;
+  QWidget* content_;
+  QGridLayout* places_;
+};
+
+// Two or three buttons side by side at the foot of a meter's frame.
+QWidget* buttonRow(QWidget* parent, const char* name, std::initializer_list<QWidget*> buttons);
+
+}  // namespace yearbook

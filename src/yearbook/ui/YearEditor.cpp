@@ -1,0 +1,97 @@
+#include "yearbook/ui/YearEditor.h"
+
+#include "dialogs/Prompts.h"
+
+using namespace Qt::Literals::StringLiterals;
+
+namespace yearbook {
+
+std::optional<double> euro(std::optional<Money> amount) {
+  return amount ? std::optional(amount->toDouble()) : std::nullopt;
+}
+
+base::Result<std::optional<Money>> toMoney(std::optional<double> euro) {
+  if (!euro) return std::optional<Money>();
+  const auto amount = Money::tryRoundHalfEven(*euro);
+  if (!amount) return base::fail(base::ErrorCode::InvalidValue, "der Betrag ist zu groß");
+  return amount;
+}
+
+YearEditor::YearEditor(dialogs::Services& services, YearSession& session, QWidget* owner)
+    : QObject(owner), services_(services), session_(session), owner_(owner) {}
+
+void YearEditor::bind(const NumberBinding& binding) {
+  widgets::NumberField* field = binding.field;
+  const Decimals decimals = decimalsOf(binding.kind);
+  field->setDecimals(decimals.least, decimals.most);
+  field->setFilter(
+      [this, kind = binding.kind](const QString& input) { return filter(kind, input); });
+  connect(field, &widgets::NumberField::valueChanged, this, [this, binding] { store(binding); });
+  connect(field, &widgets::EntryField::entered, this, [this, binding] { leave(binding); });
+  connect(this, &YearEditor::changed, field, [this, binding] {
+    if (typedIn_ != binding.field) binding.field->setValue(binding.shown(values()));
+  });
+}
+
+void YearEditor::bindSetting(widgets::NumberField* field, EntryKind kind, const Field& setting,
+                             std::optional<double> FieldValues::*shown) {
+  bind({field, kind, [shown](const FieldValues& values) { return values.*shown; },
+        [this, &setting](std::optional<double> value) {
+          return session_.storeNumber(setting, value);
+        }});
+}
+
+void YearEditor::bindBaseFee(widgets::NumberField* field, const Field& setting,
+                             std::optional<Money> FieldValues::*shown) {
+  bind({field, EntryKind::Amount,
+        [shown](const FieldValues& values) { return euro(values.*shown); },
+        [this, &setting](std::optional<double> value) -> base::Result<void> {
+          const auto fee = toMoney(value);
+          if (!fee) return base::Failure(fee.error());
+          return session_.storeBaseFee(setting, *fee);
+        }});
+}
+
+QString YearEditor::filter(EntryKind kind, const QString& input) {
+  const FilteredEntry entry = filterEntry(kind, input.toStdString());
+  if (entry.commaRefused && !wholeUnitsMessage(kind).empty()) tellWholeUnits(kind);
+  return QString::fromStdString(entry.kept);
+}
+
+void YearEditor::tellWholeUnits(EntryKind kind) {
+  prompts().tell(owner_, QString::fromStdString(std::string(wholeUnitsMessage(kind))),
+                 QString::fromStdString(std::string(kStartReadingTitle)),
+                 dialogs::Icon::Information);
+}
+
+void YearEditor::store(const NumberBinding& binding) {
+  const auto value = binding.field->value();
+  if (!isComplete(binding.kind, value)) return;
+  typedIn_ = binding.field;
+  run([&] { return binding.store(value); });
+  typedIn_ = nullptr;
+}
+
+void YearEditor::leave(const NumberBinding& binding) {
+  if (!isComplete(binding.kind, binding.field->value())) tellWholeUnits(binding.kind);
+  binding.field->setValue(binding.shown(values()));
+}
+
+bool YearEditor::run(const std::function<base::Result<void>()>& change) {
+  const auto done = change();
+  if (!done) {
+    prompts().tell(owner_,
+                   u"Die Änderung konnte nicht gespeichert werden.\n"_s +
+                       QString::fromStdString(base::germanMessage(done.error())),
+                   u"Fehler"_s, dialogs::Icon::Critical);
+    typedIn_ = nullptr;
+  }
+  showAll();
+  return done.has_value();
+}
+
+void YearEditor::showAll() {
+  Q_EMIT changed();
+}
+
+}  // namespace yearbook

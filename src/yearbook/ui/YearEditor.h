@@ -1,0 +1,67 @@
+#pragma once
+
+#include <QObject>
+#include <functional>
+
+#include "dialogs/Services.h"
+#include "widgets/NumberField.h"
+#include "yearbook/FieldRules.h"
+#include "yearbook/YearSession.h"
+
+namespace yearbook {
+
+// A typed number of the main window: what it shows of the open year and how a change is stored.
+struct NumberBinding {
+  widgets::NumberField* field;
+  EntryKind kind;
+  std::function<std::optional<double>(const FieldValues&)> shown;
+  std::function<base::Result<void>(std::optional<double>)> store;
+};
+
+// How the pages of the main window change the open year. Every change is stored at once; one that
+// cannot be stored is told in a box. After either, changed() lets everything show what is stored.
+class YearEditor final : public QObject {
+  Q_OBJECT
+ public:
+  YearEditor(dialogs::Services& services, YearSession& session, QWidget* owner);
+
+  YearSession& session() { return session_; }
+  const FieldValues& values() const { return session_.values(); }
+  dialogs::Prompts& prompts() const { return services_.prompts; }
+  QWidget* owner() const { return owner_; }
+
+  // Stores as soon as what stands in the field is a complete number, by the rules of its kind.
+  void bind(const NumberBinding& binding);
+  // A setting of the year that is one number, and a yearly base fee.
+  void bindSetting(widgets::NumberField* field, EntryKind kind, const Field& setting,
+                   std::optional<double> FieldValues::*shown);
+  void bindBaseFee(widgets::NumberField* field, const Field& setting,
+                   std::optional<Money> FieldValues::*shown);
+  // Runs one change of the year; false when it failed (the user has been told).
+  bool run(const std::function<base::Result<void>()>& change);
+  // The box that refuses fractions of a unit.
+  void tellWholeUnits(EntryKind kind);
+  // Everything shown follows the session's values.
+  void showAll();
+
+ Q_SIGNALS:
+  void changed();
+
+ private:
+  QString filter(EntryKind kind, const QString& input);
+  void store(const NumberBinding& binding);
+  void leave(const NumberBinding& binding);
+
+  dialogs::Services& services_;
+  YearSession& session_;
+  QWidget* owner_;
+  // Keeps the text in the making while its own change is shown everywhere else.
+  const QObject* typedIn_ = nullptr;
+};
+
+// A number of the session in euro, and a typed number as an amount for it. InvalidValue beyond the
+// range of an amount.
+std::optional<double> euro(std::optional<Money> amount);
+base::Result<std::optional<Money>> toMoney(std::optional<double> euro);
+
+}  // namespace yearbook

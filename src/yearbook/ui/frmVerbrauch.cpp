@@ -1,0 +1,194 @@
+#include "yearbook/ui/frmVerbrauch.h"
+
+#include <QDir>
+#include <QMenuBar>
+#include <QScreen>
+#include <QShowEvent>
+#include <QTabBar>
+#include <QTimer>
+#include <QVBoxLayout>
+
+#include "base/GermanNumber.h"
+#include "dialogs/Navigator.h"
+#include "dialogs/Prompts.h"
+#include "reports/YearReport.h"
+#include "yearbook/StartMonthShift.h"
+#include "yearbook/ui/IndexRepair.h"
+
+using namespace Qt::Literals::StringLiterals;
+using yearbook::Utility;
+
+frmVerbrauch::frmVerbrauch(dialogs::Services& services,
+                           std::unique_ptr<yearbook::YearSession> session, QWidget* parent)
+    : QMainWindow(parent),
+      services_(services),
+      session_(std::move(session)),
+      editor_(new yearbook::YearEditor(services, *session_, this)),
+      Frame4(new reports::OverviewPage(
+          services, [this] { return reports::overviewInput(*session_); }, TabStrip)),
+      fraDrucke(new reports::DetailPage(
+          services, [this] { return reports::detailInput(*session_, services_.clock.today()); },
+          int(unsigned(session_->openedOn().month())), TabStrip)) {
+  setObjectName(u"frmVerbrauch"_s);
+  QDir::setCurrent(QString::fromStdString(session_->dataFolder()));
+  setWindowTitle(u"Verbrauchsberechnung       "_s + QString::fromStdString(session_->path()));
+  buildPages();
+  buildMenus();
+  buildOptionsMenu();
+  buildToolbar();
+  connectMenus();
+  connectPages();
+  connectEntryWindows();
+  connect(editor_, &yearbook::YearEditor::changed, this, &frmVerbrauch::followModes);
+  if (const auto reason = session_->readOnlyReason())
+    lblHinweis->say(
+        u"Dieses Jahr kann nur gelesen werden, Änderungen werden nicht gespeichert. "_s +
+        QString::fromStdString(base::germanReason(*reason)));
+  editor_->showAll();
+  takeFittingSize();
+}
+
+// The pages go before the session that they show.
+frmVerbrauch::~frmVerbrauch() {
+  delete takeCentralWidget();
+}
+
+void frmVerbrauch::buildPages() {
+  TabStrip->setDocumentMode(true);
+  TabStrip->addTab(Frame1, u"Zählerstände und Preise Strom"_s);
+  TabStrip->addTab(Frame2, u"Zählerstände und Preise Wasser"_s);
+  TabStrip->addTab(Frame3, u"Zählerstände und Preise Gas"_s);
+  TabStrip->addTab(Frame4, u"Jahresübersicht"_s);
+  TabStrip->addTab(Frame5, u"Anmerkungen"_s);
+  TabStrip->addTab(fraDrucke, u"Drucken"_s);
+  auto* central = new QWidget(this);
+  auto* rows = new QVBoxLayout(central);
+  rows->setContentsMargins(0, 0, 0, 0);
+  rows->setSpacing(0);
+  rows->addWidget(lblHinweis);
+  rows->addWidget(TabStrip, 1);
+  setCentralWidget(central);
+}
+
+void frmVerbrauch::takeFittingSize() {
+  QSize wanted;
+  for (const yearbook::UtilityPage* page :
+       {static_cast<yearbook::UtilityPage*>(Frame1), static_cast<yearbook::UtilityPage*>(Frame2),
+        static_cast<yearbook::UtilityPage*>(Frame3)})
+    wanted = wanted.expandedTo(page->fullSize());
+  wanted += QSize(24, menuBar()->sizeHint().height() + Toolbar1->sizeHint().height() +
+                          TabStrip->tabBar()->sizeHint().height() + 8);
+  if (lblHinweis->isVisibleTo(this)) wanted.rheight() += lblHinweis->sizeHint().height();
+  // The title bar and the frame are not part of it.
+  constexpr QSize kDecoration(16, 40);
+  resize(wanted.boundedTo(screen()->availableSize() - kDecoration));
+}
+
+void frmVerbrauch::showEvent(QShowEvent* event) {
+  QMainWindow::showEvent(event);
+  // After the first picture: what it asks shall not keep the window from appearing.
+  if (!event->spontaneous()) QTimer::singleShot(0, this, &frmVerbrauch::reactivate);
+}
+
+void frmVerbrauch::reactivate() {
+  offerIndexRepair();
+  askStartReading();
+  editor_->showAll();
+}
+
+void frmVerbrauch::offerIndexRepair() {
+  if (indexRepairOffered_) return;
+  indexRepairOffered_ = true;
+  const auto tables = yearbook::tablesWithDamagedIndex(session_->database());
+  if (tables.empty()) return;
+  if (session_->readOnlyReason()) {
+    lblHinweis->say(lblHinweis->text() + u" "_s + yearbook::damagedIndexNotice(tables));
+    return;
+  }
+  if (!services_.prompts.confirm(this, yearbook::indexRepairQuestion(tables),
+                                 u"Index wiederherstellen"_s))
+    return;
+  editor_->run([&] { return yearbook::rebuildIndexes(*session_, tables); });
+}
+
+void frmVerbrauch::askStartReading() {
+  if (editor_->values().startDay) return;
+  const auto answer = services_.prompts.input(this, u"Anfangszählerstand eingeben"_s,
+                                              u"Eingabe Anfangszählerstand"_s, {});
+  if (!answer) return;
+  const auto reading = base::parseNumber(answer->toStdString());
+  if (!reading) return;
+  if (!isComplete(yearbook::EntryKind::WholeKwh, reading)) {
+    editor_->tellWholeUnits(yearbook::EntryKind::WholeKwh);
+    return;
+  }
+  editor_->run([&] { return session_->storeNumber(yearbook::zstaende::startDay, reading); });
+}
+
+void frmVerbrauch::followModes() {
+  const yearbook::FieldValues& values = editor_->values();
+  mnuNachtstrom->setText(values.nightShown ? u"Nachtstrom ausblenden"_s
+                                           : u"Nachtstrom einblenden"_s);
+  mnuPauschale->setChecked(values.flatRate);
+  const QString caption = values.flatRate ? u"Hochrechnung nicht aktiv wenn Pauschale aktiviert"_s
+                                          : u"Hochrechnung auf das Jahr"_s;
+  QAction* button = toolButton(u"Hochrechnung"_s);
+  mnuHochrechnung->setText(caption);
+  mnuHochrechnung->setEnabled(!values.flatRate);
+  button->setToolTip(caption);
+  button->setEnabled(!values.flatRate);
+}
+
+void frmVerbrauch::mnuPauschaleClick(bool checked) {
+  editor_->run([&] { return session_->setFlatRate(checked); });
+  if (const auto saved = session_->saveFlatRate(); !saved)
+    lblHinweis->say(u"Die Einstellung der Pauschale gilt nur, bis das Programm endet: "_s +
+                    QString::fromStdString(base::germanReason(saved.error())));
+}
+
+void frmVerbrauch::mnuNachtstromClick() {
+  editor_->run([&] { return session_->setNightShown(!editor_->values().nightShown); });
+}
+
+void frmVerbrauch::changeStartMonth(Utility utility) {
+  using Kind = yearbook::StartMonthAnswer::Kind;
+  dialogs::Prompts& prompts = services_.prompts;
+  const auto typed = prompts.input(this, u"Bitte Startmonat als Zahl 1 - 12 eingeben!"_s,
+                                   u"Eingabe Startmonat (erster Monat der Ablesung)"_s, u"1"_s);
+  const auto answer = yearbook::parseStartMonth(typed.value_or(QString()).toStdString());
+  if (answer.kind == Kind::Cancelled) return;
+  if (answer.kind == Kind::NotANumber) {
+    prompts.tell(this, u"Nur Zahlen von 1 bis 12 eingeben!"_s, u"Ungültige Eingabe"_s,
+                 dialogs::Icon::Critical);
+    return;
+  }
+  if (answer.kind == Kind::OutOfRange) {
+    prompts.tell(this, u"Falsche Eingabe"_s, u"Ungültige Zahleneingabe"_s, dialogs::Icon::Critical);
+    return;
+  }
+  Frame5->flush();
+  if (!editor_->run([&] { return session_->shiftStartMonth(utility, answer.month); })) return;
+  prompts.tell(this,
+               u"Der Startmonat wurde angepasst \nDas Programm muß jetzt neu gestartet werden!"_s,
+               u"Anpassen Startmonat"_s, dialogs::Icon::Information);
+  services_.navigator.endProgram();
+}
+
+std::optional<Utility> frmVerbrauch::selectedUtility() const {
+  const QWidget* page = TabStrip->currentWidget();
+  if (page == Frame1) return Utility::Electricity;
+  if (page == Frame2) return Utility::Water;
+  if (page == Frame3) return Utility::Gas;
+  return std::nullopt;
+}
+
+void frmVerbrauch::clearSelected() {
+  const QString questions[] = {
+      u"Sollen alle Eingaben für Strom in diesem Fenster gelöscht werden?"_s,
+      u"Sollen alle Eingaben für Wasser in diesem Fenster gelöscht werden?"_s,
+      u"Sollen alle Eingaben für Gas in diesem Fenster gelöscht werden?"_s};
+  const auto utility = selectedUtility();
+  if (!utility) return;
+  if (!services_.prompts.confirm(this, questions[at(*utility)], u"Alle Werte löschen"_s)) return;
+  editor_->run([&] { return session_->clear(*utility); });
+}

@@ -1,0 +1,106 @@
+#pragma once
+
+#include <QAction>
+#include <QMainWindow>
+#include <QMenu>
+#include <QTabWidget>
+#include <QToolBar>
+#include <memory>
+
+#include "dialogs/Services.h"
+#include "reports/ui/DetailPage.h"
+#include "reports/ui/OverviewPage.h"
+#include "yearbook/ui/ElectricityPage.h"
+#include "yearbook/ui/GasPage.h"
+#include "yearbook/ui/Notice.h"
+#include "yearbook/ui/RemarksPage.h"
+#include "yearbook/ui/WaterPage.h"
+
+// The year book: one open year on six pages. Owns the year for as long as it lives; every other
+// window works on it through the session.
+//
+// When it is shown, and whenever a window that was opened from here has closed, it looks again at
+// what the year needs (reactivation). Message and input boxes do not count as windows.
+class frmVerbrauch final : public QMainWindow {
+  Q_OBJECT
+
+  // Before the pages, which work on it.
+  dialogs::Services& services_;
+  const std::unique_ptr<yearbook::YearSession> session_;
+  yearbook::YearEditor* const editor_;
+
+ public:
+  frmVerbrauch(dialogs::Services& services, std::unique_ptr<yearbook::YearSession> session,
+               QWidget* parent = nullptr);
+  ~frmVerbrauch() override;
+
+  yearbook::YearSession& session() { return *session_; }
+
+  yearbook::Notice* const lblHinweis = new yearbook::Notice(this);
+  QTabWidget* const TabStrip = widgets::control<QTabWidget>(this, "TabStrip");
+  yearbook::ElectricityPage* const Frame1 = new yearbook::ElectricityPage(TabStrip, *editor_);
+  yearbook::WaterPage* const Frame2 = new yearbook::WaterPage(TabStrip, *editor_);
+  yearbook::GasPage* const Frame3 = new yearbook::GasPage(TabStrip, *editor_);
+  reports::OverviewPage* const Frame4;
+  yearbook::RemarksPage* const Frame5 = new yearbook::RemarksPage(TabStrip, *editor_);
+  reports::DetailPage* const fraDrucke;
+
+  QToolBar* const Toolbar1 = widgets::control<QToolBar>(this, "Toolbar1");
+  QMenu* const mnuVerbrauch = menu("mnuVerbrauch");
+  QAction* const mnuNew = entry("mnuNew");
+  QAction* const mnuOpen = entry("mnuOpen");
+  QMenu* const mnuStartmonat = menu("mnuStartmonat");
+  QAction* const mnuStMoS = entry("mnuStMoS");
+  QAction* const mnuStMoW = entry("mnuStMoW");
+  QAction* const mnuStMoG = entry("mnuStMoG");
+  QMenu* const mnuOpt = menu("mnuOpt");
+  QAction* const mnuNachtstrom = entry("mnuNachtstrom");
+  QAction* const mnuPauschale = entry("mnuPauschale");
+  QAction* const mnuRechnen = entry("mnuRechnen");
+  QAction* const mnuDelete = entry("mnuDelete");
+  QAction* const mnuHochrechnung = entry("mnuHochrechnung");
+  QAction* const mnuRechner = entry("mnuRechner");
+  QMenu* const mnuHilfe = menu("mnuHilfe");
+  QAction* const mnuHelp = entry("mnuHelp");
+  QAction* const mnuHelpZW = entry("mnuHelpZW");
+
+  // The button of the toolbar with that key.
+  QAction* toolButton(const QString& key) const;
+
+ protected:
+  void showEvent(QShowEvent* event) override;
+
+ private:
+  QMenu* menu(const char* name);
+  QAction* entry(const char* name);
+  void buildMenus();
+  void buildOptionsMenu();
+  void buildToolbar();
+  void buildPages();
+  void connectMenus();
+  void connectPages();
+  void connectEntryWindows();
+  void takeFittingSize();
+
+  template <class Window>
+  void opens(QPushButton* button, yearbook::Utility utility);
+  void rowsChanged(yearbook::Utility utility);
+  void showProjection();
+
+  void reactivate();
+  void offerIndexRepair();
+  void askStartReading();
+  void followModes();
+
+  void Toolbar1ButtonClick(const QString& key);
+  void showPrintPage();
+  void setUtilityButtonsEnabled(bool enabled);
+  void mnuPauschaleClick(bool checked);
+  void mnuNachtstromClick();
+  void changeStartMonth(yearbook::Utility utility);
+  // The utility of the page in front, if it is one.
+  std::optional<yearbook::Utility> selectedUtility() const;
+  void clearSelected();
+
+  bool indexRepairOffered_ = false;
+};

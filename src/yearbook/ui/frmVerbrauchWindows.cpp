@@ -1,0 +1,71 @@
+#include "projection/ui/frmHochrechnung.h"
+#include "readings/ui/frmEingabeVerbrauch.h"
+#include "readings/ui/frmEingabeVerbrauchAbW.h"
+#include "readings/ui/frmEingabeVerbrauchNS.h"
+#include "readings/ui/frmEingabeVerbrauchS.h"
+#include "readings/ui/frmEingabeVerbrauchW.h"
+#include "readings/ui/frmGrdGebMo.h"
+#include "readings/ui/frmGrdGebMoAW.h"
+#include "readings/ui/frmGrdGebMoG.h"
+#include "readings/ui/frmGrdGebMoW.h"
+#include "readings/ui/frmPreisJeKubikAbW.h"
+#include "readings/ui/frmPreisJeKubikG.h"
+#include "readings/ui/frmPreisJeKubikW.h"
+#include "readings/ui/frmPreisJeKws.h"
+#include "readings/ui/frmPreisJeKwsN.h"
+#include "yearbook/ui/frmVerbrauch.h"
+
+// The windows that are opened from the main window, and what follows when they close.
+
+using yearbook::Utility;
+
+// Opens the window on the year; when it has closed, what it wrote about the utility is read again.
+template <class Window>
+void frmVerbrauch::opens(QPushButton* button, Utility utility) {
+  connect(button, &QPushButton::clicked, this, [this, utility] {
+    Window window(services_, *session_, this);
+    window.exec();
+    rowsChanged(utility);
+    reactivate();
+  });
+}
+
+void frmVerbrauch::rowsChanged(Utility utility) {
+  editor_->run([&]() -> base::Result<void> {
+    if (auto read = session_->reload(utility); !read) return read;
+    return session_->copyToChartTable();
+  });
+}
+
+void frmVerbrauch::connectEntryWindows() {
+  opens<frmEingabeVerbrauchS>(Frame1->cmdEingabeVerbrauchS, Utility::Electricity);
+  opens<frmEingabeVerbrauchNS>(Frame1->cmdEingabeVerbrauchNS, Utility::Electricity);
+  opens<frmEingabeVerbrauchW>(Frame2->cmdEingabeVerbrauchW, Utility::Water);
+  opens<frmEingabeVerbrauchAbW>(Frame2->cmdEingabeVerbrauchAbW, Utility::Water);
+  opens<frmEingabeVerbrauch>(Frame3->cmdEingabeVerbrauchG, Utility::Gas);
+  opens<frmPreisJeKws>(Frame1->cmdPreisJeEinheitS, Utility::Electricity);
+  opens<frmPreisJeKwsN>(Frame1->cmdPreisJeEinheitSN, Utility::Electricity);
+  opens<frmPreisJeKubikW>(Frame2->cmdPreisJeEinheitW, Utility::Water);
+  opens<frmPreisJeKubikAbW>(Frame2->cmdPreisJeEinheitAbW, Utility::Water);
+  opens<frmPreisJeKubikG>(Frame3->cmdPreisJeEinheitG, Utility::Gas);
+  opens<frmGrdGebMo>(Frame1->cmdMonatlStrom, Utility::Electricity);
+  opens<frmGrdGebMoW>(Frame2->cmdWMonatl, Utility::Water);
+  opens<frmGrdGebMoAW>(Frame2->cmdWWMonatl, Utility::Water);
+  opens<frmGrdGebMoG>(Frame3->cmdMonatlGas, Utility::Gas);
+}
+
+void frmVerbrauch::showProjection() {
+  const yearbook::FieldValues& values = editor_->values();
+  projection::ProjectionSource source;
+  source.startDate = values.startDate;
+  source.consumption = values.electricity.day.consumption;
+  source.unitPrice = values.dayPrice;
+  source.vatRate = static_cast<float>(yearbook::orZero(values.vatElectricity));
+  source.baseFee = yearbook::orZero(values.baseFeeElectricity);
+  source.startMonth = session_->monthNames(Utility::Electricity).front();
+  source.storeStartDate = [this](const std::string& date) {
+    return session_->storeStartDate(date);
+  };
+  frmHochrechnung(services_, source, this).exec();
+  reactivate();
+}
