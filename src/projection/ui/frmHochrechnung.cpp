@@ -77,7 +77,7 @@ std::array<QLineEdit*, 7> frmHochrechnung::displayFields() const {
 void frmHochrechnung::usePalette(const QPalette& palette) {
   setPalette(palette);
   QPalette quiet = palette;
-  quiet.setColor(QPalette::Base, palette.color(QPalette::Window));
+  quiet.setColor(QPalette::Base, Qt::transparent);  // display fields look like part of the window
   for (QLineEdit* field : displayFields()) field->setPalette(quiet);
 }
 

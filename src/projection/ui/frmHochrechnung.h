@@ -14,24 +14,9 @@
 #include "dialogs/Services.h"
 #include "dialogs/clsPrintDialog.h"
 #include "projection/Projection.h"
+#include "projection/ProjectionSource.h"
 #include "widgets/DateField.h"
 #include "widgets/control.h"
-
-namespace projection {
-
-// What the main window shows when the projection is opened.
-struct ProjectionSource {
-  std::string startDate;              // as stored in the year; shown when it is a date
-  std::optional<double> consumption;  // kWh of the day tariff so far
-  std::optional<double> unitPrice;    // cent per kWh
-  float vatRate = 0;
-  base::Money baseFee;
-  std::string startMonth;
-  // Keeps the start date in the year.
-  std::function<base::Result<void>(const std::string& date)> storeStartDate;
-};
-
-}  // namespace projection
 
 // Extends the cost of the day tariff so far to a year of 365 days.
 class frmHochrechnung final : public QDialog {
@@ -79,7 +64,6 @@ class frmHochrechnung final : public QDialog {
   void storeStartDate();
   void warn(const std::string& message);
   void showFigures(const projection::ProjectionFigures& figures);
-  // Display fields look like part of the window.
   void usePalette(const QPalette& palette);
   QPixmap pictureForPaper();
   void printOn(QPrinter& printer, const QPixmap& picture);
