@@ -34,7 +34,9 @@ Result<void> putInPlace(FileSystem& files, const std::string& path, Result<void>
     ignore(files.remove(temporary), "the first failure is the one to report");
     return written;
   }
-  return files.syncFolder(std::string(folderOf(path)));
+  auto named = files.syncFolder(std::string(folderOf(path)));
+  if (!named) named.error().file = path;
+  return named;
 }
 
 Result<void> copyContent(const File& source, File& target, std::uint64_t size,

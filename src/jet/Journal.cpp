@@ -171,7 +171,10 @@ Result<void> Journal::writeJournal(const base::Bytes& content) {
     if (auto opened = openJournal(content.size()); !opened) return opened;
   if (auto written = file_->writeAt(0, content); !written) return written;
   if (auto synced = file_->sync(); !synced) return synced;
-  return fresh ? files_->syncFolder(std::string(base::folderOf(path_))) : Result<void>();
+  if (!fresh) return {};
+  auto named = files_->syncFolder(std::string(base::folderOf(path_)));
+  if (!named) named.error().file = path_;
+  return named;
 }
 
 // After a failure: makes sure that no later opening takes the journal for a waiting one. The file

@@ -125,6 +125,7 @@ TEST_F(CreatedFile, ReadsBackAsItWasWritten) {
   create({table, {"Leer", {{"Feld", ColumnType::Text, 10}}, {}, {}}});
   auto database = open();
   EXPECT_THAT(database.tableNames(), testing::ElementsAre("Leer", "Zähler"));
+  EXPECT_THAT(database.check(), testing::IsEmpty());
   auto rows = database.openTable("zähler");
   ASSERT_TRUE(rows);
   ASSERT_EQ(rows->count(), 300U);
@@ -144,6 +145,7 @@ TEST_F(CreatedFile, OutgrowsTheUsualMaps) {
   create({sampleTable(12), table});
   EXPECT_GT(content_.size(), 1000 * kPage);
   auto database = open();
+  EXPECT_THAT(database.check(), testing::IsEmpty());
   EXPECT_EQ(database.openTable("Groß")->count(), 12000U);
 }
 
