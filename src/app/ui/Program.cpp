@@ -1,0 +1,89 @@
+#include "app/ui/Program.h"
+
+#include <QApplication>
+
+#include "app/DataFolder.h"
+#include "app/ui/WindowNavigator.h"
+#include "base/GermanDate.h"
+#include "base/Paths.h"
+#include "dialogs/QtPrompts.h"
+#include "dialogs/SystemShell.h"
+#include "widgets/Pictures.h"
+#include "yearbook/ui/frmVerbrauch.h"
+
+using namespace Qt::Literals::StringLiterals;
+
+namespace app {
+
+struct Program::Parts {
+  CommandLine line;
+  SystemFacts facts;
+  yearbook::PathState paths;
+  std::unique_ptr<base::FileSystem> files = base::makeDiskFileSystem();
+  base::SystemClock clock;
+  dialogs::QtPrompts prompts;
+  dialogs::SystemShell shell;
+  WindowNavigator navigator;
+  dialogs::Services services{paths, *files, clock, prompts, shell, navigator};
+
+  YearWindow openYear(QWidget* parent);
+};
+
+namespace {
+
+// Before the current folder changes: a relative name is meant from where the program was called.
+std::string absolutePath(const std::string& path) {
+  std::error_code error;
+  const auto absolute = std::filesystem::absolute(base::toPath(path), error);
+  return error ? path : base::fromPath(absolute.lexically_normal());
+}
+
+}  // namespace
+
+YearWindow Program::Parts::openYear(QWidget* parent) {
+  auto year =
+      yearbook::YearSession::open(*files, paths.YearDatabasePath, paths.DataFolder, clock);
+  if (!year) {
+    prompts.tell(parent, QString::fromStdString(base::germanMessage(year.error())),
+                 u"Jahr öffnen"_s, dialogs::Icon::Warning);
+    return {};
+  }
+  auto* window = new frmVerbrauch(services, std::move(*year), parent);
+  return {window, [window](const QString& text) { window->lblHinweis->say(text); }};
+}
+
+Program::Program(QApplication& application, const CommandLine& line)
+    : parts_(std::make_unique<Parts>()) {
+  Parts& parts = *parts_;
+  parts.line = line;
+  widgets::dressApplication(application);
+
+  parts.facts = readSystemFacts();
+  if (!line.file.empty()) parts.line.file = absolutePath(line.file);
+  if (!line.dataFolder.empty())
+    parts.facts.chosenDataFolder = base::withSeparator(absolutePath(line.dataFolder));
+  else if (!line.file.empty())
+    // The side files of a year lie beside it.
+    parts.facts.chosenDataFolder = base::folderOf(parts.line.file);
+  parts.navigator.begin(parts.services, parts.facts,
+                        [&parts](QWidget* parent) { return parts.openYear(parent); });
+}
+
+Program::~Program() = default;
+
+void Program::start() {
+  Parts& parts = *parts_;
+  if (parts.line.file.empty()) {
+    parts.navigator.showStartWindow();
+    return;
+  }
+  base::ignore(settleFolders(parts.paths, *parts.files, parts.facts),
+               "a year of an unreachable folder says so itself when it is opened");
+  parts.paths.YearDatabasePath = parts.line.file;
+  if (parts.files->exists(parts.line.file))
+    parts.paths.YearDatabaseName = base::fileName(parts.line.file);
+  parts.navigator.openMainWindow();
+  if (QApplication::topLevelWidgets().isEmpty()) parts.navigator.showStartWindow();
+}
+
+}  // namespace app

@@ -1,0 +1,27 @@
+#include <QApplication>
+#include <iostream>
+
+#include "app/ui/CommandLineRun.h"
+#include "app/ui/Console.h"
+#include "app/ui/Program.h"
+
+int main(int argc, char** argv) {
+  const app::CommandLine line = app::parseCommandLine(app::commandLineArguments(argc, argv));
+  if (line.action == app::CommandLine::Action::Windows) {
+    QApplication application(argc, argv);
+    app::Program program(application, line);
+    program.start();
+    return QApplication::exec();
+  }
+
+  app::attachConsole();
+  std::unique_ptr<QGuiApplication> fonts;
+  if (line.action == app::CommandLine::Action::Pdf) {
+    // A page needs fonts, not a display.
+    qputenv("QT_QPA_PLATFORM", "offscreen");
+    fonts = std::make_unique<QGuiApplication>(argc, argv);
+  }
+  const auto files = base::makeDiskFileSystem();
+  const base::SystemClock clock;
+  return app::runCommandLine(line, {*files, clock, std::cout, std::cerr});
+}
