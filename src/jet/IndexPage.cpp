@@ -98,7 +98,7 @@ Result<IndexPage> IndexPage::parse(const format::Version& version, std::uint32_t
     IndexEntry entry;
     if (!page.leaf) {
       entry.child = bigEndian(ByteSpan(stored).last(format::kEntryChildBytes));
-      stored.resize(stored.size() - format::kEntryChildBytes);
+      stored.erase(stored.end() - format::kEntryChildBytes, stored.end());
     }
     entry.bytes = std::move(stored);
     page.entries.push_back(std::move(entry));

@@ -16,7 +16,7 @@ using format::PageKind;
 
 // Far above what 255 columns and 32 indexes need; stops a chain that leads through the whole file.
 constexpr std::size_t kMaxDefinitionPages = 128;
-constexpr std::size_t kMaxColumns = 1024;
+constexpr std::size_t kMaxColumns = 255;  // deleted ones included
 
 // The records of a definition one after the other.
 class DefinitionReader {

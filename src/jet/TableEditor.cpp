@@ -106,6 +106,8 @@ Result<TableEditor::OptionalBytes> TableEditor::encode(const ColumnDef& def, con
   auto bytes = encodeField(def, value);
   if (bytes && def.isLongValue()) bytes = writeLongValue(*pager_, def, *bytes);
   if (!bytes) return Failure(bytes.error());
+  if (def.isFixed() && bytes->size() != static_cast<std::size_t>(def.column.length))
+    return damaged(table_->def().page, "Länge eines Feldes ist falsch beschrieben");
   return std::move(*bytes);
 }
 

@@ -19,10 +19,7 @@ std::string pathOf(const std::string& name) {
 }
 
 std::string testName(const testing::TestParamInfo<std::string>& info) {
-  std::string name = info.param;
-  std::replace_if(
-      name.begin(), name.end(), [](char c) { return !std::isalnum(c); }, '_');
-  return name;
+  return realfiles::testName(info.param);
 }
 
 // The dump of one file was taken with another code page: it shows "?" or something else for the
@@ -106,7 +103,7 @@ struct DamagedFile {
   std::optional<std::uint32_t> page;
 };
 std::string damagedName(const testing::TestParamInfo<DamagedFile>& info) {
-  return testName({info.param.name, info.index});
+  return realfiles::testName(info.param.name);
 }
 class RealDamage : public testing::TestWithParam<DamagedFile> {};
 INSTANTIATE_TEST_SUITE_P(

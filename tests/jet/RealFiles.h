@@ -1,6 +1,7 @@
 #pragma once
 
 #include <algorithm>
+#include <cctype>
 #include <filesystem>
 #include <fstream>
 #include <sstream>
@@ -29,6 +30,13 @@ inline std::vector<std::string> names(const std::vector<std::string>& subfolders
 
 inline std::vector<std::string> sound() {
   return names({"jet3", "jet4", "year"});
+}
+
+// A file's name as the name of a test.
+inline std::string testName(std::string file) {
+  std::replace_if(
+      file.begin(), file.end(), [](unsigned char c) { return std::isalnum(c) == 0; }, '_');
+  return file;
 }
 
 inline std::string read(const std::filesystem::path& path) {
