@@ -180,18 +180,10 @@ void addColumn(const Drawing& drawing, const std::vector<Prism>& column, Layer l
   for (const Prism* prism : order) addPrism(drawing, *prism, layer);
 }
 
-// The front faces. What they hide of the layers behind needs no label.
 void addFronts(Drawing& drawing, const std::vector<Band>& bands, double z) {
   for (const Band& band : bands)
-    for (const auto& run : band.runs) {
-      const std::vector<Point> outline = outlineOf(run);
-      addFront(drawing.canvas.scene(), drawing.plot, outline, z, drawing.color(band.series));
-      std::vector<Point> seen;
-      seen.reserve(outline.size());
-      for (const Point& point : outline) seen.push_back(drawing.plot.at(point, z));
-      std::erase_if(drawing.labels,
-                    [&seen](const LabelRequest& label) { return isInside(seen, label.anchor); });
-    }
+    for (const auto& run : band.runs)
+      addFront(drawing.canvas.scene(), drawing.plot, outlineOf(run), z, drawing.color(band.series));
 }
 
 // All bands of a layer have the same runs and cuts.
@@ -209,6 +201,17 @@ void addDeepBands(Drawing& drawing, const std::vector<Band>& bands, Layer layer)
     }
   }
   addFronts(drawing, bands, layer.z0);
+}
+
+// What a layer covers of those behind it needs no label.
+void dropHiddenLabels(Drawing& drawing, const std::vector<Band>& bands, double z) {
+  for (const Band& band : bands)
+    for (const auto& run : band.runs) {
+      std::vector<Point> seen = outlineOf(run);
+      for (Point& point : seen) point = drawing.plot.at(point, z);
+      std::erase_if(drawing.labels,
+                    [&seen](const LabelRequest& label) { return isInside(seen, label.anchor); });
+    }
 }
 
 void addMark(Drawing& drawing, std::size_t series, std::size_t month, Span span, Layer layer,
@@ -248,6 +251,9 @@ void layoutAreas(Drawing& drawing) {
       addFlatBands(drawing, bands, stacked);
     else
       addDeepBands(drawing, bands, layer);
+    // Flat areas that are not added up show through as lines.
+    if (stacked || !drawing.plot.isFlat())
+      dropHiddenLabels(drawing, bands, drawing.plot.isFlat() ? 0 : layer.z0);
     for (const std::size_t s : layers[l])
       for (std::size_t month = 0; month < kMonthCount; ++month)
         if (const auto value = drawing.model.series[s].values[month])

@@ -5,7 +5,7 @@
 namespace charts {
 namespace {
 
-constexpr double kBand = 0.74;        // of a month's width that its bars take
+constexpr double kBand = 0.80;        // of a month's width that its bars take
 constexpr double kSingleBand = 0.62;  // where there is one column
 constexpr Layer kBarLayer{0.14, 0.86};
 

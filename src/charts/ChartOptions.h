@@ -15,7 +15,7 @@ inline constexpr int kChartTypeCount = 6;
 // the rotation and up with the elevation. A pie is tilted back by the elevation and turned on its
 // own axis by the rotation.
 struct View3D {
-  int depth = 35;
+  int depth = 28;
   int elevation = 25;
   int rotation = 30;
   static constexpr int kMaxDepth = 100;

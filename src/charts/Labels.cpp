@@ -5,8 +5,8 @@
 namespace charts {
 namespace {
 
-constexpr double kPadding = 2;
-constexpr double kGap = 1;  // around a label
+constexpr double kPadding = 1;
+constexpr double kGap = 0.5;  // around a label
 
 bool isFree(const Rect& box, const std::vector<Rect>& taken) {
   return std::none_of(taken.begin(), taken.end(),
@@ -18,6 +18,31 @@ struct Candidate {
   bool avoidsObstacles = false;
 };
 
+Size boxOf(const Canvas& canvas, const LabelRequest& request, const ChartOptions& options) {
+  const Size size = canvas.boxOf(request.text, labelFont(options), options.labelRotation);
+  return {size.width + 2 * kPadding, size.height};
+}
+
+double directionOf(const LabelRequest& request) {
+  return request.side == LabelSide::Above ? -1 : 1;
+}
+
+// Labels look alike: either all stand at their preferred place or none does.
+bool allPreferredFit(const Canvas& canvas, const Rect& bounds,
+                     const std::vector<LabelRequest>& requests, const std::vector<Rect>& obstacles,
+                     const ChartOptions& options) {
+  std::vector<Rect> taken = canvas.textBoxes();
+  for (const LabelRequest& request : requests) {
+    if (!request.preferred) continue;
+    const Size size = boxOf(canvas, request, options);
+    const double offset = directionOf(request) * (options.labelDistance + size.height / 2);
+    const Rect box = Rect::around(*request.preferred + Point{0, offset}, size);
+    if (!bounds.contains(box) || !isFree(box, taken) || !isFree(box, obstacles)) return false;
+    taken.push_back(box.grown(kGap));
+  }
+  return true;
+}
+
 // Places in the order in which they are wanted.
 std::vector<Candidate> candidates(const LabelRequest& request, Size box, double distance) {
   if (request.side == LabelSide::Inside) {
@@ -25,7 +50,7 @@ std::vector<Candidate> candidates(const LabelRequest& request, Size box, double 
     if (request.room.height < box.height || request.room.width * 1.4 < box.width) return {};
     return {{request.anchor, false}};
   }
-  const double direction = request.side == LabelSide::Above ? -1 : 1;
+  const double direction = directionOf(request);
   const double first = distance + box.height / 2;
   const double raised = first + std::min(box.height, 24.0) + 2 * kGap;
   const Point anchor = request.anchor;
@@ -49,9 +74,10 @@ void placeLabels(Canvas& canvas, const Rect& bounds, std::vector<LabelRequest> r
                    [](const auto& a, const auto& b) { return a.weight > b.weight; });
   const Font font = labelFont(options);
   std::vector<Rect> taken = canvas.textBoxes();
+  if (!allPreferredFit(canvas, bounds, requests, obstacles, options))
+    for (LabelRequest& request : requests) request.preferred.reset();
   for (const LabelRequest& request : requests) {
-    Size size = canvas.boxOf(request.text, font, options.labelRotation);
-    size = {size.width + 2 * kPadding, size.height};
+    const Size size = boxOf(canvas, request, options);
     const auto places = candidates(request, size, options.labelDistance);
     const auto chosen = std::find_if(places.begin(), places.end(), [&](const Candidate& place) {
       const Rect box = Rect::around(place.center, size);

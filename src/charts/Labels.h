@@ -14,8 +14,9 @@ enum class LabelSide { Above, Below, Inside };
 struct LabelRequest {
   Point anchor;  // edge of the mark; its middle for Inside
   LabelSide side = LabelSide::Above;
-  Size room;                       // Inside: what the mark offers
-  std::optional<Point> preferred;  // another edge, taken if the label covers no obstacle there
+  Size room;  // Inside: what the mark offers
+  std::optional<Point>
+      preferred;  // another edge, taken if no label of the chart covers an obstacle there
   std::string text;
   double weight = 0;  // the greater come first when there is no room for all
 };

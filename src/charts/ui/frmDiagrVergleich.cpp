@@ -1,0 +1,72 @@
+#include "charts/ui/frmDiagrVergleich.h"
+
+#include <QGridLayout>
+#include <QTimer>
+
+#include "dialogs/Prompts.h"
+
+using namespace Qt::Literals::StringLiterals;
+
+frmDiagrVergleich::frmDiagrVergleich(const dialogs::Services& services, YearSource openYear,
+                                     charts::ComparisonSource& other, QWidget* parent)
+    : ChartWindow("frmDiagrVergleich", u"Diagramme Jahresvergleich"_s, services, parent),
+      openYear_(std::move(openYear)),
+      other_(other) {
+  const std::array captions = {u"Strom"_s, u"Gas"_s, u"Wasser"_s, u"Abwasser"_s, u"Nachtstrom"_s};
+  QWidget* previous = lblChartType(5);
+  for (int index = charts::kFirstComparison; index <= charts::kLastComparison; ++index) {
+    const auto place = static_cast<std::size_t>(index - charts::kFirstComparison);
+    auto* button = widgets::control<QRadioButton>(this, "Option1");
+    button->setObjectName(u"Option1_"_s + QString::number(index));
+    addSelection(button, captions.at(place));
+    connect(button, &QRadioButton::clicked, this, [this, index] {
+      index_ = index;
+      draw();
+    });
+    setTabOrder(previous, button);
+    previous = button;
+    selections_.at(place) = button;
+  }
+  Option1(charts::kFirstComparison)->setChecked(true);
+
+  cmdAnderesJahr->setText(u"Anderes Jahr öffnen"_s);
+  cmdAnderesJahr->setAccessibleName(cmdAnderesJahr->text());
+  cmdAnderesJahr->setToolTip(u"Wählt das Jahr, mit dem verglichen wird"_s);
+  cmdAnderesJahr->setAutoDefault(false);
+  qobject_cast<QGridLayout*>(frDaten->layout())->addWidget(cmdAnderesJahr, 3, 0, 1, 2);
+  setTabOrder(previous, cmdAnderesJahr);
+  setTabOrder(cmdAnderesJahr, chkTextOnOff);
+  connect(cmdAnderesJahr, &QPushButton::clicked, this, &frmDiagrVergleich::cmdAnderesJahrClick);
+  mnuAnderesJahr->setObjectName(u"mnuAnderesJahr"_s);
+  mnuAnderesJahr->setText(u"Anderes Jahr &öffnen"_s);
+  mnuAnderesJahr->setShortcut(QKeySequence::Open);
+  chartMenu()->insertAction(mnuSaveBmp, mnuAnderesJahr);
+  chartMenu()->insertSeparator(mnuSaveBmp);
+  connect(mnuAnderesJahr, &QAction::triggered, this, &frmDiagrVergleich::cmdAnderesJahrClick);
+  draw();
+}
+
+void frmDiagrVergleich::cmdAnderesJahrClick() {
+  enterDataFolder();
+  const QString path =
+      services_.prompts.openFile(this, u"*.kwd (Datenbank)|*.kwd"_s, u"Anderes Jahr öffnen"_s,
+                                 QString::fromStdString(services_.paths.DataFolder));
+  if (path.isEmpty()) return;
+  otherYear_ = other_.open(path.toStdString());
+  draw();
+}
+
+void frmDiagrVergleich::draw() {
+  charts::YearData year = openYear_();
+  if (!services_.paths.YearDatabaseName.empty())
+    year.databaseName = services_.paths.YearDatabaseName;
+  Chart2D1->setModel(charts::comparisonChart(year, otherYear_, index_));
+}
+
+void frmDiagrVergleich::showEvent(QShowEvent* event) {
+  ChartWindow::showEvent(event);
+  if (asked_) return;
+  asked_ = true;
+  // Over the window, which shows the open year meanwhile.
+  QTimer::singleShot(0, this, &frmDiagrVergleich::cmdAnderesJahrClick);
+}

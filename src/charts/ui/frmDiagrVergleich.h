@@ -1,0 +1,42 @@
+#pragma once
+
+#include <QShowEvent>
+#include <functional>
+#include <optional>
+
+#include "charts/YearComparison.h"
+#include "charts/ui/ChartWindow.h"
+
+// The open year beside another one, month by calendar month. Asks for the other year when it is
+// first shown; without one it shows the open year alone.
+class frmDiagrVergleich final : public charts::ChartWindow {
+  Q_OBJECT
+ public:
+  using YearSource = std::function<charts::YearData()>;
+  // openYear delivers the rows of the utility tables, other opens the file that the user chooses.
+  frmDiagrVergleich(const dialogs::Services& services, YearSource openYear,
+                    charts::ComparisonSource& other, QWidget* parent = nullptr);
+
+  // Five members, 1 to 5.
+  QRadioButton* Option1(int index) const {
+    return selections_.at(static_cast<std::size_t>(index - charts::kFirstComparison));
+  }
+  QPushButton* const cmdAnderesJahr = widgets::control<QPushButton>(this, "cmdAnderesJahr");
+  QAction* const mnuAnderesJahr = new QAction(this);
+
+  // "Anderes Jahr öffnen"; cancelling leaves the chart as it is.
+  void cmdAnderesJahrClick();
+
+ protected:
+  void showEvent(QShowEvent* event) override;
+
+ private:
+  void draw();
+
+  YearSource openYear_;
+  charts::ComparisonSource& other_;
+  std::optional<charts::YearData> otherYear_;
+  std::array<QRadioButton*, charts::kLastComparison> selections_{};
+  int index_ = charts::kFirstComparison;
+  bool asked_ = false;
+};

@@ -1,0 +1,36 @@
+#pragma once
+
+#include <QShowEvent>
+#include <functional>
+
+#include "charts/YearData.h"
+#include "charts/ui/ChartWindow.h"
+
+// The monthly consumptions of the open year as a chart. Reads the year anew whenever it becomes
+// active or another selection is made; remembers chart type and 3-D switch in the data folder.
+class frmDiagramm final : public charts::ChartWindow {
+  Q_OBJECT
+ public:
+  // mode: "alle", "strom", "nachtstrom", "gas", "wasser", "abwasser" or "ww". year delivers the
+  // rows of the chart table with the months' captions.
+  using YearSource = std::function<charts::YearData()>;
+  frmDiagramm(const dialogs::Services& services, YearSource year, const QString& mode,
+              QWidget* parent = nullptr);
+
+  // Member 0 is hidden and set until a selection is made.
+  const widgets::ControlArray<QRadioButton, charts::kSelectionCount> Option1{this, "Option1"};
+
+  void done(int result) override;
+
+ protected:
+  void showEvent(QShowEvent* event) override;
+  void changeEvent(QEvent* event) override;
+
+ private:
+  void load();
+  void draw();
+  void Option1Click(int index);
+
+  YearSource year_;
+  charts::Selection selection_;
+};
