@@ -1,0 +1,92 @@
+#include "yearbook/FieldRules.h"
+
+#include <gmock/gmock.h>
+
+#include "yearbook/FieldTexts.h"
+
+using namespace yearbook;
+
+namespace {
+
+FilteredEntry kept(const char* text, bool commaRefused = false) {
+  return {text, commaRefused};
+}
+
+FieldValues valuesOfAYear() {
+  FieldValues values;
+  values.startMonths = {4, 1, 1};
+  values.electricity.day = {44309, 3073, Money::roundHalfEven(921.937)};
+  values.electricity.gross = Money::roundHalfEven(1554.7765);
+  values.consumptions[0][0] = "1.250,5";
+  values.consumptions[0][1] = "625,25";
+  values.consumptions[0][2] = "-3";
+  values.advanceSums[0] = Money::roundHalfEven(1800);
+  return values;
+}
+
+}  // namespace
+
+TEST(FieldRules, WholeUnitsRefuseTheComma) {
+  EXPECT_EQ(filterEntry(EntryKind::WholeKwh, "1234,5"), kept("12345", true));
+  EXPECT_EQ(filterEntry(EntryKind::WholeCubicMetres, ","), kept("", true));
+  EXPECT_EQ(filterEntry(EntryKind::WholeKwh, "41.236 kWh"), kept("41.236"));
+  EXPECT_EQ(wholeUnitsMessage(EntryKind::WholeKwh), "Bitte nur volle kWh eingeben!");
+  EXPECT_EQ(wholeUnitsMessage(EntryKind::WholeCubicMetres), "Bitte nur volle m³ eingeben!");
+  EXPECT_EQ(wholeUnitsMessage(EntryKind::Price), "");
+}
+
+TEST(FieldRules, RatesAndDatesTakeDigitsCommaAndPointOnly) {
+  EXPECT_EQ(filterEntry(EntryKind::Percent, "19%"), kept("19"));
+  EXPECT_EQ(filterEntry(EntryKind::Percent, "-7,5"), kept("7,5"));
+  EXPECT_EQ(filterEntry(EntryKind::Date, "1. Januar 2010"), kept("1.2010"));
+  EXPECT_EQ(filterEntry(EntryKind::Amount, "-1.234,50 €"), kept("-1.234,50"));
+}
+
+// "12.5" is twelve and a half wherever it is typed: never 125, and no whole unit either.
+TEST(FieldRules, AFractionIsNotWorthStoringInWholeUnits) {
+  EXPECT_FALSE(isComplete(EntryKind::WholeKwh, 12.5));
+  EXPECT_TRUE(isComplete(EntryKind::WholeKwh, 12345));
+  EXPECT_TRUE(isComplete(EntryKind::WholeKwh, std::nullopt));
+  EXPECT_TRUE(isComplete(EntryKind::Price, 12.5));
+}
+
+TEST(FieldRules, TheStartDateIsADayOfTheCalendar) {
+  EXPECT_TRUE(isStartDate("1.1.2010"));
+  EXPECT_TRUE(isStartDate("01.01.09"));
+  EXPECT_FALSE(isStartDate("31.02.2010"));
+  EXPECT_FALSE(isStartDate(""));
+  EXPECT_TRUE(isWholeStartDate("1.1.2010"));
+  EXPECT_FALSE(isWholeStartDate("1.1.20"));
+  EXPECT_FALSE(isWholeStartDate("31.02.2010"));
+}
+
+TEST(FieldTexts, FiguresReadGerman) {
+  const FieldValues values = valuesOfAYear();
+  const ElectricityTexts texts = electricityTexts(values);
+  EXPECT_EQ(texts.day.endReading, "44.309");
+  EXPECT_EQ(texts.day.consumption, "3.073");
+  EXPECT_EQ(texts.day.amount, "921,94");
+  EXPECT_EQ(texts.gross, "1.554,78");
+  EXPECT_EQ(priceText(29.6), "29,60");
+  EXPECT_EQ(priceText(28.125), "28,125");
+  EXPECT_EQ(priceText(std::nullopt), "");
+}
+
+TEST(FieldTexts, TheMonthsFollowTheStartMonthAndTheClock) {
+  const MonthTexts months = monthTexts(valuesOfAYear(), Utility::Electricity, "Mai");
+  EXPECT_EQ(months.names.front(), "April");
+  EXPECT_EQ(months.names.back(), "März");
+  EXPECT_EQ(months.current, 1);
+  EXPECT_EQ(months.consumptionSum, "3.073");
+  EXPECT_EQ(months.advanceSum, "1.800,00");
+  EXPECT_THAT(months.shares, testing::ElementsAre(1, 0.5, 0, 0, 0, 0, 0, 0, 0, 0, 0, 0));
+}
+
+TEST(FieldTexts, AClearedUtilityShowsNothing) {
+  FieldValues values = valuesOfAYear();
+  values.cleared[0] = true;
+  EXPECT_EQ(electricityTexts(values).day.endReading, "");
+  EXPECT_EQ(electricityTexts(values).gross, "");
+  EXPECT_EQ(monthTexts(values, Utility::Electricity, "Mai").advanceSum, "");
+  EXPECT_EQ(gasTexts(values).kwh, "0");
+}
