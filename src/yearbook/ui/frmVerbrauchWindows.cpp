@@ -55,17 +55,6 @@ void frmVerbrauch::connectEntryWindows() {
 }
 
 void frmVerbrauch::showProjection() {
-  const yearbook::FieldValues& values = editor_->values();
-  projection::ProjectionSource source;
-  source.startDate = values.startDate;
-  source.consumption = values.electricity.day.consumption;
-  source.unitPrice = values.dayPrice;
-  source.vatRate = static_cast<float>(yearbook::orZero(values.vatElectricity));
-  source.baseFee = yearbook::orZero(values.baseFeeElectricity);
-  source.startMonth = session_->monthNames(Utility::Electricity).front();
-  source.storeStartDate = [this](const std::string& date) {
-    return session_->storeStartDate(date);
-  };
-  frmHochrechnung(services_, source, this).exec();
+  frmHochrechnung(services_, projection::projectionSource(*session_), this).exec();
   reactivate();
 }

@@ -1,0 +1,197 @@
+#include <QSet>
+
+#include "MainWindowFixture.h"
+
+using namespace Qt::Literals::StringLiterals;
+using dialogs::Button;
+
+// What the main window asks and tells, and when it looks at the year again.
+
+class MainWindow : public MainWindowFixture {};
+
+TEST_F(MainWindow, AnEmptyYearAsksForTheStartReadingOncePerActivation) {
+  prompts.acceptTellings();
+  prompts.answerInput(u"abc"_s);
+  openEmpty();
+  EXPECT_EQ(prompts.last().text, u"Anfangszählerstand eingeben"_s);
+  EXPECT_EQ(prompts.last().title, u"Eingabe Anfangszählerstand"_s);
+  EXPECT_EQ(prompts.shown.size(), 1u);
+  // Boxes are no windows: nothing is asked again after them.
+  window->mnuRechnen->trigger();
+  settle();
+  EXPECT_EQ(prompts.shown.size(), 2u);
+  prompts.answerInput(u"41236"_s);
+  window->mnuNew->trigger();
+  EXPECT_EQ(navigator.calls, QStringList{u"showNewDatabase"_s});
+  EXPECT_EQ(window->Frame1->txtAnfStandST->text(), u"41.236"_s);
+  window->mnuNew->trigger();
+  EXPECT_EQ(prompts.shown.size(), 3u);
+  EXPECT_EQ(stored()->values().startDay, 41236);
+}
+
+TEST_F(MainWindow, AStartReadingOfZeroIsOne) {
+  prompts.answerInput(u"0"_s);
+  openEmpty();
+  window->mnuNew->trigger();
+  EXPECT_EQ(prompts.shown.size(), 1u);
+}
+
+TEST_F(MainWindow, ClearingAsksAndWorksOnTheSelectedUtilityOnly) {
+  openSample();
+  window->TabStrip->setCurrentWidget(window->Frame3);
+  prompts.answer(Button::No);
+  window->mnuDelete->trigger();
+  EXPECT_EQ(prompts.last().text,
+            u"Sollen alle Eingaben für Gas in diesem Fenster gelöscht werden?"_s);
+  EXPECT_EQ(prompts.last().title, u"Alle Werte löschen"_s);
+  EXPECT_EQ(prompts.last().defaultButton, Button::No);
+  EXPECT_EQ(window->Frame3->txtBetragG->text(), u"1.388,00"_s);
+  prompts.answer(Button::Yes);
+  window->mnuDelete->trigger();
+  EXPECT_EQ(window->Frame3->txtBetragG->text(), QString());
+  EXPECT_EQ(window->Frame3->txtFaktor->text(), QString());
+  EXPECT_EQ(window->Frame3->months->consumption(0)->text(), QString());
+  EXPECT_EQ(window->Frame1->txtBetragTS->text(), u"870,62"_s);
+  EXPECT_EQ(prompts.shown.size(), 2u);
+  EXPECT_EQ(stored()->values().gasFactor, 0);
+}
+
+TEST_F(MainWindow, TheToolbarsDeleteTellsItsHintEvenAfterNoAndOnOtherPages) {
+  openSample();
+  prompts.acceptTellings();
+  prompts.answer(Button::No);
+  window->toolButton(u"Löschen"_s)->trigger();
+  ASSERT_EQ(prompts.shown.size(), 2u);
+  EXPECT_EQ(prompts.last().title, u"Datenbank Verbrauch löschen"_s);
+  EXPECT_TRUE(prompts.last().text.contains(u"Verbrauchsverwaltuing neu und benuzten"_s));
+  window->TabStrip->setCurrentWidget(window->Frame5);
+  window->toolButton(u"Löschen"_s)->trigger();
+  EXPECT_EQ(prompts.shown.size(), 3u);
+}
+
+TEST_F(MainWindow, SavingExplainsTheBackup) {
+  openSample();
+  prompts.acceptTellings();
+  window->toolButton(u"Speichern"_s)->trigger();
+  EXPECT_EQ(
+      prompts.last().text,
+      u"Wenn Sie die  Datenbank sichern wollen, schließen Sie die Verbrauchsverwaltung.\nStarten "
+      u"Sie anschließend die Verbrauchsverwaltung neu und benuzten Sie die Schaltfläche [Daten "
+      u"sichern] im Startfenster"_s);
+  EXPECT_EQ(prompts.last().title, u"Datenbank Verbrauch löschen"_s);
+}
+
+TEST_F(MainWindow, AnotherStartMonthEndsTheProgram) {
+  openSample();
+  prompts.acceptTellings();
+  for (const auto& [typed, text] : {std::pair{u"abc"_s, u"Nur Zahlen von 1 bis 12 eingeben!"_s},
+                                    std::pair{u"13"_s, u"Falsche Eingabe"_s}}) {
+    prompts.answerInput(typed);
+    click(window->Frame1->cmdBeginnS);
+    EXPECT_EQ(prompts.last().text, text);
+    EXPECT_EQ(prompts.last().icon, dialogs::Icon::Critical);
+  }
+  prompts.answerInput(std::nullopt);
+  window->mnuStMoS->trigger();
+  EXPECT_TRUE(navigator.calls.isEmpty());
+  prompts.answerInput(u"4"_s);
+  click(window->Frame1->cmdBeginnS);
+  EXPECT_EQ(prompts.last().text,
+            u"Der Startmonat wurde angepasst \nDas Programm muß jetzt neu gestartet werden!"_s);
+  EXPECT_EQ(prompts.last().title, u"Anpassen Startmonat"_s);
+  EXPECT_EQ(navigator.calls, QStringList{u"endProgram"_s});
+  EXPECT_EQ(window->Frame1->months->check(0)->text(), u"April"_s);
+  EXPECT_EQ(window->Frame2->months->month(0)->text(), u"Januar"_s);
+  EXPECT_EQ(stored()->adoStrom.text(0, yearbook::strom::month), "April");
+}
+
+TEST_F(MainWindow, AStartMonthThatCouldNotBeStoredDoesNotEndTheProgram) {
+  openSample();
+  prompts.acceptTellings();
+  prompts.answerInput(u"4"_s);
+  files.arm({0, true, base::ErrorCode::NoSpace, false});
+  window->mnuStMoG->trigger();
+  files.disarm();
+  EXPECT_EQ(prompts.last().title, u"Fehler"_s);
+  EXPECT_TRUE(navigator.calls.isEmpty());
+  EXPECT_EQ(window->Frame3->months->month(0)->text(), u"Januar"_s);
+}
+
+TEST_F(MainWindow, PrintingShowsTheOverviewAndLocksTheUtilityButtons) {
+  openSample();
+  window->toolButton(u"Drucken"_s)->trigger();
+  EXPECT_EQ(window->TabStrip->currentWidget(), window->Frame4);
+  EXPECT_FALSE(window->toolButton(u"Nachtstrom"_s)->isEnabled());
+  EXPECT_FALSE(window->toolButton(u"Löschen"_s)->isEnabled());
+  window->TabStrip->setCurrentIndex(1);
+  EXPECT_TRUE(window->toolButton(u"Löschen"_s)->isEnabled());
+}
+
+TEST_F(MainWindow, ReadingsTakenOverInTheirWindowShowAtOnce) {
+  openSample();
+  clickAndHandle(window->Frame1->cmdEingabeVerbrauchS, [](QDialog* dialog) {
+    type(dialog->findChild<QLineEdit*>(u"txtVerbrauch_11"_s), u"1606"_s);
+    dialog->findChild<QPushButton*>(u"Command1"_s)->click();
+  });
+  EXPECT_EQ(window->Frame1->txtEndStandST->text(), u"1.606"_s);
+  EXPECT_EQ(window->Frame1->txtVerbrauchTS->text(), u"3.093"_s);
+  EXPECT_EQ(window->Frame1->months->consumption(11)->text(), u"405"_s);
+  const auto year = stored();
+  EXPECT_EQ(year->adoVerbrM.number(11, yearbook::verbrMonat::day), 405);
+  EXPECT_EQ(year->adoStrom.money(11, yearbook::strom::monthAmount),
+            yearbook::priceInCent(405, 28.9) +
+                yearbook::orZero(year->adoStrom.money(11, yearbook::strom::nightAmount)));
+}
+
+TEST_F(MainWindow, MonthlyPricesAndFeesComeBackIntoTheirFields) {
+  openSample();
+  clickAndHandle(window->Frame3->cmdPreisJeEinheitG, [](QDialog* dialog) {
+    dialog->findChild<QCheckBox*>(u"Check1_11"_s)->setChecked(true);
+    type(dialog->findChild<QLineEdit*>(u"txtJeKubik"_s), u"10"_s);
+    dialog->findChild<QPushButton*>(u"Command1"_s)->click();
+  });
+  EXPECT_EQ(window->Frame3->txtPreisGas->text(), u"10,00"_s);
+  EXPECT_EQ(window->session().adoGas.number(0, yearbook::gas::price), 9.45);
+  clickAndHandle(window->Frame2->cmdWWMonatl, [](QDialog* dialog) {
+    type(dialog->findChild<QLineEdit*>(u"txtVerbrauch_0"_s), u"7,91"_s);
+    dialog->findChild<QPushButton*>(u"Command1"_s)->click();
+  });
+  EXPECT_EQ(window->Frame2->txtGrundgebAbW->text(), u"7,91"_s);
+}
+
+TEST_F(MainWindow, AYearThatCanOnlyBeReadSaysSo) {
+  makeSample();
+  disk.protect(kSample);
+  openWindow(kSample);
+  EXPECT_TRUE(window->lblHinweis->isVisible());
+  EXPECT_TRUE(window->lblHinweis->text().contains(u"nur gelesen"_s));
+  prompts.acceptTellings();
+  type(window->Frame1->txtMwStS, u"7"_s);
+  EXPECT_TRUE(prompts.shown.front().text.contains(u"Verbrauch2025.kwd"_s));
+  EXPECT_EQ(window->Frame1->txtMwStS->text(), u"19"_s);
+}
+
+// What can be wrong with any window: a control without a spoken name, a name twice, a field that
+// the wheel changes, a text wider than its control.
+TEST_F(MainWindow, EveryControlCanBeNamedReadAndReached) {
+  openSample();
+  window->resize(window->sizeHint().expandedTo(QSize(1366, 700)));
+  QSet<QString> names;
+  for (int page = 0; page < 3; ++page) {
+    window->TabStrip->setCurrentIndex(page);
+    settle();
+    for (QWidget* control : window->TabStrip->currentWidget()->findChildren<QWidget*>()) {
+      const bool typed = qobject_cast<QLineEdit*>(control) != nullptr;
+      const auto* button = qobject_cast<QAbstractButton*>(control);
+      if ((!typed && button == nullptr) || !control->isVisible()) continue;
+      if (control->objectName().startsWith(u"qt_"_s)) continue;
+      EXPECT_FALSE(control->objectName().isEmpty());
+      EXPECT_FALSE(names.contains(control->objectName())) << control->objectName().toStdString();
+      names.insert(control->objectName());
+      EXPECT_FALSE(control->accessibleName().isEmpty()) << control->objectName().toStdString();
+      EXPECT_GE(control->width(), control->minimumSizeHint().width())
+          << control->objectName().toStdString();
+    }
+  }
+  EXPECT_GT(names.size(), 100);
+}

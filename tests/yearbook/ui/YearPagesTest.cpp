@@ -1,0 +1,200 @@
+#include "MainWindowFixture.h"
+
+using namespace Qt::Literals::StringLiterals;
+using base::Money;
+using yearbook::Utility;
+
+// What the pages show of a year, and what typing into them does to it.
+
+class YearPages : public MainWindowFixture {};
+
+TEST_F(YearPages, TheBillOfTheSampleYear) {
+  openSample();
+  EXPECT_EQ(window->windowTitle(), u"Verbrauchsberechnung       /daten/Verbrauch2025.kwd"_s);
+  EXPECT_EQ(window->Frame1->txtAnfStandST->text(), u"44.309"_s);
+  EXPECT_EQ(window->Frame1->txtEndStandST->text(), u"1.506"_s);
+  EXPECT_EQ(window->Frame1->txtVerbrauchTS->text(), u"2.993"_s);
+  EXPECT_EQ(window->Frame1->txtTPreis->text(), u"28,90"_s);
+  EXPECT_EQ(window->Frame1->txtBetragTS->text(), u"870,62"_s);
+  EXPECT_EQ(window->Frame1->txtBetragNS->text(), u"360,65"_s);
+  EXPECT_EQ(window->Frame1->txtMwStS->text(), u"19"_s);
+  EXPECT_EQ(window->Frame1->txtDatumStrom->text(), u"01.01.2025"_s);
+  EXPECT_EQ(window->Frame1->months->consumption(6)->text(), u"226"_s);
+  EXPECT_EQ(window->Frame1->months->advanceSum->text(), u"1.632,00"_s);
+  EXPECT_EQ(window->Frame2->txtBetragW->text(), u"267,75"_s);
+  EXPECT_EQ(window->Frame2->txtBetragAbW->text(), u"362,95"_s);
+  EXPECT_EQ(window->Frame3->txtFaktor->text(), u"10,523"_s);
+  EXPECT_EQ(window->Frame3->txtBetragG->text(), u"1.388,00"_s);
+  EXPECT_EQ(window->Frame3->txtGaskWh->text(), u"14.816,384"_s);
+}
+
+TEST_F(YearPages, OpeningAndClosingTheWindowLeavesTheFileAsItWas) {
+  makeSample();
+  const base::Bytes before = disk.get(kSample);
+  openWindow(kSample);
+  for (int i = 0; i < window->TabStrip->count(); ++i) window->TabStrip->setCurrentIndex(i);
+  window->close();
+  window.reset();
+  EXPECT_EQ(disk.get(kSample), before);
+}
+
+TEST_F(YearPages, EveryKeystrokeThatMakesANumberIsStored) {
+  openSample();
+  type(window->Frame1->txtMwStS, u"7"_s);
+  EXPECT_EQ(window->session().values().vatElectricity, 7);
+  EXPECT_EQ(window->Frame1->txtMwStTS->text(), u"60,94"_s);
+  type(window->Frame3->txtGrundgebG, u"1.234,5"_s);
+  EXPECT_EQ(window->Frame3->txtGrundgebG->text(), u"1.234,5"_s);
+  QTest::keyClick(window->Frame3->txtGrundgebG, Qt::Key_Return);
+  EXPECT_EQ(window->Frame3->txtGrundgebG->text(), u"1.234,50"_s);
+  const auto year = stored();
+  EXPECT_EQ(year->values().vatElectricity, 7);
+  EXPECT_EQ(year->values().baseFeeGas, Money::roundHalfEven(1234.5));
+}
+
+TEST_F(YearPages, AStartReadingRefusesTheCommaWithOneBox) {
+  openSample();
+  prompts.acceptTellings();
+  type(window->Frame1->txtAnfStandST, u"1234,5"_s);
+  EXPECT_EQ(window->Frame1->txtAnfStandST->text(), u"12345"_s);
+  ASSERT_EQ(prompts.shown.size(), 1u);
+  EXPECT_EQ(prompts.last().text, u"Bitte nur volle kWh eingeben!"_s);
+  EXPECT_EQ(prompts.last().title, u"Eingabe Anfangszählerstand"_s);
+  type(window->Frame2->txtAnfStandW, u","_s);
+  EXPECT_EQ(prompts.last().text, u"Bitte nur volle m³ eingeben!"_s);
+  EXPECT_EQ(stored()->values().startDay, 12345);
+}
+
+TEST_F(YearPages, AFractionInAStartReadingIsNeitherRoundedNorTornTogether) {
+  openSample();
+  prompts.acceptTellings();
+  enter(window->Frame1->txtAnfStandSN, u"12.5"_s);
+  EXPECT_EQ(prompts.shown.size(), 1u);
+  EXPECT_EQ(window->Frame1->txtAnfStandSN->text(), u"12"_s);
+  enter(window->Frame1->txtAnfStandSN, u"12.345"_s);
+  EXPECT_EQ(window->Frame1->txtAnfStandSN->text(), u"12.345"_s);
+  EXPECT_EQ(stored()->values().startNight, 12345);
+}
+
+TEST_F(YearPages, RatesTakeDigitsOnlyAndEnterMovesOn) {
+  openSample();
+  type(window->Frame1->txtMwStS, u"19%"_s);
+  EXPECT_EQ(window->Frame1->txtMwStS->text(), u"19"_s);
+  QTest::keyClick(window->Frame1->txtMwStS, Qt::Key_Return);
+  EXPECT_TRUE(window->Frame1->txtDatumStrom->hasFocus());
+  enter(window->Frame1->months->advance(4), u"1"_s);
+  EXPECT_TRUE(window->Frame1->months->advance(5)->hasFocus());
+}
+
+TEST_F(YearPages, UndoTakesBackWhatWasTypedAndStored) {
+  openSample();
+  QLineEdit* field = window->Frame1->txtGrundgebS;
+  type(field, u"200"_s);
+  EXPECT_EQ(window->session().values().baseFeeElectricity, Money::roundHalfEven(200));
+  for (int i = 0; i < 4; ++i) field->undo();
+  EXPECT_EQ(field->text(), u"162,00"_s);
+  QTest::keyClick(field, Qt::Key_Return);
+  EXPECT_EQ(stored()->values().baseFeeElectricity, Money::roundHalfEven(162));
+}
+
+TEST_F(YearPages, OnePriceForAllMonthsButNotByLoading) {
+  openSample();
+  EXPECT_EQ(window->session().adoStrom.number(0, yearbook::strom::dayPrice), 29.6);
+  enter(window->Frame1->txtTPreis, u"30"_s);
+  EXPECT_EQ(window->Frame1->txtBetragTS->text(), u"897,90"_s);
+  EXPECT_EQ(window->Frame1->txtTPreis->text(), u"30,00"_s);
+  const auto year = stored();
+  for (int i = 0; i < 12; ++i)
+    EXPECT_EQ(year->adoStrom.number(i, yearbook::strom::dayPrice), 30) << i;
+}
+
+TEST_F(YearPages, AnEmptiedGasPriceComesBack) {
+  openSample();
+  window->Frame3->txtPreisGas->setFocus();
+  window->Frame3->txtPreisGas->selectAll();
+  QTest::keyClick(window->Frame3->txtPreisGas, Qt::Key_Delete);
+  QTest::keyClick(window->Frame3->txtPreisGas, Qt::Key_Return);
+  EXPECT_EQ(window->Frame3->txtPreisGas->text(), u"9,25"_s);
+  EXPECT_EQ(window->session().adoGas.number(0, yearbook::gas::price), 9.45);
+}
+
+TEST_F(YearPages, AdvancePaymentsSingleAndAllAtOnce) {
+  openSample();
+  enter(window->Frame3->months->advance(0), u"99,5"_s);
+  EXPECT_EQ(window->Frame3->months->advanceSum->text(), u"1.661,50"_s);
+  click(window->Frame3->months->zeroAdvances);
+  EXPECT_EQ(window->Frame3->months->advance(11)->text(), u"0,00"_s);
+  EXPECT_EQ(stored()->values().advances[2][0], Money());
+}
+
+TEST_F(YearPages, TheStartDateMustBeADay) {
+  openSample();
+  prompts.acceptTellings();
+  enter(window->Frame1->txtDatumStrom, u"31.02.2010"_s);
+  EXPECT_EQ(prompts.last().title, u"Eingabe Datum"_s);
+  EXPECT_EQ(prompts.last().text,
+            u"Ungültige Datumseingabe! \nBitte geben Sie ein gültiges Datum ein.\n"
+            u"Beispiel:  01.01.2009"_s);
+  EXPECT_EQ(prompts.last().icon, dialogs::Icon::Warning);
+  EXPECT_EQ(window->session().values().startDate, "01.01.2025");
+  enter(window->Frame1->txtDatumStrom, u"1.1.2010"_s);
+  EXPECT_EQ(window->Frame1->txtDatumStrom->text(), u"1.1.2010"_s);
+  EXPECT_EQ(prompts.shown.size(), 1u);
+  EXPECT_EQ(stored()->values().startDate, "1.1.2010");
+}
+
+TEST_F(YearPages, WhatCannotBeStoredIsToldAndTheFieldShowsWhatIs) {
+  openSample();
+  prompts.acceptTellings();
+  files.arm({0, true, base::ErrorCode::NoSpace, false});
+  type(window->Frame1->txtMwStS, u"7"_s);
+  files.disarm();
+  ASSERT_FALSE(prompts.shown.empty());
+  EXPECT_TRUE(prompts.shown.front().text.contains(u"kein Platz"_s))
+      << prompts.last().text.toStdString();
+  EXPECT_EQ(window->Frame1->txtMwStS->text(), u"19"_s);
+  EXPECT_EQ(window->Frame1->txtMwStTS->text(), u"165,42"_s);
+}
+
+TEST_F(YearPages, RemarksAreStoredWhenTheirFieldIsLeft) {
+  openSample();
+  window->TabStrip->setCurrentWidget(window->Frame5);
+  enter(window->Frame5->txtAnmerkungenG(2), u"Heizung gewartet"_s);
+  type(window->Frame5->txtAnmerkungenS(0), u"Ablesung am 14."_s);
+  window->TabStrip->setCurrentIndex(0);
+  const auto year = stored();
+  EXPECT_EQ(year->values().remarks[2][2], "Heizung gewartet");
+  EXPECT_EQ(year->values().remarks[0][0], "Ablesung am 14.");
+}
+
+TEST_F(YearPages, HidingTheNightTariffClosesTheGap) {
+  openSample();
+  const int before = window->Frame1->months->mapTo(window.get(), QPoint()).x();
+  window->mnuNachtstrom->trigger();
+  settle();
+  EXPECT_FALSE(window->Frame1->FrameNachtstrom->isVisible());
+  EXPECT_FALSE(window->Frame1->Frame22->isVisible());
+  EXPECT_FALSE(window->Frame1->Frame23->isVisible());
+  EXPECT_LT(window->Frame1->months->mapTo(window.get(), QPoint()).x(), before);
+  EXPECT_EQ(window->mnuNachtstrom->text(), u"Nachtstrom einblenden"_s);
+  EXPECT_EQ(window->Frame1->txtIstwertS->text(), u"1.465,21"_s);
+  EXPECT_EQ(stored()->adoZStaende.text(0, yearbook::zstaende::nightDisplay), "off");
+}
+
+TEST_F(YearPages, FlatRateShowsTheFreeKwhAndSwitchesTheProjectionOff) {
+  openSample();
+  EXPECT_FALSE(window->Frame1->txtKwImJahrFrei->isVisible());
+  window->mnuPauschale->trigger();
+  EXPECT_TRUE(window->Frame1->txtKwImJahrFrei->isVisible());
+  EXPECT_TRUE(window->Frame1->lblPauschale->isVisible());
+  EXPECT_FALSE(window->mnuHochrechnung->isEnabled());
+  EXPECT_EQ(window->mnuHochrechnung->text(),
+            u"Hochrechnung nicht aktiv wenn Pauschale aktiviert"_s);
+  EXPECT_FALSE(window->toolButton(u"Hochrechnung"_s)->isEnabled());
+  enter(window->Frame1->txtKwImJahrFrei, u"1500"_s);
+  EXPECT_EQ(window->Frame1->txtBetragTS->text(), u"431,48"_s);
+  window->mnuPauschale->trigger();
+  EXPECT_EQ(window->Frame1->txtBetragTS->text(), u"870,62"_s);
+  EXPECT_EQ(window->mnuHochrechnung->text(), u"Hochrechnung auf das Jahr"_s);
+  EXPECT_EQ(disk.readText("/daten/pauschale.dat"), "#FALSE#\r\n");
+}
