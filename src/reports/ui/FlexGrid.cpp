@@ -24,8 +24,15 @@ namespace {
 constexpr int kTextInset = 60;
 constexpr double kSmallestZoom = 0.85;
 constexpr double kLargestZoom = 1.6;
-// Row heights are rounded to pixels, each for itself.
-constexpr double kRoundingRoom = 0.985;
+// Lengths become whole pixels downwards: the table must not outgrow the room it was fitted to.
+int wholePixels(double pixels) {
+  return static_cast<int>(std::floor(pixels + 1e-6));
+}
+
+// Downwards, so that a drag at the window's edge does not lay the table out anew at every pixel.
+double inSteps(double zoom) {
+  return std::floor(zoom * 64) / 64;
+}
 
 }  // namespace
 
@@ -240,33 +247,33 @@ double FlexGrid::pixels(double twips) const {
 
 QSize FlexGrid::tableSize(double zoom) const {
   const double scale = static_cast<double>(logicalDpiX()) / kTwipsPerInch * zoom;
-  double width = 0;
-  double height = 0;
+  int width = 2 * frameWidth();
+  int height = 2 * frameWidth();
   for (int column = 0; column < grid().columns(); ++column)
-    if (!grid().column(column).hidden) width += std::round(grid().column(column).width * scale);
+    if (!grid().column(column).hidden) width += wholePixels(grid().column(column).width * scale);
   for (int row = 0; row < grid().rows(); ++row)
-    if (!grid().row(row).hidden) height += std::round(grid().row(row).height * scale);
-  return {static_cast<int>(width) + 2 * frameWidth(), static_cast<int>(height) + 2 * frameWidth()};
+    if (!grid().row(row).hidden) height += wholePixels(grid().row(row).height * scale);
+  return {width, height};
 }
 
 // The height decides how large the table is shown; a table that nearly fits is made a little
 // smaller, so that its last rows need no scrolling.
 void FlexGrid::fitToRoom() {
   const QSize natural = tableSize(1.0);
-  const double byHeight = kRoundingRoom * height() / std::max(1, natural.height());
+  const double byHeight = static_cast<double>(height()) / std::max(1, natural.height());
   const bool fits = byHeight >= kSmallestZoom;
-  const double wanted = fits ? std::min(byHeight, kLargestZoom) : 1.0;
+  const double wanted = fits ? inSteps(std::min(byHeight, kLargestZoom)) : 1.0;
   const int bar = fits ? 0 : verticalScrollBar()->sizeHint().width();
   setMaximumWidth(tableSize(wanted).width() + bar);
   const double byWidth = static_cast<double>(width() - bar) / std::max(1, natural.width());
-  zoom_ = std::min(wanted, std::max(byWidth, 1.0));
+  zoom_ = std::min(wanted, std::max(inSteps(byWidth), 1.0));
 }
 
 void FlexGrid::applySizes() {
   for (int column = 0; column < grid().columns(); ++column)
-    setColumnWidth(column, static_cast<int>(std::lround(pixels(grid().column(column).width))));
+    setColumnWidth(column, wholePixels(pixels(grid().column(column).width)));
   for (int row = 0; row < grid().rows(); ++row)
-    setRowHeight(row, static_cast<int>(std::lround(pixels(grid().row(row).height))));
+    setRowHeight(row, wholePixels(pixels(grid().row(row).height)));
 }
 
 QSize FlexGrid::sizeHint() const {
@@ -281,7 +288,7 @@ void FlexGrid::resizeEvent(QResizeEvent* event) {
   QTableView::resizeEvent(event);
   const double before = zoom_;
   fitToRoom();
-  if (std::abs(zoom_ - before) > 0.005) applySizes();
+  if (zoom_ != before) applySizes();
 }
 
 void FlexGrid::changeEvent(QEvent* event) {

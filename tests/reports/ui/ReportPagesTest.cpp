@@ -5,6 +5,7 @@
 #include <QClipboard>
 #include <QMimeData>
 #include <QPrinter>
+#include <QScrollBar>
 #include <QTest>
 
 #include "base/File.h"
@@ -173,6 +174,17 @@ TEST_F(ReportPages, CopyGivesTheSelectionOrTheWholeTable) {
       QItemSelectionModel::ClearAndSelect);
   grid->copyToClipboard();
   EXPECT_EQ(QApplication::clipboard()->text(), u"Januar\t130,06\r\nFebruar\t113,79\r\n"_s);
+}
+
+TEST_F(ReportPages, TableFillsTheRoomWithoutScrolling) {
+  overviewPage_.show();
+  for (int height = 570; height < 1200; height += 17) {
+    overviewPage_.resize(1340, height);
+    for (int i = 0; i < 3; ++i) QCoreApplication::processEvents();
+    const auto* grid = overviewPage_.grdDruck;
+    EXPECT_EQ(grid->verticalScrollBar()->maximum(), 0) << height;
+    EXPECT_EQ(grid->horizontalScrollBar()->maximum(), 0) << height;
+  }
 }
 
 // Difference in lightness that text needs to be read.
