@@ -39,6 +39,7 @@ frmVerbrauch::frmVerbrauch(dialogs::Services& services,
   connectMenus();
   connectPages();
   connectEntryWindows();
+  connectCharts();
   connect(editor_, &yearbook::YearEditor::changed, this, &frmVerbrauch::followModes);
   if (const auto reason = session_->readOnlyReason())
     lblHinweis->say(

@@ -80,12 +80,15 @@ class frmVerbrauch final : public QMainWindow {
   void connectMenus();
   void connectPages();
   void connectEntryWindows();
+  void connectCharts();
   void takeFittingSize();
 
   template <class Window>
   void opens(QPushButton* button, yearbook::Utility utility);
   void rowsChanged(yearbook::Utility utility);
   void showProjection();
+  void showChart(const QString& mode);
+  void showComparison();
 
   void reactivate();
   void offerIndexRepair();

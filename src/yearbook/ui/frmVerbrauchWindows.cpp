@@ -1,3 +1,5 @@
+#include "charts/ui/frmDiagrVergleich.h"
+#include "charts/ui/frmDiagramm.h"
 #include "projection/ui/frmHochrechnung.h"
 #include "readings/ui/frmEingabeVerbrauch.h"
 #include "readings/ui/frmEingabeVerbrauchAbW.h"
@@ -17,6 +19,7 @@
 
 // The windows that are opened from the main window, and what follows when they close.
 
+using namespace Qt::Literals::StringLiterals;
 using yearbook::Utility;
 
 // Opens the window on the year; when it has closed, what it wrote about the utility is read again.
@@ -56,5 +59,34 @@ void frmVerbrauch::connectEntryWindows() {
 
 void frmVerbrauch::showProjection() {
   frmHochrechnung(services_, projection::projectionSource(*session_), this).exec();
+  reactivate();
+}
+
+void frmVerbrauch::connectCharts() {
+  const std::pair<QPushButton*, QString> modes[] = {
+      {Frame1->cmdDiagrammStrom, u"strom"_s},   {Frame1->cmdDiagrammNachtstrom, u"nachtstrom"_s},
+      {Frame2->cmdDiagrammWasser, u"wasser"_s}, {Frame2->cmdDiagrammAbwasser, u"abwasser"_s},
+      {Frame2->cmdDiagrammWW, u"ww"_s},         {Frame3->cmdDiagrammGas, u"gas"_s}};
+  for (const auto& [button, mode] : modes)
+    connect(button, &QPushButton::clicked, this, [this, mode = mode] { showChart(mode); });
+  for (QPushButton* button :
+       {Frame1->cmdDiagrVergleich, Frame2->cmdDiagrVergleichW, Frame3->cmdDiagrVergleichG})
+    connect(button, &QPushButton::clicked, this, &frmVerbrauch::showComparison);
+}
+
+void frmVerbrauch::showChart(const QString& mode) {
+  if (!editor_->run([this] { return session_->copyToChartTable(); })) return;
+  frmDiagramm(
+      services_, [this] { return charts::readChartTable(*session_); }, mode, this)
+      .exec();
+  reactivate();
+}
+
+void frmVerbrauch::showComparison() {
+  if (!editor_->run([this] { return session_->copyToChartTable(); })) return;
+  charts::FileComparisonSource other(services_.files);
+  frmDiagrVergleich(
+      services_, [this] { return charts::readYear(session_->database()); }, other, this)
+      .exec();
   reactivate();
 }

@@ -159,6 +159,37 @@ TEST_F(MainWindow, MonthlyPricesAndFeesComeBackIntoTheirFields) {
   EXPECT_EQ(window->Frame2->txtGrundgebAbW->text(), u"7,91"_s);
 }
 
+TEST_F(MainWindow, AChartShowsWhatTheUtilityTablesHold) {
+  openSample();
+  ASSERT_TRUE(window->session().transact([this] {
+    return window->session().adoWasser.setNumber(3, yearbook::wasser::wasteConsumption, 77);
+  }));
+  const std::pair<QPushButton*, const char*> windows[] = {
+      {window->Frame2->cmdDiagrammWW, "frmDiagramm"},
+      {window->Frame3->cmdDiagrammGas, "frmDiagramm"},
+      {window->Frame2->cmdDiagrVergleichW, "frmDiagrVergleich"}};
+  prompts.answerPath({});  // no other year to compare with
+  for (const auto& [button, name] : windows)
+    clickAndHandle(button, [name = name](QDialog* dialog) {
+      EXPECT_STREQ(dialog->metaObject()->className(), name);
+    });
+  EXPECT_EQ(window->session().adoVerbrM.number(3, yearbook::verbrMonat::wasteWater), 77);
+}
+
+TEST_F(MainWindow, TheProjectionsStartDateIsTheMainWindows) {
+  openSample();
+  prompts.acceptTellings();
+  QTimer::singleShot(0, window.get(), [] {
+    auto* modal = qobject_cast<QDialog*>(QApplication::activeModalWidget());
+    ASSERT_TRUE(modal);
+    EXPECT_STREQ(modal->metaObject()->className(), "frmHochrechnung");
+    enter(modal->findChild<QLineEdit*>(u"txtDatumStrom"_s), u"15.01.2025"_s);
+    modal->close();
+  });
+  window->toolButton(u"Hochrechnung"_s)->trigger();
+  EXPECT_EQ(window->Frame1->txtDatumStrom->text(), u"15.01.2025"_s);
+}
+
 TEST_F(MainWindow, AYearThatCanOnlyBeReadSaysSo) {
   makeSample();
   disk.protect(kSample);
