@@ -1,6 +1,7 @@
 #include "app/DataFolder.h"
 
 #include "base/CsvRecord.h"
+#include "base/Drives.h"
 #include "base/Paths.h"
 #include "base/TextCodec.h"
 
@@ -29,6 +30,18 @@ std::string joinHome(const std::string& drive, std::string path, char separator)
 }
 
 }  // namespace
+
+bool DataFolderExists(const base::FileSystem& files, const std::string& path) {
+  return files.folderExists(path);
+}
+
+bool FileExists(const base::FileSystem& files, const std::string& path) {
+  return files.exists(path);
+}
+
+bool ProgramDriveIsRemovable(const std::string& programFolder) {
+  return base::onRemovableDrive(programFolder);
+}
 
 std::string homeFolder(const Environment& environment, char separator) {
   const bool unset = environment.homeDrive.empty() && environment.homePath.empty();
@@ -67,11 +80,11 @@ std::optional<std::string> baseFolderIn(std::string_view content) {
 
 base::Result<void> makeDataFolder(base::FileSystem& files, const std::string& folder,
                                   const SystemFacts& facts) {
-  if (files.folderExists(folder)) return {};
+  if (DataFolderExists(files, folder)) return {};
   if (!facts.portable && folder == defaultDataFolder(facts)) {
     const std::string product =
         below(homeFolder(facts.environment), kProductFolderName, base::kPathSeparator);
-    if (!files.folderExists(product))
+    if (!DataFolderExists(files, product))
       if (auto made = files.makeFolder(product); !made) return made;
   }
   return files.makeFolder(folder);
@@ -112,7 +125,7 @@ base::Result<void> changeBaseFolder(yearbook::PathState& paths, base::FileSystem
 
 base::Result<bool> resetBaseFolder(base::FileSystem& files, const SystemFacts& facts) {
   const std::string pathFile = defaultDataFolder(facts) + std::string(kPathFile);
-  if (!files.exists(pathFile)) return false;
+  if (!FileExists(files, pathFile)) return false;
   if (auto removed = files.remove(pathFile); !removed) return base::Failure(removed.error());
   return true;
 }

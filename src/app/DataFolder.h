@@ -21,6 +21,13 @@ struct Environment {
   std::string home;       // "HOME", counts where both others are unset
 };
 
+// The folder is there; a file of that name is no folder.
+bool DataFolderExists(const base::FileSystem& files, const std::string& path);
+// Something of exactly that name is there.
+bool FileExists(const base::FileSystem& files, const std::string& path);
+// Portable mode: the program lies on a medium that is taken along.
+bool ProgramDriveIsRemovable(const std::string& programFolder);
+
 // What the folders depend on, read once from the system.
 struct SystemFacts {
   std::string programFolder;

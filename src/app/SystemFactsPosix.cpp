@@ -3,7 +3,6 @@
 #include <cstdlib>
 
 #include "app/DataFolder.h"
-#include "base/Drives.h"
 #include "base/Paths.h"
 
 namespace app {
@@ -27,7 +26,7 @@ SystemFacts readSystemFacts() {
   std::error_code error;
   const auto executable = std::filesystem::read_symlink("/proc/self/exe", error);
   facts.programFolder = base::withSeparator(base::fromPath(executable.parent_path()));
-  facts.portable = base::onRemovableDrive(facts.programFolder);
+  facts.portable = ProgramDriveIsRemovable(facts.programFolder);
   facts.environment.homeDrive = variable("HomeDrive", "HOMEDRIVE");
   facts.environment.homePath = variable("HomePath", "HOMEPATH");
   facts.environment.home = variable("HOME");

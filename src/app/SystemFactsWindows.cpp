@@ -7,7 +7,6 @@
 #include <windows.h>
 
 #include "app/DataFolder.h"
-#include "base/Drives.h"
 #include "base/Paths.h"
 
 namespace app {
@@ -37,7 +36,7 @@ std::filesystem::path executable() {
 SystemFacts readSystemFacts() {
   SystemFacts facts;
   facts.programFolder = base::withSeparator(base::fromPath(executable().parent_path()));
-  facts.portable = base::onRemovableDrive(facts.programFolder);
+  facts.portable = ProgramDriveIsRemovable(facts.programFolder);
   facts.environment = {variable(L"HomeDrive"), variable(L"HomePath"), variable(L"HOME")};
   return facts;
 }

@@ -2,6 +2,7 @@
 
 #include <algorithm>
 
+#include "app/DataFolder.h"
 #include "base/Paths.h"
 #include "jet/Database.h"
 
@@ -63,12 +64,13 @@ base::Result<void> createYear(base::FileSystem& files, const yearbook::PathState
   return removeIfPresent(files, journalOf(target));
 }
 
-base::Result<void> createDefaultYear(base::FileSystem& files, const yearbook::PathState& paths) {
+base::Result<void> CreateDefaultYearDatabase(base::FileSystem& files,
+                                             const yearbook::PathState& paths) {
   const std::string source = paths.ProgramFolder + std::string(kTemplate);
   if (const auto found = files.info(source); found && !found->writable)
     base::ignore(files.makeWritable(source), "a program folder may be write-protected for good");
   const std::string target = paths.DataFolder + std::string(kDefaultYear);
-  if (files.exists(target)) return {};
+  if (FileExists(files, target)) return {};
   return createYear(files, paths, target);
 }
 

@@ -31,7 +31,8 @@ std::string allowedYearName(std::string_view typed);
 base::Result<void> createYear(base::FileSystem& files, const yearbook::PathState& paths,
                               const std::string& target);
 // "Verbrauch.kwd" from the template, if there is none yet.
-base::Result<void> createDefaultYear(base::FileSystem& files, const yearbook::PathState& paths);
+base::Result<void> CreateDefaultYearDatabase(base::FileSystem& files,
+                                             const yearbook::PathState& paths);
 
 // The year database, a journal that waits beside it, and every "*.dat" file whose name begins with
 // the year's base name. Names of up to four characters have no side files. A year that is open is

@@ -32,15 +32,16 @@ class YearFilesTest : public testing::Test {
 };
 
 TEST_F(YearFilesTest, DefaultYearComesFromTheTemplateOnlyWhenItIsMissing) {
-  EXPECT_EQ(app::createDefaultYear(*files, paths).error().file, programs / "Vorlverbr8.kwx");
+  EXPECT_EQ(app::CreateDefaultYearDatabase(*files, paths).error().file,
+            programs / "Vorlverbr8.kwx");
   put(programs / "Vorlverbr8.kwx", "leer");
   std::filesystem::permissions(programs / "Vorlverbr8.kwx", std::filesystem::perms::owner_read);
-  ASSERT_TRUE(app::createDefaultYear(*files, paths));
+  ASSERT_TRUE(app::CreateDefaultYearDatabase(*files, paths));
   EXPECT_EQ(get(data / "Verbrauch.kwd"), "leer");
   EXPECT_TRUE(files->info(data / "Verbrauch.kwd")->writable);
   EXPECT_TRUE(files->info(programs / "Vorlverbr8.kwx")->writable);
   put(data / "Verbrauch.kwd", "mein Jahr");
-  ASSERT_TRUE(app::createDefaultYear(*files, paths));
+  ASSERT_TRUE(app::CreateDefaultYearDatabase(*files, paths));
   EXPECT_EQ(get(data / "Verbrauch.kwd"), "mein Jahr");
 }
 

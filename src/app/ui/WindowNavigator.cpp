@@ -54,12 +54,13 @@ QWidget* WindowNavigator::makeMainWindow(QWidget* parent) {
   const YearWindow year = factory_(parent);
   if (year.window == nullptr) return nullptr;
   year.window->setAttribute(Qt::WA_DeleteOnClose);
-  followSafetyCopy(std::move(copy), year);
+  followSafetyCopy(copy, year);
   main_ = year.window;
   return year.window;
 }
 
-void WindowNavigator::followSafetyCopy(std::shared_ptr<SafetyCopy> copy, const YearWindow& year) {
+void WindowNavigator::followSafetyCopy(const std::shared_ptr<SafetyCopy>& copy,
+                                       const YearWindow& year) {
   constexpr int kAfterFirstPaint = 400;
   QTimer::singleShot(kAfterFirstPaint, year.window, [copy, hint = year.hint] {
     const auto outcome = copy->finish();

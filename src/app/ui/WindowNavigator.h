@@ -43,7 +43,7 @@ class WindowNavigator final : public dialogs::Navigator, public YearOpener {
 
  private:
   QWidget* makeMainWindow(QWidget* parent);
-  void followSafetyCopy(std::shared_ptr<SafetyCopy> copy, const YearWindow& year);
+  void followSafetyCopy(const std::shared_ptr<SafetyCopy>& copy, const YearWindow& year);
 
   dialogs::Services* services_ = nullptr;
   SystemFacts facts_;

@@ -113,7 +113,7 @@ void frmNeuVerbrauch::Command1Click() {
 }
 
 bool frmNeuVerbrauch::mayReplace(const QString& target) {
-  if (!services_.files.exists(target.toStdString())) return true;
+  if (!app::FileExists(services_.files, target.toStdString())) return true;
   const Button answer = services_.prompts.message(
       this, u"Die Datei  "_s + target + u"  existiert bereits!"_s, u"Fehler"_s, Icon::Question,
       Buttons::AbortRetryIgnore, Button::Abort);

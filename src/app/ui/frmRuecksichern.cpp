@@ -114,10 +114,10 @@ void frmRuecksichern::buildLayout() {
 
 void frmRuecksichern::showEvent(QShowEvent* event) {
   QDialog::showEvent(event);
-  if (!event->spontaneous()) Activate();
+  if (!event->spontaneous()) activate();
 }
 
-void frmRuecksichern::Activate() {
+void frmRuecksichern::activate() {
   app::showFolder(*Drive1, *Dir1, app::firstBackupFolder());
   Dir1Change();
   cmdSicherungen->setVisible(

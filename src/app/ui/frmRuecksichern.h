@@ -39,7 +39,7 @@ class frmRuecksichern final : public QDialog {
   void setTexts();
   void buildLayout();
   void connectControls();
-  void Activate();
+  void activate();
   void Drive1Change(const QString& root);
   void Dir1Change();
   void File3Click(const QString& name);

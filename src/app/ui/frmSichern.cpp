@@ -92,10 +92,10 @@ void frmSichern::buildLayout() {
 
 void frmSichern::showEvent(QShowEvent* event) {
   QDialog::showEvent(event);
-  if (!event->spontaneous()) Activate();
+  if (!event->spontaneous()) activate();
 }
 
-void frmSichern::Activate() {
+void frmSichern::activate() {
   app::showFolder(*Drive1, *Dir1, app::firstBackupFolder());
   FileVerbrauch->setFolder(QString::fromStdString(services_.paths.DataFolder));
   FilesWechsel->setFolder(QString::fromStdString(services_.paths.DataFolder));

@@ -35,7 +35,7 @@ class frmSichern final : public QDialog {
  private:
   void setTexts();
   void buildLayout();
-  void Activate();
+  void activate();
   void Drive1Change(const QString& root);
   void Command1Click();
   void report(const base::Result<void>& outcome, const QString& target);

@@ -21,12 +21,12 @@ using dialogs::Icon;
 
 namespace app {
 
-void playClick(dialogs::Services& services) {
+void PlayClick(dialogs::Services& services) {
   services.shell.playSound(QString::fromStdString(services.paths.ProgramFolder) + u"click.wav"_s);
 }
 
 void showNewDatabaseWindow(dialogs::Services& services, QWidget* owner) {
-  playClick(services);
+  PlayClick(services);
   frmNeuVerbrauch window(services, owner);
   window.exec();
 }
@@ -44,10 +44,10 @@ frmVerbrStart::frmVerbrStart(dialogs::Services& services, const app::SystemFacts
   buildMenus();
   buildLayout();
   connectControls();
-  Load();
+  load();
 }
 
-void frmVerbrStart::Load() {
+void frmVerbrStart::load() {
   setWindowTitle(u"Kalvira    Version "_s +
                  QString::fromStdString(app::plainVersion(KALVIRA_VERSION)));
   if (const auto settled = app::settleFolders(services_.paths, services_.files, facts_); !settled)
@@ -56,15 +56,15 @@ void frmVerbrStart::Load() {
 
 void frmVerbrStart::showEvent(QShowEvent* event) {
   QMainWindow::showEvent(event);
-  if (!event->spontaneous()) Activate();
+  if (!event->spontaneous()) activate();
 }
 
-void frmVerbrStart::Activate() {
+void frmVerbrStart::activate() {
   refillLists();
   std::optional<base::Error> problem = std::exchange(loadProblem_, std::nullopt);
   if (filFiles->count() == 0) {
     base::ignore(app::makeCurrent(services_.paths.DataFolder), "the copy names what is wrong");
-    const auto created = app::createDefaultYear(services_.files, services_.paths);
+    const auto created = app::CreateDefaultYearDatabase(services_.files, services_.paths);
     if (!created && !problem) problem = created.error();
   }
   filFiles->refresh();
@@ -102,7 +102,7 @@ void frmVerbrStart::filFilesDblClick(const QString& name) {
   const QPointer<frmVerbrStart> self = this;
   opener_.openYearOver(this);
   // The main window can end the program, or replace this window by a fresh one.
-  if (self && isVisible()) Activate();
+  if (self && isVisible()) activate();
 }
 
 void frmVerbrStart::cmdHausratClick() {
@@ -117,7 +117,7 @@ void frmVerbrStart::cmdHausratClick() {
 void frmVerbrStart::mnuOpenClick() {
   if (!hasSelection()) return;
   app::selectYear(services_.paths, services_.files, lblFilename->text().toStdString());
-  app::playClick(services_);
+  app::PlayClick(services_);
   opener_.openYear();
 }
 
@@ -147,7 +147,7 @@ void frmVerbrStart::Option1Click(int index) {
 void frmVerbrStart::mnuAnlegenClick() {
   app::showNewDatabaseWindow(services_, this);
   filFiles->refresh();
-  Activate();
+  activate();
 }
 
 void frmVerbrStart::mnuDatDelClick() {
@@ -176,14 +176,14 @@ void frmVerbrStart::mnuDatDelClick() {
 void frmVerbrStart::mnuSichernClick() {
   frmSichern window(services_, this);
   window.exec();
-  Activate();
+  activate();
 }
 
 void frmVerbrStart::mnuWiederherstellenClick() {
   frmRuecksichern window(services_, this);
   window.exec();
   filFiles->refresh();
-  Activate();
+  activate();
 }
 
 void frmVerbrStart::mnuImportClick() {
@@ -207,9 +207,9 @@ void frmVerbrStart::mnuPfadLRVClick() {
     services_.prompts.tell(this, QString::fromStdString(app::runTimeErrorText(changed.error())),
                            u"Pfadeinstellungen ändern"_s, Icon::Critical);
   lblFilename->clear();
-  Activate();
+  activate();
   const QString folder = QString::fromStdString(services_.paths.DataFolder);
-  if (services_.files.folderExists(services_.paths.DataFolder))
+  if (app::DataFolderExists(services_.files, services_.paths.DataFolder))
     services_.prompts.tell(this, u"Der Pfad zur Datenbank wurde geändert auf:  "_s + folder,
                            u"Pfadeinstellungen ändern"_s, Icon::Information);
 }
@@ -228,6 +228,6 @@ void frmVerbrStart::mnuPfadDelClick() {
 
 void frmVerbrStart::mnuHilfeClick() {
   auto* help = new frmHilfe(this);
-  connect(help, &QObject::destroyed, this, &frmVerbrStart::Activate);
+  connect(help, &QObject::destroyed, this, &frmVerbrStart::activate);
   help->showInFront();
 }

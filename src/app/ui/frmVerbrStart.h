@@ -27,7 +27,7 @@ class YearOpener {
 };
 
 // Plays the click that goes with opening.
-void playClick(dialogs::Services& services);
+void PlayClick(dialogs::Services& services);
 // The new-database window, modal over the owner.
 void showNewDatabaseWindow(dialogs::Services& services, QWidget* owner);
 
@@ -68,7 +68,7 @@ class frmVerbrStart final : public QMainWindow {
   QAction* const mnuPfadDel = entry("mnuPfadDel");
   QAction* const mnuHilfe = entry("mnuHilfe");
 
-  void Activate();
+  void activate();
 
  protected:
   void showEvent(QShowEvent* event) override;
@@ -82,7 +82,7 @@ class frmVerbrStart final : public QMainWindow {
   void buildOptions();
   void connectControls();
 
-  void Load();
+  void load();
   void refillLists();
   void filFilesClick(const QString& name);
   void filFilesDblClick(const QString& name);

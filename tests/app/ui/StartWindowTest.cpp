@@ -53,7 +53,7 @@ TEST_F(StartWindow, MissingTemplateIsToldOnceWithItsName) {
   EXPECT_TRUE(files->remove(program / "Vorlverbr8.kwx"));
   prompts.acceptTellings();
   auto& window = open();
-  window.Activate();
+  window.activate();
   QApplication::processEvents();
   ASSERT_EQ(prompts.shown.size(), 1U);
   EXPECT_TRUE(prompts.last().text.startsWith(u"Fehler # 53 wurde ausgelöst von "_s));
@@ -75,7 +75,7 @@ TEST_F(StartWindow, ClickSelectsTheYear) {
   click(u"Haus.kwd"_s);
   EXPECT_EQ(window.lblFilename->text(), u"Haus.kwd"_s);
   EXPECT_EQ(paths.YearDatabaseName, "Haus.kwd");
-  window.Activate();
+  window.activate();
   EXPECT_EQ(window.lblFilename->text(), u"Verbrauch.kwd"_s) << "any activation selects it";
 }
 
@@ -85,7 +85,7 @@ TEST_F(StartWindow, WithoutADefaultYearTheSelectionStays) {
   auto& window = open();
   EXPECT_EQ(window.lblFilename->text(), QString());
   click(u"Haus.kwd"_s);
-  window.Activate();
+  window.activate();
   EXPECT_EQ(window.lblFilename->text(), u"Haus.kwd"_s);
 }
 
