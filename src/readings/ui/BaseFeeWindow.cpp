@@ -53,16 +53,11 @@ void BaseFeeWindow::arrange() {
   frame->setSpacing(8);
   frame->addLayout(arrangeMonths());
   frame->addWidget(lblCurrentMonth);
-  auto* buttons = new QHBoxLayout;
-  buttons->addWidget(Command3);
-  buttons->addStretch();
-  buttons->addWidget(Command1);
-  buttons->addWidget(Command2);
   auto* window = new QVBoxLayout(this);
   window->setContentsMargins(14, 12, 14, 12);
   window->setSpacing(12);
   window->addWidget(Frame1, 1);
-  window->addLayout(buttons);
+  window->addLayout(buttonRow({Command3}, {Command1, Command2}));
   tameButtons();
 }
 

@@ -15,6 +15,8 @@ class ColumnHeader : public QLabel {
   // Siblings whose left edges are the columns'.
   void setColumns(std::vector<const QWidget*> columns) { columns_ = std::move(columns); }
 
+  int headingWidth(int index) const;
+
   QSize sizeHint() const override { return minimumSizeHint(); }
   QSize minimumSizeHint() const override;
 
@@ -22,6 +24,8 @@ class ColumnHeader : public QLabel {
   void paintEvent(QPaintEvent* event) override;
 
  private:
+  QStringList headings() const;
+
   std::vector<const QWidget*> columns_;
 };
 

@@ -1,6 +1,7 @@
 #include "readings/ui/EntryWindow.h"
 
 #include <QFrame>
+#include <QHBoxLayout>
 #include <QKeyEvent>
 
 using namespace Qt::Literals::StringLiterals;
@@ -38,7 +39,10 @@ void EntryWindow::makeCloseButton(QPushButton* button) {
 }
 
 void EntryWindow::tameButtons() {
-  for (QPushButton* button : findChildren<QPushButton*>()) button->setAutoDefault(false);
+  for (QPushButton* button : findChildren<QPushButton*>()) {
+    button->setAutoDefault(false);
+    button->setMinimumWidth(button->sizeHint().width() + 2 * fontMetrics().averageCharWidth());
+  }
 }
 
 void EntryWindow::keyPressEvent(QKeyEvent* event) {
@@ -68,6 +72,16 @@ void setDigits(widgets::NumberField* field, int digits) {
   constexpr int kFrameAndCursor = 20;
   field->setFixedWidth(field->fontMetrics().horizontalAdvance(QString(digits, u'0')) +
                        kFrameAndCursor);
+}
+
+QHBoxLayout* buttonRow(std::initializer_list<QPushButton*> left,
+                       std::initializer_list<QPushButton*> right) {
+  auto* row = new QHBoxLayout;
+  row->setSpacing(8);
+  for (QPushButton* button : left) row->addWidget(button);
+  row->addStretch();
+  for (QPushButton* button : right) row->addWidget(button);
+  return row;
 }
 
 QWidget* makeRule(QWidget* parent) {

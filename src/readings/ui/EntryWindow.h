@@ -30,7 +30,8 @@ class EntryWindow : public QDialog {
   bool told(const base::Result<void>& done);
   // "Schließen" with its tooltip, bound to closing.
   void makeCloseButton(QPushButton* button);
-  // To be called when all buttons are there: none of them is pressed by Enter from a field.
+  // To be called when all buttons are there: none is pressed by Enter from a field, and their
+  // captions have room.
   void tameButtons();
 
   void keyPressEvent(QKeyEvent* event) override;
@@ -45,6 +46,9 @@ QString utf8(std::string_view text);
 void makeDisplay(widgets::NumberField* field);
 // Wide enough for that many digits.
 void setDigits(widgets::NumberField* field, int digits);
+// Buttons at both ends of a line.
+QHBoxLayout* buttonRow(std::initializer_list<QPushButton*> left,
+                       std::initializer_list<QPushButton*> right);
 // A thin line across a grid.
 QWidget* makeRule(QWidget* parent);
 

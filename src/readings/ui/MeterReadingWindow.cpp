@@ -61,6 +61,7 @@ MeterReadingWindow::MeterReadingWindow(const MeterVariant& meter, dialogs::Servi
   connectFields();
   connectButtons();
   load();
+  focusOpenMonth();
 }
 
 // --- making
@@ -88,9 +89,9 @@ void MeterReadingWindow::nameMonths() {
     const QString name = QString::fromStdString(names[at(k)]);
     for (MarkedLabel* label : {lblMo(k), lblMoV(k)}) {
       label->setText(name);
-      label->setMark(names[at(k)] == current ? MarkedLabel::Mark::Current
-                                             : MarkedLabel::Mark::None);
+      if (names[at(k)] == current) label->setMark(MarkedLabel::Mark::Current);
     }
+    if (names[at(k)] == current) currentRow_ = k;
     txtVerbrauch(k)->setAccessibleName(u"Zählerstand "_s + name);
     lblVerbrauch(k)->setAccessibleName(u"Verbrauch "_s + name);
     optWechsel(k)->setText(u"Zählerwechsel im "_s + name);
@@ -125,18 +126,14 @@ void MeterReadingWindow::arrange() {
   }
   for (int k = 0; k < kMonths; ++k) arrangeMonth(grid, k);
   optWechsel(MeterChange::kNone)->hide();
+  // The first heading ends before the second begins.
+  grid->setColumnMinimumWidth(kMonth, lblHeader->headingWidth(0) - txtAnfStand->minimumWidth());
   grid->setColumnStretch(kHint, 1);
   grid->setColumnMinimumWidth(
       kHint, fontMetrics().horizontalAdvance(u"ergibt −1000000: "_s + doubtText(Doubt::Unusual)));
   grid->setColumnMinimumWidth(kConsumption, fontMetrics().horizontalAdvance(u"00000000"_s));
   grid->addWidget(makeRule(this), kButtonRule, 0, 1, kColumns);
-  auto* buttons = new QHBoxLayout;
-  buttons->addWidget(Command5);
-  buttons->addWidget(Command3);
-  buttons->addStretch();
-  buttons->addWidget(Command1);
-  buttons->addWidget(Command2);
-  grid->addLayout(buttons, kButtons, 0, 1, kColumns);
+  grid->addLayout(buttonRow({Command5, Command3}, {Command1, Command2}), kButtons, 0, 1, kColumns);
   grid->setRowMinimumHeight(kButtons, 40);
   tameButtons();
 }
@@ -292,6 +289,16 @@ void MeterReadingWindow::load() {
   txtWechsel->setValue(kept.newStart);
   showHints();
   dirty_ = false;
+}
+
+// The first month without a reading is the one that is most likely to be typed now.
+void MeterReadingWindow::focusOpenMonth() {
+  for (widgets::NumberField* field : txtVerbrauch) {
+    if (field->valueOrZero() != 0) continue;
+    field->setFocus();
+    return;
+  }
+  txtVerbrauch(currentRow_)->setFocus();
 }
 
 void MeterReadingWindow::showConsumptions() {

@@ -62,6 +62,7 @@ class MeterReadingWindow : public EntryWindow {
 
   // --- between fields and rows
   void load();
+  void focusOpenMonth();
   void showConsumptions();
   void showHints();
   void resetChange();
@@ -76,6 +77,7 @@ class MeterReadingWindow : public EntryWindow {
   const MeterVariant& meter_;
   QButtonGroup changeGroup_;
   PerMonth<double> loaded_{};
+  int currentRow_ = 0;
   bool dirty_ = false;
 };
 

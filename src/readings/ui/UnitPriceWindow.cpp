@@ -68,15 +68,11 @@ void UnitPriceWindow::arrange() {
   frame->addWidget(lblHint);
   frame->addLayout(arrangeMonths());
   frame->addWidget(cmdAbschlW2, 0, Qt::AlignLeft);
-  auto* buttons = new QHBoxLayout;
-  buttons->addStretch();
-  buttons->addWidget(Command1);
-  buttons->addWidget(Command2);
   auto* window = new QVBoxLayout(this);
   window->setContentsMargins(14, 12, 14, 12);
   window->setSpacing(12);
   window->addWidget(Frame1, 1);
-  window->addLayout(buttons);
+  window->addLayout(buttonRow({}, {Command1, Command2}));
   tameButtons();
 }
 
