@@ -25,7 +25,8 @@ BaseFeeWindow::BaseFeeWindow(const FeeVariant& fee, dialogs::Services& services,
   setTexts();
   arrange();
   connectControls();
-  load();
+  stored_ = readBaseFees(session_.files(), baseFeePath(session_, fee_));
+  showStored();
 }
 
 void BaseFeeWindow::setTexts() {
@@ -99,7 +100,7 @@ void BaseFeeWindow::connectControls() {
 
 void BaseFeeWindow::Command1Click() {
   if (!told(storeYearFee(session_, fee_, fees()))) {
-    load();
+    showStored();
     return;
   }
   // The amounts stay on the screen when their file cannot be written, for another try.
@@ -111,9 +112,8 @@ void BaseFeeWindow::Command3Click() {
   showSum();
 }
 
-void BaseFeeWindow::load() {
-  const MonthlyFees kept = readBaseFees(session_.files(), baseFeePath(session_, fee_));
-  for (int k = 0; k < kMonths; ++k) txtVerbrauch(k)->setValue(kept[at(k)]);
+void BaseFeeWindow::showStored() {
+  for (int k = 0; k < kMonths; ++k) txtVerbrauch(k)->setValue(stored_[at(k)]);
   showSum();
 }
 

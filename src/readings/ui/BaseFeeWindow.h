@@ -35,11 +35,12 @@ class BaseFeeWindow : public EntryWindow {
 
   void Command1Click();
   void Command3Click();
-  void load();
+  void showStored();
   void showSum();
   MonthlyFees fees() const;
 
   const FeeVariant& fee_;
+  MonthlyFees stored_{};
 };
 
 }  // namespace readings

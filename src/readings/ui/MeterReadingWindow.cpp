@@ -60,7 +60,8 @@ MeterReadingWindow::MeterReadingWindow(const MeterVariant& meter, dialogs::Servi
   setTabOrders();
   connectFields();
   connectButtons();
-  load();
+  storedChange_ = readMeterChange(session_.files(), meterChangePath(session_, meter_));
+  showStored();
   focusOpenMonth();
 }
 
@@ -213,7 +214,7 @@ bool MeterReadingWindow::eventFilter(QObject* watched, QEvent* event) {
 bool MeterReadingWindow::Command1Click() {
   if (!allWhole()) return false;
   if (!told(takeOver(session_, meter_, readings(), change()))) {
-    load();
+    showStored();
     return false;
   }
   loaded_ = readings();
@@ -237,7 +238,7 @@ void MeterReadingWindow::Command3Click() {
                                  u"Alle Zählerstände löschen"_s))
     return;
   if (!told(deleteConsumptions(session_, meter_))) {
-    load();
+    showStored();
     return;
   }
   for (int k = 0; k < kMonths; ++k) {
@@ -275,7 +276,7 @@ void MeterReadingWindow::optWechselMouseUp() {
 // --- between fields and rows
 // -------------------------------------------------------------------------
 
-void MeterReadingWindow::load() {
+void MeterReadingWindow::showStored() {
   const MeterYear stored = meterYear(session_, meter_);
   txtAnfStand->setValue(stored.startReading);
   for (int k = 0; k < kMonths; ++k) {
@@ -284,9 +285,8 @@ void MeterReadingWindow::load() {
   }
   showConsumptions();
   resetChange();
-  const MeterChange kept = readMeterChange(session_.files(), meterChangePath(session_, meter_));
-  optWechsel(kept.position)->setChecked(true);
-  txtWechsel->setValue(kept.newStart);
+  optWechsel(storedChange_.position)->setChecked(true);
+  txtWechsel->setValue(storedChange_.newStart);
   showHints();
   dirty_ = false;
 }
@@ -384,7 +384,11 @@ MeterChange MeterReadingWindow::change() const {
 }
 
 bool MeterReadingWindow::saveChange() {
-  return told(writeMeterChange(session_.files(), meterChangePath(session_, meter_), change()));
+  const MeterChange chosen = change();
+  if (!told(writeMeterChange(session_.files(), meterChangePath(session_, meter_), chosen)))
+    return false;
+  storedChange_ = chosen;
+  return true;
 }
 
 }  // namespace readings

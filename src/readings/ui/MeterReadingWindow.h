@@ -61,7 +61,7 @@ class MeterReadingWindow : public EntryWindow {
   void optWechselMouseUp();
 
   // --- between fields and rows
-  void load();
+  void showStored();
   void focusOpenMonth();
   void showConsumptions();
   void showHints();
@@ -76,6 +76,7 @@ class MeterReadingWindow : public EntryWindow {
 
   const MeterVariant& meter_;
   QButtonGroup changeGroup_;
+  MeterChange storedChange_;
   PerMonth<double> loaded_{};
   int currentRow_ = 0;
   bool dirty_ = false;
