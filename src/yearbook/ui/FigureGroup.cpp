@@ -19,6 +19,12 @@ int numberWidth(const QWidget* widget) {
   return QFontMetrics(bold).horizontalAdvance(u"1.234.567,8"_s) + 16;
 }
 
+int fieldHeight(const QWidget* widget) {
+  QLineEdit framed;
+  framed.setFont(widget->font());
+  return framed.sizeHint().height();
+}
+
 int textInset(const QLineEdit& field) {
   QStyleOptionFrame option;
   option.initFrom(&field);
@@ -66,7 +72,7 @@ const FigureGroup::Line& FigureGroup::addLine(const QString& label, QWidget* val
   if (value->accessibleName().isEmpty()) value->setAccessibleName(label + u", "_s + title());
   if (!unit.isEmpty()) line.unit = new QLabel(unit, this);
   line.extra = extra;
-  if (qobject_cast<QLineEdit*>(value)) value->setFixedWidth(numberWidth(value));
+  if (qobject_cast<QLineEdit*>(value)) value->setFixedSize(numberWidth(value), fieldHeight(value));
   rows_.push_back({line, nullptr});
   arrange(1);
   return rows_.back().line;

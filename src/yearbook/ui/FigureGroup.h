@@ -58,6 +58,8 @@ class FigureGroup final : public TitledFrame {
 
 // Enough for "1.234.567,8" in the widget's font, frame and margins included.
 int numberWidth(const QWidget* widget);
+// A framed field's height, which lines without one have as well.
+int fieldHeight(const QWidget* widget);
 // From the right edge of a framed field to its text.
 int textInset(const QLineEdit& field);
 

@@ -29,9 +29,9 @@ RemarksPage::RemarksPage(QWidget* parent, YearEditor& editor)
   auto* columns = new QHBoxLayout(content);
   columns->setContentsMargins(8, 6, 8, 6);
   columns->setSpacing(10);
-  columns->addWidget(column(Utility::Electricity, u"Strom"_s), 1);
-  columns->addWidget(column(Utility::Water, u"Wasser und Abwasser"_s), 1);
-  columns->addWidget(column(Utility::Gas, u"Gas"_s), 1);
+  columns->addWidget(column(Utility::Electricity, u"Strom"_s), 1, Qt::AlignTop);
+  columns->addWidget(column(Utility::Water, u"Wasser und Abwasser"_s), 1, Qt::AlignTop);
+  columns->addWidget(column(Utility::Gas, u"Gas"_s), 1, Qt::AlignTop);
   setWidget(content);
   pause_.setSingleShot(true);
   pause_.setInterval(kPauseMilliseconds);
@@ -67,7 +67,6 @@ QWidget* RemarksPage::column(Utility utility, const QString& title) {
     connect(field, &QLineEdit::textEdited, this, [this, utility, i] { edited({utility, i}); });
     connect(field, &widgets::EntryField::entered, this, &RemarksPage::flush);
   }
-  grid->setRowStretch(kMonths, 1);
   return frame;
 }
 

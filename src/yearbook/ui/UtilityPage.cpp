@@ -9,8 +9,8 @@ using namespace Qt::Literals::StringLiterals;
 namespace yearbook {
 namespace {
 
-// Beyond this the lines stand too far apart to be read as one table.
-constexpr int kTallestPage = 900;
+// In lines of text. In a taller page the months stand too far apart to be read as one table.
+constexpr int kTallestPage = 54;
 
 }  // namespace
 
@@ -63,7 +63,7 @@ UtilityPage::UtilityPage(QWidget* parent, const char* name, YearEditor& editor)
   auto* rows = new QVBoxLayout(content_);
   rows->setContentsMargins(8, 6, 8, 6);
   rows->addLayout(places_);
-  content_->setMaximumHeight(kTallestPage);
+  content_->setMaximumHeight(kTallestPage * fontMetrics().lineSpacing());
   places_->setHorizontalSpacing(10);
   places_->setVerticalSpacing(6);
   setWidget(content_);

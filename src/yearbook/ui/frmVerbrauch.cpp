@@ -128,6 +128,10 @@ void frmVerbrauch::askStartReading() {
 
 void frmVerbrauch::followModes() {
   const yearbook::FieldValues& values = editor_->values();
+  if (session_->database().needsReopen())
+    lblHinweis->say(
+        u"Beim Speichern ist ein Fehler aufgetreten. Bitte schließen Sie dieses Jahr und öffnen "_s
+        u"Sie es neu; bis dahin werden Änderungen nicht gespeichert."_s);
   mnuNachtstrom->setText(values.nightShown ? u"Nachtstrom ausblenden"_s
                                            : u"Nachtstrom einblenden"_s);
   mnuPauschale->setChecked(values.flatRate);
