@@ -155,6 +155,10 @@ std::vector<std::string> frmRuecksichern::sideFiles() const {
 // Those that will come along stand out.
 void frmRuecksichern::markSideFiles() {
   const std::vector<std::string> own = sideFiles();
+  if (!own.empty())
+    FilesWechsel->scrollToItem(
+        FilesWechsel->findItems(QString::fromStdString(own.front()), Qt::MatchExactly).value(0),
+        QAbstractItemView::PositionAtTop);
   for (int i = 0; i < FilesWechsel->count(); ++i) {
     QListWidgetItem* item = FilesWechsel->item(i);
     const bool comes = std::find(own.begin(), own.end(), item->text().toStdString()) != own.end();
