@@ -4,6 +4,7 @@
 #include <string_view>
 
 #include "readings/PriceRule.h"
+#include "yearbook/FieldRules.h"
 #include "yearbook/YearSession.h"
 
 // What the entry windows of one kind differ in: five meters, five unit prices, four base fees.
@@ -22,7 +23,6 @@ struct MeterVariant {
   std::string_view caption;
   std::string_view header;  // the three columns, apart by blanks
   std::string_view takeOver;
-  std::string_view unitMessage;
   std::string_view sideFile;  // of the meter change, behind the name of the year
 
   Utility utility;
@@ -34,7 +34,8 @@ struct MeterVariant {
   const Field* monthAmount;  // set to 0 with the row until the summary follows; or none
   std::optional<double> FieldValues::*startReading;
   PriceRule rule;
-  bool pressCounts;  // a mouse button pressed on a change option counts as a change
+  yearbook::EntryKind units;  // whole kWh or m³
+  bool pressCounts;           // a mouse button pressed on a change option counts as a change
 };
 
 inline constexpr MeterVariant kDayMeter{
@@ -43,7 +44,6 @@ inline constexpr MeterVariant kDayMeter{
     "Eingabe Zählerstand Strom in kWs                    Zählerwechsel                    "
     "         Verbrauch",
     "&Eingaben übernehmen",
-    "Bitte nur volle kWh eingeben!",
     "_WechselStrom.dat",
     Utility::Electricity,
     &YearSession::adoStrom,
@@ -54,6 +54,7 @@ inline constexpr MeterVariant kDayMeter{
     &yearbook::strom::monthAmount,
     &FieldValues::startDay,
     PriceRule::CentPerUnit,
+    yearbook::EntryKind::WholeKwh,
     true};
 
 inline constexpr MeterVariant kNightMeter{
@@ -62,7 +63,6 @@ inline constexpr MeterVariant kNightMeter{
     "Eingabe Zählerstand Nachtstrom in kWs           Zählerwechsel                             "
     "Verbrauch",
     "&Eingaben übernehmen",
-    "Bitte nur volle kWh eingeben!",
     "_WechselNachtstrom.dat",
     Utility::Electricity,
     &YearSession::adoStrom,
@@ -73,6 +73,7 @@ inline constexpr MeterVariant kNightMeter{
     &yearbook::strom::monthAmount,
     &FieldValues::startNight,
     PriceRule::CentPerUnit,
+    yearbook::EntryKind::WholeKwh,
     false};
 
 inline constexpr MeterVariant kGasMeter{
@@ -81,7 +82,6 @@ inline constexpr MeterVariant kGasMeter{
     "Eingabe Zählerstand Gas in m³                    Zählerwechsel                             "
     "Verbrauch",
     "&Eingaben / Änderungen übernehmen",
-    "Bitte nur volle m³ eingeben!",
     "_WechselGas.dat",
     Utility::Gas,
     &YearSession::adoGas,
@@ -92,6 +92,7 @@ inline constexpr MeterVariant kGasMeter{
     nullptr,
     &FieldValues::startGas,
     PriceRule::CentPerKwh,
+    yearbook::EntryKind::WholeCubicMetres,
     false};
 
 inline constexpr MeterVariant kWaterMeter{
@@ -100,7 +101,6 @@ inline constexpr MeterVariant kWaterMeter{
     "Eingabe Zählerstand Wasser in m³                    Zählerwechsel                    "
     "         Verbrauch",
     "&Eingaben übernehmen",
-    "Bitte nur volle m³ eingeben!",
     "_WechselWasser.dat",
     Utility::Water,
     &YearSession::adoWasser,
@@ -111,6 +111,7 @@ inline constexpr MeterVariant kWaterMeter{
     nullptr,
     &FieldValues::startWater,
     PriceRule::EuroPerUnit,
+    yearbook::EntryKind::WholeCubicMetres,
     false};
 
 inline constexpr MeterVariant kWasteWaterMeter{
@@ -119,7 +120,6 @@ inline constexpr MeterVariant kWasteWaterMeter{
     "Eingabe Zählerstand Abwasser in m³                    Zählerwechsel                    "
     "         Verbrauch",
     "&Eingaben übernehmen",
-    "Bitte nur volle m³ eingeben!",
     "_WechselAbWasser.dat",
     Utility::Water,
     &YearSession::adoWasser,
@@ -130,6 +130,7 @@ inline constexpr MeterVariant kWasteWaterMeter{
     nullptr,
     &FieldValues::startWasteWater,
     PriceRule::EuroPerUnit,
+    yearbook::EntryKind::WholeCubicMetres,
     false};
 
 inline constexpr std::array kMeters = {&kDayMeter, &kNightMeter, &kGasMeter, &kWaterMeter,

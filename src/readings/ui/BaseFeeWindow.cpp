@@ -10,8 +10,7 @@ namespace {
 using yearbook::kMonths;
 
 constexpr int kFeeDigits = 11;
-constexpr int kLeastDecimals = 2;
-constexpr int kMostDecimals = 4;
+const yearbook::Decimals kDecimals = yearbook::decimalsOf(yearbook::EntryKind::Amount);
 
 std::size_t at(int k) {
   return static_cast<std::size_t>(k);
@@ -68,7 +67,7 @@ QGridLayout* BaseFeeWindow::arrangeMonths() {
   grid->setVerticalSpacing(3);
   grid->setColumnStretch(0, 1);
   for (int k = 0; k < kMonths; ++k) {
-    txtVerbrauch(k)->setDecimals(kLeastDecimals, kMostDecimals);
+    txtVerbrauch(k)->setDecimals(kDecimals.least, kDecimals.most);
     setDigits(txtVerbrauch(k), kFeeDigits);
     grid->addWidget(lblMo(k), k, 0);
     grid->addWidget(txtVerbrauch(k), k, 1);

@@ -3,7 +3,6 @@
 #include <QGridLayout>
 #include <QKeyEvent>
 #include <algorithm>
-#include <cmath>
 
 #include "base/GermanNumber.h"
 #include "dialogs/Navigator.h"
@@ -142,7 +141,8 @@ void MeterReadingWindow::arrange() {
 void MeterReadingWindow::arrangeMonth(QGridLayout* grid, int k) {
   const int row = kFirstMonth + k;
   setDigits(txtVerbrauch(k), kReadingDigits);
-  txtVerbrauch(k)->setDecimals(0, 0);
+  const auto decimals = yearbook::decimalsOf(meter_.units);
+  txtVerbrauch(k)->setDecimals(decimals.least, decimals.most);
   lblVerbrauch(k)->setAlignment(Qt::AlignRight | Qt::AlignVCenter);
   grid->addWidget(lblMo(k), row, kMonth);
   grid->addWidget(txtVerbrauch(k), row, kReading);
@@ -349,10 +349,10 @@ void MeterReadingWindow::placeReadings(int from, QWidget* column) {
 // A fraction that the year brought along may stay.
 bool MeterReadingWindow::allWhole() {
   for (int k = 0; k < kMonths; ++k) {
-    const double value = txtVerbrauch(k)->valueOrZero();
-    if (value == std::trunc(value) || value == loaded_[at(k)]) continue;
+    const auto value = txtVerbrauch(k)->value();
+    if (yearbook::isComplete(meter_.units, value) || value == loaded_[at(k)]) continue;
     txtVerbrauch(k)->setModified(false);
-    txtVerbrauch(k)->setValue(std::trunc(value));
+    txtVerbrauch(k)->setValue(loaded_[at(k)]);
     tellWholeUnits();
     return false;
   }
@@ -360,16 +360,14 @@ bool MeterReadingWindow::allWhole() {
 }
 
 QString MeterReadingWindow::filterWhole(const QString& input) {
-  QString kept;
-  for (const QChar c : input)
-    if (QStringView(u"0123456789.-").contains(c)) kept += c;
-  if (input.contains(u',')) tellWholeUnits();
-  return kept;
+  const auto entry = yearbook::filterEntry(meter_.units, input.toStdString());
+  if (entry.commaRefused) tellWholeUnits();
+  return QString::fromStdString(entry.kept);
 }
 
 void MeterReadingWindow::tellWholeUnits() {
-  services_.prompts.tell(this, utf8(meter_.unitMessage), u"Eingabe Anfangszählerstand"_s,
-                         dialogs::Icon::Information);
+  services_.prompts.tell(this, utf8(yearbook::wholeUnitsMessage(meter_.units)),
+                         utf8(yearbook::kStartReadingTitle), dialogs::Icon::Information);
 }
 
 PerMonth<double> MeterReadingWindow::readings() const {

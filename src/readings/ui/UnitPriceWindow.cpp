@@ -10,9 +10,7 @@ namespace {
 using yearbook::kMonths;
 
 constexpr int kPriceDigits = 10;
-// A cent price has two decimals as a rule; more are shown when it has them.
-constexpr int kLeastDecimals = 2;
-constexpr int kMostDecimals = 6;
+const yearbook::Decimals kDecimals = yearbook::decimalsOf(yearbook::EntryKind::Price);
 
 std::size_t at(int k) {
   return static_cast<std::size_t>(k);
@@ -50,7 +48,7 @@ void UnitPriceWindow::setTexts() {
 }
 
 void UnitPriceWindow::arrange() {
-  newPrice->setDecimals(kLeastDecimals, kMostDecimals);
+  newPrice->setDecimals(kDecimals.least, kDecimals.most);
   setDigits(newPrice, kPriceDigits);
   lblHint->setWordWrap(true);
   lblHint->setForegroundRole(QPalette::PlaceholderText);
@@ -83,7 +81,7 @@ QGridLayout* UnitPriceWindow::arrangeMonths() {
   grid->setColumnStretch(0, 1);
   for (int k = 0; k < kMonths; ++k) {
     makeDisplay(monthPrice(k));
-    monthPrice(k)->setDecimals(kLeastDecimals, kMostDecimals);
+    monthPrice(k)->setDecimals(kDecimals.least, kDecimals.most);
     setDigits(monthPrice(k), kPriceDigits);
     grid->addWidget(Check1(k), k, 0);
     grid->addWidget(monthPrice(k), k, 1);

@@ -131,7 +131,8 @@ TEST_F(MeterReadingWindow, OnlyWholeUnitsAreRead) {
   type(window->txtVerbrauch(1), u"12.5"_s);
   click(window->Command1);
   EXPECT_EQ(prompts.shown.size(), 2u);
-  EXPECT_EQ(window->txtVerbrauch(1)->text(), u"12");
+  EXPECT_EQ(window->txtVerbrauch(1)->text(), u"0");
+  EXPECT_EQ(window->txtVerbrauch(0)->text(), u"12.345");
 }
 
 TEST_F(MeterReadingWindow, AnyTextMayBePasted) {
