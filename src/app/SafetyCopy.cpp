@@ -13,6 +13,8 @@ using Clock = std::chrono::steady_clock;
 
 constexpr std::size_t kBlock = 1 << 18;
 constexpr std::size_t kKeptCopies = 10;
+// Above this there is no use in trying; a year takes up less than one megabyte.
+constexpr std::uint64_t kLargestAtOnce = 4 << 20;
 
 std::string padded(unsigned value) {
   return (value < 10 ? "0" : "") + std::to_string(value);
@@ -38,13 +40,12 @@ std::optional<base::Bytes> readUntil(base::FileSystem& files, const std::string&
   const auto file = files.open(path, base::OpenMode::Read);
   if (!file) return std::nullopt;
   const auto size = (*file)->size();
-  if (!size) return std::nullopt;
-  base::Bytes content;
-  while (content.size() < *size) {
+  if (!size || *size > kLargestAtOnce) return std::nullopt;
+  base::Bytes content(static_cast<std::size_t>(*size));
+  for (std::size_t done = 0; done < content.size(); done += kBlock) {
     if (Clock::now() >= deadline) return std::nullopt;
-    const std::size_t done = content.size();
-    content.resize(static_cast<std::size_t>(std::min<std::uint64_t>(*size, done + kBlock)));
-    if (!(*file)->readAt(done, std::span(content).subspan(done))) return std::nullopt;
+    const auto block = std::span(content).subspan(done);
+    if (!(*file)->readAt(done, block.first(std::min(block.size(), kBlock)))) return std::nullopt;
   }
   return content;
 }

@@ -24,7 +24,7 @@ class SafetyCopy {
 
   static std::string folderIn(const std::string& dataFolder);
 
-  void prepare(std::chrono::milliseconds budget = std::chrono::milliseconds(12));
+  void prepare(std::chrono::milliseconds budget = std::chrono::milliseconds(8));
   // The error names the file; a copy that failed does not count as made.
   base::Result<void> finish();
   base::Result<void> afterClosing();
