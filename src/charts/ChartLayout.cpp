@@ -15,7 +15,7 @@ constexpr double kSwatch = 12;
 constexpr double kSwatchGap = 7;
 constexpr double kEntryGap = 20;
 constexpr double kTickGap = 8;          // between axis and numbers
-constexpr double kIntervalPixels = 40;  // wanted height of an interval
+constexpr double kIntervalPixels = 30;  // wanted height of an interval
 
 double marginOf(Size size) {
   return std::clamp(std::min(size.width, size.height) * 0.045, 6.0, 26.0);

@@ -34,6 +34,7 @@ bool seesRight(const Plot& plot) {
 void addFront(Scene& scene, const Plot& plot, const std::vector<Point>& outline, double z,
               Color color) {
   std::vector<Point> points;
+  points.reserve(outline.size());
   for (const Point& point : outline) points.push_back(plot.at(point, z));
   addFace(scene, std::move(points), color);
 }

@@ -51,7 +51,7 @@ std::vector<Candidate> candidates(const LabelRequest& request, Size box, double 
     return {{request.anchor, false}};
   }
   const double direction = directionOf(request);
-  const double first = distance + box.height / 2;
+  const double first = request.clearance + distance + box.height / 2;
   const double raised = first + std::min(box.height, 24.0) + 2 * kGap;
   const Point anchor = request.anchor;
   std::vector<Candidate> places;

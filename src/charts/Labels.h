@@ -12,7 +12,8 @@ namespace charts {
 enum class LabelSide { Above, Below, Inside };
 
 struct LabelRequest {
-  Point anchor;  // edge of the mark; its middle for Inside
+  Point anchor;          // edge or middle of the mark
+  double clearance = 0;  // from the anchor to the edge of the mark, up and down
   LabelSide side = LabelSide::Above;
   Size room;  // Inside: what the mark offers
   std::optional<Point>

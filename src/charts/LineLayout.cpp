@@ -81,7 +81,8 @@ void requestLabels(Drawing& drawing, std::size_t series) {
     const double value = *drawing.model.series[series].values[month];
     LabelRequest label;
     label.side = value < 0 ? LabelSide::Below : sideOf(drawing, month, point->y);
-    label.anchor = {place.x, place.y + (label.side == LabelSide::Below ? 1 : -1) * kDotRadius};
+    label.anchor = place;
+    label.clearance = kDotRadius;
     label.text = drawing.labelText(series, month);
     label.weight = std::abs(value);
     if (label.side == LabelSide::Above && seesTop(drawing.plot))
