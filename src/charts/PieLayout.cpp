@@ -99,10 +99,15 @@ void addRim(Scene& scene, const Disc& disc, const std::vector<Slice>& slices) {
   };
   for (const Slice& slice : slices)
     for (const auto& [from, to] : seenRim(disc, slice)) {
-      std::vector<Point> ground = arc(disc, from, to);
-      for (std::size_t i = ground.size(); i-- > 0;) ground.push_back(ground[i] + down);
-      const Color color = shadeAt(slice, (from + to) / 2);
-      scene.fill(std::move(ground), color, Stroke{color, 0.6, false});
+      // It reaches under the face, which leaves no seam there either.
+      constexpr double kUnderFace = 0.95;
+      std::vector<Point> ground = {disc.at(from)};
+      for (const Point& point : arc(disc, from, to)) ground.push_back(point + down);
+      ground.push_back(disc.at(to));
+      const int inner = std::max(1, static_cast<int>((to - from) / kShadeStep));
+      for (int i = inner; i >= 0; --i)
+        ground.push_back(disc.at(from + (to - from) * i / inner, kUnderFace));
+      scene.fill(std::move(ground), shadeAt(slice, (from + to) / 2));
       const int steps = std::max(1, static_cast<int>(std::ceil((to - from) / kShadeStep)));
       for (int i = 0; steps > 1 && i < steps; ++i) {
         const double a = from + (to - from) * i / steps, b = from + (to - from) * (i + 1) / steps;
@@ -122,7 +127,7 @@ void addFaces(Canvas& canvas, const Disc& disc, const std::vector<Slice>& slices
   if (slices.size() == 1) return;
   for (const Slice& slice : slices)
     canvas.scene().line({disc.center, disc.at(slice.from)},
-                        Stroke{canvas.theme().outer, 1.5, false});
+                        Stroke{canvas.theme().outer, 1, false});
 }
 
 std::string sliceText(const ChartModel& model, const Series& series, const Slice& slice,

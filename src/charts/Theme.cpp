@@ -18,8 +18,8 @@ Theme Theme::light() {
   theme.axis = Color::rgb(0x8793a1);
   theme.labelFill = kPaper;
   theme.labelText = kInk;
-  theme.series = {Color::rgb(0xe69f00), Color::rgb(0xc8502d), Color::rgb(0x0072b2),
-                  Color::rgb(0x4fb3a5), Color::rgb(0x5b4b9a), Color::rgb(0xa3b0bf)};
+  theme.series = {Color::rgb(0xe69f00), Color::rgb(0xc04a28), Color::rgb(0x00609c),
+                  Color::rgb(0x2ba88c), Color::rgb(0x5b4b9a), Color::rgb(0xbcc6d1)};
   theme.months = {Color::rgb(0x2b4c7e), Color::rgb(0x3a6ea5), Color::rgb(0x4a98b8),
                   Color::rgb(0x5fb8a4), Color::rgb(0x8fcb8c), Color::rgb(0xc5dc7a),
                   Color::rgb(0xf2d65c), Color::rgb(0xf5b945), Color::rgb(0xe88f3c),
@@ -35,8 +35,8 @@ Theme Theme::dark(Color surface, Color text) {
   theme.quietText = mix(text, surface, 0.28);
   theme.grid = mix(surface, text, 0.16);
   theme.axis = mix(surface, text, 0.5);
-  theme.series = {Color::rgb(0xf2b134), Color::rgb(0xe2704d), Color::rgb(0x3f9bdc),
-                  Color::rgb(0x62c9ba), Color::rgb(0x9385d6), Color::rgb(0x8292a4)};
+  theme.series = {Color::rgb(0xf2b134), Color::rgb(0xe0643f), Color::rgb(0x3289cf),
+                  Color::rgb(0x6ed3b4), Color::rgb(0xa08ff0), Color::rgb(0x66727f)};
   return theme;
 }
 
@@ -45,7 +45,7 @@ Theme Theme::withOuter(Color chosen) const {
   const bool bright = luminance(chosen) > 0.30;
   theme.outer = chosen;
   theme.text = bright ? kInk : kPaper;
-  theme.quietText = mix(theme.text, chosen, 0.2);
+  theme.quietText = mix(theme.text, chosen, 0.12);
   theme.axis = mix(chosen, theme.text, 0.55);
   return theme;
 }
