@@ -1,5 +1,6 @@
 #include "yearbook/YearSession.h"
 
+#include "yearbook/BillInput.h"
 #include "yearbook/Clearing.h"
 #include "yearbook/FlatRate.h"
 #include "yearbook/StartMonthShift.h"
@@ -56,15 +57,6 @@ constexpr UtilityFields kUtilityFields[] = {
 
 const UtilityFields& fieldsOf(Utility utility) {
   return kUtilityFields[at(utility)];
-}
-
-PerMonth<MeterMonth> meterMonths(const RecordSource& source, const Field& reading,
-                                 const Field& consumption, const Field& amount) {
-  PerMonth<MeterMonth> months;
-  for (int i = 0; i < kMonths; ++i)
-    months[static_cast<std::size_t>(i)] = {source.number(i, reading), source.number(i, consumption),
-                                           source.money(i, amount)};
-  return months;
 }
 
 // The price fields show the month at which the load's walk over the rows ends.
@@ -187,53 +179,16 @@ void YearSession::readPrices(Utility utility) {
   }
 }
 
-ElectricityInput YearSession::electricityInput() const {
-  ElectricityInput input;
-  input.day = meterMonths(adoStrom, strom::dayReading, strom::dayConsumption, strom::dayAmount);
-  input.night =
-      meterMonths(adoStrom, strom::nightReading, strom::nightConsumption, strom::nightAmount);
-  input.startDay = values_.startDay;
-  input.startNight = values_.startNight;
-  input.vat = values_.vatElectricity;
-  input.dayPrice = values_.dayPrice;
-  input.freeKwh = values_.freeKwh;
-  input.flatRate = values_.flatRate;
-  return input;
-}
-
-WaterInput YearSession::waterInput() const {
-  WaterInput input;
-  input.water = meterMonths(adoWasser, wasser::reading, wasser::consumption, wasser::amount);
-  input.wasteWater =
-      meterMonths(adoWasser, wasser::wasteReading, wasser::wasteConsumption, wasser::wasteAmount);
-  input.startWater = values_.startWater;
-  input.startWasteWater = values_.startWasteWater;
-  input.vatWater = values_.vatWater;
-  input.vatWasteWater = values_.vatWasteWater;
-  input.baseFeeWater = values_.baseFeeWater;
-  input.baseFeeWasteWater = values_.baseFeeWasteWater;
-  return input;
-}
-
-GasInput YearSession::gasInput() const {
-  GasInput input;
-  input.gas = meterMonths(adoGas, gas::reading, gas::consumption, gas::amount);
-  input.start = values_.startGas;
-  input.factor = values_.gasFactor;
-  input.vat = values_.vatGas;
-  return input;
-}
-
 void YearSession::updateTotals(Utility utility) {
   switch (utility) {
     case Utility::Electricity:
-      values_.electricity = summarizeElectricity(electricityInput());
+      values_.electricity = summarizeElectricity(electricityInput(adoStrom, values_));
       break;
     case Utility::Water:
-      values_.water = summarizeWater(waterInput());
+      values_.water = summarizeWater(waterInput(adoWasser, values_));
       break;
     case Utility::Gas:
-      values_.gas = summarizeGas(gasInput());
+      values_.gas = summarizeGas(gasInput(adoGas, values_));
       break;
   }
   Money sum;

@@ -108,9 +108,6 @@ class YearSession {
   RecordSource& source(Utility utility);
   base::Result<void> followMonthAmounts(Utility utility);
   void updateTotals(Utility utility);
-  ElectricityInput electricityInput() const;
-  WaterInput waterInput() const;
-  GasInput gasInput() const;
   base::Result<void> repriceRows(Utility utility);
 
   base::FileSystem& files_;
