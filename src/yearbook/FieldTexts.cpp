@@ -49,11 +49,21 @@ std::string priceText(std::optional<double> value) {
   return shortest.size() > padded.size() ? shortest : padded;
 }
 
+std::string_view grossNote() {
+  return "Verbrauch mit MwSt, ohne Grundgebühr";
+}
+
 ElectricityTexts electricityTexts(const FieldValues& values) {
-  if (values.cleared[at(Utility::Electricity)]) return {};
+  ElectricityTexts texts;
+  texts.grossNote = grossNote();
+  if (values.cleared[at(Utility::Electricity)]) return texts;
   const ElectricityTotals& totals = values.electricity;
-  return {meterTexts(totals.day, totals.dayVat, totals.dayGross),
-          meterTexts(totals.night, totals.nightVat, totals.nightGross), formatMoney(totals.gross)};
+  texts.day = meterTexts(totals.day, totals.dayVat, totals.dayGross);
+  texts.night = meterTexts(totals.night, totals.nightVat, totals.nightGross);
+  texts.gross = formatMoney(totals.gross);
+  if (!values.nightShown && totals.nightGross != Money())
+    texts.grossNote += "; darin " + texts.night.gross + " Euro Nachtstrom (ausgeblendet)";
+  return texts;
 }
 
 WaterTexts waterTexts(const FieldValues& values) {

@@ -1,6 +1,7 @@
 #pragma once
 
 #include <string>
+#include <string_view>
 
 #include "yearbook/FieldValues.h"
 
@@ -19,7 +20,11 @@ struct MeterTexts {
 struct ElectricityTexts {
   MeterTexts day, night;
   std::string gross;
+  // What the total is made of; names the night tariff's share while the tariff is hidden.
+  std::string grossNote;
 };
+// The same for the other utilities.
+std::string_view grossNote();
 ElectricityTexts electricityTexts(const FieldValues& values);
 
 struct WaterTexts {

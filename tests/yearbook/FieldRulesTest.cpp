@@ -72,6 +72,16 @@ TEST(FieldTexts, FiguresReadGerman) {
   EXPECT_EQ(priceText(std::nullopt), "");
 }
 
+TEST(FieldTexts, AHiddenNightTariffIsNamedWhereItIsSummed) {
+  FieldValues values = valuesOfAYear();
+  values.electricity.nightGross = Money::roundHalfEven(429.17);
+  const std::string plain = electricityTexts(values).grossNote;
+  EXPECT_EQ(plain.find("Nachtstrom"), std::string::npos);
+  values.nightShown = false;
+  EXPECT_EQ(electricityTexts(values).grossNote,
+            plain + "; darin 429,17 Euro Nachtstrom (ausgeblendet)");
+}
+
 TEST(FieldTexts, TheMonthsFollowTheStartMonthAndTheClock) {
   const MonthTexts months = monthTexts(valuesOfAYear(), Utility::Electricity, "Mai");
   EXPECT_EQ(months.names.front(), "April");

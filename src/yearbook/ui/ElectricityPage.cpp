@@ -17,8 +17,7 @@ ElectricityPage::ElectricityPage(QWidget* parent, YearEditor& editor)
                              "txtSumAbschlS", "cmdAbschlS"},
                             u"kWh"_s)),
       day_(new FigureGroup(content(), "FrameTagstrom", u"Tagstrom"_s)),
-      result_(new ResultGroup(content(), u"Istwert Strom"_s, txtIstwertS,
-                              u"Verbrauch mit MwSt, ohne Grundgebühr"_s)) {
+      result_(new ResultGroup(content(), u"Istwert Strom"_s, txtIstwertS)) {
   buildDay();
   buildNight();
   buildContract();
@@ -107,8 +106,10 @@ void ElectricityPage::bindFields() {
                        &FieldValues::baseFeeElectricity);
   editor().bindSetting(txtMwStS, EntryKind::Percent, zstaende::vatElectricity,
                        &FieldValues::vatElectricity);
-  editor().bindSetting(txtKwImJahrFrei, EntryKind::WholeKwh, zstaende::freeKwh,
-                       &FieldValues::freeKwh);
+  editor().bind(
+      {txtKwImJahrFrei, EntryKind::WholeKwh,
+       [](const FieldValues& values) { return orZero(values.freeKwh); },
+       [this](auto value) { return editor().session().storeNumber(zstaende::freeKwh, value); }});
 }
 
 void ElectricityPage::bindDate() {
@@ -155,6 +156,7 @@ void ElectricityPage::showValues() {
   txtMwStNSt->showText(texts.night.vat);
   txtSummeNS->showText(texts.night.gross);
   txtIstwertS->showText(texts.gross);
+  result_->setTotalNote(texts.grossNote);
   if (!txtDatumStrom->hasFocus() || !txtDatumStrom->isModified()) showDate();
   lblStartmonatS->setText(months->month(0)->text());
   for (QWidget* widget :

@@ -13,8 +13,7 @@ GasPage::GasPage(QWidget* parent, YearEditor& editor)
                             u"m³"_s)),
       gas_(new FigureGroup(content(), "FrameGas", u"Gas"_s)),
       contract_(new FigureGroup(content(), "FrameVertragG", u"Vertrag"_s)),
-      result_(new ResultGroup(content(), u"Istwert Gas"_s, txtSum2G,
-                              u"Verbrauch mit MwSt, ohne Grundgebühr"_s)) {
+      result_(new ResultGroup(content(), u"Istwert Gas"_s, txtSum2G)) {
   buildMeter();
   buildContract();
   result_->addNote(u"Betrag Gas = Verbrauch  m³  x  Faktor  x  Cent/kwh"_s);

@@ -9,9 +9,8 @@ namespace yearbook {
 std::vector<std::string> tablesWithDamagedIndex(const jet::Database& database) {
   std::vector<std::string> tables;
   for (const jet::Finding& finding : database.warnings()) {
-    if (finding.error.code != base::ErrorCode::IndexDamaged) continue;
-    const std::string table = finding.error.subject.substr(0, finding.error.subject.find('.'));
-    if (std::find(tables.begin(), tables.end(), table) == tables.end()) tables.push_back(table);
+    const bool known = std::find(tables.begin(), tables.end(), finding.table) != tables.end();
+    if (!finding.table.empty() && !known) tables.push_back(finding.table);
   }
   return tables;
 }

@@ -4,6 +4,8 @@
 #include <QHBoxLayout>
 #include <QVBoxLayout>
 
+#include "yearbook/FieldTexts.h"
+
 using namespace Qt::Literals::StringLiterals;
 
 namespace yearbook {
@@ -14,8 +16,7 @@ constexpr int kTallestPage = 54;
 
 }  // namespace
 
-ResultGroup::ResultGroup(QWidget* parent, const QString& caption, DerivedField* total,
-                         const QString& note)
+ResultGroup::ResultGroup(QWidget* parent, const QString& caption, DerivedField* total)
     : TitledFrame(u"Ergebnis"_s, parent), buttons_(new QHBoxLayout) {
   auto* rows = new QVBoxLayout(this);
   rows->setContentsMargins(10, 8, 10, 8);
@@ -36,7 +37,8 @@ ResultGroup::ResultGroup(QWidget* parent, const QString& caption, DerivedField* 
   figures->addWidget(total, 1);
   figures->addWidget(unit);
   rows->addLayout(figures);
-  addNote(note);
+  totalNote_ = addNote({});
+  setTotalNote(std::string(grossNote()));
   rows->addStretch(1);
   buttons_->setSpacing(6);
   buttons_->addWidget(new QLabel(u"Diagramm"_s, this));
@@ -44,11 +46,16 @@ ResultGroup::ResultGroup(QWidget* parent, const QString& caption, DerivedField* 
   rows->addLayout(buttons_);
 }
 
-void ResultGroup::addNote(const QString& text) {
+QLabel* ResultGroup::addNote(const QString& text) {
   auto* note = new QLabel(text, this);
   note->setForegroundRole(QPalette::PlaceholderText);
   auto* rows = static_cast<QVBoxLayout*>(layout());
   rows->insertWidget(rows->count() > 1 ? rows->count() - 2 : rows->count(), note);
+  return note;
+}
+
+void ResultGroup::setTotalNote(const std::string& utf8) {
+  totalNote_->setText(QString::fromStdString(utf8));
 }
 
 void ResultGroup::addButton(QWidget* button) {

@@ -15,14 +15,16 @@ namespace yearbook {
 class ResultGroup final : public TitledFrame {
   Q_OBJECT
  public:
-  // The field shows the total; the note says what is in it.
-  ResultGroup(QWidget* parent, const QString& caption, DerivedField* total, const QString& note);
+  // The field shows the total; a note says what is in it.
+  ResultGroup(QWidget* parent, const QString& caption, DerivedField* total);
   // A chart button; they stand in one row.
   void addButton(QWidget* button);
-  void addNote(const QString& text);
+  QLabel* addNote(const QString& text);
+  void setTotalNote(const std::string& utf8);
 
  private:
   QHBoxLayout* buttons_;
+  QLabel* totalNote_;
 };
 
 // A page of the main window that reads like the bill that it works out: meters, contract, months

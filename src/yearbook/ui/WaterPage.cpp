@@ -21,8 +21,7 @@ WaterPage::WaterPage(QWidget* parent, YearEditor& editor)
       water_(new FigureGroup(content(), "FrameWasser", u"Wasser"_s)),
       wasteWater_(new FigureGroup(content(), "FrameAbwasser", u"Abwasser"_s)),
       contract_(new FigureGroup(content(), "FrameVertragW", u"Vertrag"_s)),
-      result_(new ResultGroup(content(), u"Istwert Wasser und Abwasser"_s, txtSum1W,
-                              u"Verbrauch mit MwSt, ohne Grundgebühr"_s)) {
+      result_(new ResultGroup(content(), u"Istwert Wasser und Abwasser"_s, txtSum1W)) {
   buildMeters();
   buildContract();
   result_->addButton(button(cmdDiagrammWasser, u"Wasser"_s, u"Diagramm Verbrauch Wasser"_s));

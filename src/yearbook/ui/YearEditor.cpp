@@ -87,6 +87,7 @@ bool YearEditor::run(const std::function<base::Result<void>()>& change) {
     typedIn_ = nullptr;
   }
   showAll();
+  if (!done && done.error().code == base::ErrorCode::IndexDamaged) Q_EMIT indexDamaged();
   return done.has_value();
 }
 

@@ -46,6 +46,8 @@ class YearEditor final : public QObject {
 
  Q_SIGNALS:
   void changed();
+  // A change failed because an index is damaged; the rows are sound.
+  void indexDamaged();
 
  private:
   QString filter(EntryKind kind, const QString& input);

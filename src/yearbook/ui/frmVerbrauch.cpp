@@ -41,6 +41,10 @@ frmVerbrauch::frmVerbrauch(dialogs::Services& services,
   connectEntryWindows();
   connectCharts();
   connect(editor_, &yearbook::YearEditor::changed, this, &frmVerbrauch::followModes);
+  connect(editor_, &yearbook::YearEditor::indexDamaged, this, [this] {
+    indexRepairDeclined_ = false;
+    QTimer::singleShot(0, this, &frmVerbrauch::offerIndexRepair);
+  });
   if (const auto reason = session_->readOnlyReason())
     lblHinweis->say(
         u"Dieses Jahr kann nur gelesen werden, Änderungen werden nicht gespeichert. "_s +
@@ -59,7 +63,7 @@ void frmVerbrauch::buildPages() {
   TabStrip->addTab(Frame1, u"Zählerstände und Preise Strom"_s);
   TabStrip->addTab(Frame2, u"Zählerstände und Preise Wasser"_s);
   TabStrip->addTab(Frame3, u"Zählerstände und Preise Gas"_s);
-  TabStrip->addTab(Frame4, u"Jahresübersicht"_s);
+  TabStrip->addTab(Frame4, u"Übersicht"_s);
   TabStrip->addTab(Frame5, u"Anmerkungen"_s);
   TabStrip->addTab(fraDrucke, u"Drucken"_s);
   auto* central = new QWidget(this);
@@ -98,18 +102,17 @@ void frmVerbrauch::reactivate() {
 }
 
 void frmVerbrauch::offerIndexRepair() {
-  if (indexRepairOffered_) return;
-  indexRepairOffered_ = true;
   const auto tables = yearbook::tablesWithDamagedIndex(session_->database());
-  if (tables.empty()) return;
+  if (tables.empty() || indexRepairDeclined_) return;
   if (session_->readOnlyReason()) {
     lblHinweis->say(lblHinweis->text() + u" "_s + yearbook::damagedIndexNotice(tables));
+    indexRepairDeclined_ = true;
     return;
   }
-  if (!services_.prompts.confirm(this, yearbook::indexRepairQuestion(tables),
-                                 u"Index wiederherstellen"_s))
-    return;
-  editor_->run([&] { return yearbook::rebuildIndexes(*session_, tables); });
+  indexRepairDeclined_ = !services_.prompts.confirm(this, yearbook::indexRepairQuestion(tables),
+                                                    u"Index wiederherstellen"_s);
+  if (!indexRepairDeclined_)
+    editor_->run([&] { return yearbook::rebuildIndexes(*session_, tables); });
 }
 
 void frmVerbrauch::askStartReading() {

@@ -105,5 +105,5 @@ class frmVerbrauch final : public QMainWindow {
   std::optional<yearbook::Utility> selectedUtility() const;
   void clearSelected();
 
-  bool indexRepairOffered_ = false;
+  bool indexRepairDeclined_ = false;
 };

@@ -202,6 +202,50 @@ TEST_F(MainWindow, AYearThatCanOnlyBeReadSaysSo) {
   EXPECT_EQ(window->Frame1->txtMwStS->text(), u"19"_s);
 }
 
+namespace {
+
+// An empty year with an index on the month, one key of which is wrong.
+base::Bytes yearWithDamagedIndex() {
+  auto tables = yearbook::templateTables();
+  tables[0].indexes.push_back({"Monat", {{"Monat", true}}, false, false});
+  base::Bytes bytes = jet::createDatabase(tables).value_or(base::Bytes());
+  constexpr std::size_t kPage = 4096;
+  constexpr std::uint8_t kIndexLeaf = 4;
+  const std::size_t entries = 0x1E0;  // where the keys begin in a page of an index
+  // The last leaf is that of the table added last with an index: Strom's.
+  for (std::size_t page = bytes.size() / kPage; page-- > 0;) {
+    if (bytes[page * kPage] != kIndexLeaf) continue;
+    bytes[page * kPage + entries + 3] ^= 0x10;
+    return bytes;
+  }
+  return {};
+}
+
+}  // namespace
+
+TEST_F(MainWindow, ADamagedIndexIsRebuiltWhenTheUserAgrees) {
+  disk.put(kEmpty, yearWithDamagedIndex());
+  prompts.answer(Button::Yes);
+  prompts.answerInput(u"1"_s);
+  openWindow(kEmpty);
+  ASSERT_EQ(prompts.shown.size(), 2u);
+  EXPECT_TRUE(prompts.shown[0].text.contains(u"Strom"_s));
+  EXPECT_EQ(prompts.shown[0].defaultButton, Button::No);
+  EXPECT_TRUE(window->session().database().check().empty());
+  openWindow(kEmpty);
+  EXPECT_EQ(prompts.shown.size(), 2u);
+}
+
+TEST_F(MainWindow, ADamagedIndexMayStayAndTheYearIsStillReadable) {
+  disk.put(kEmpty, yearWithDamagedIndex());
+  prompts.answer(Button::No);
+  prompts.answerInput(u"1"_s);
+  openWindow(kEmpty);
+  window->mnuNew->trigger();
+  EXPECT_EQ(prompts.shown.size(), 2u);
+  EXPECT_EQ(window->Frame1->txtAnfStandST->text(), u"1"_s);
+}
+
 // What can be wrong with any window: a control without a spoken name, a name twice, a field that
 // the wheel changes, a text wider than its control.
 TEST_F(MainWindow, EveryControlCanBeNamedReadAndReached) {

@@ -186,6 +186,7 @@ TEST_F(YearPages, FlatRateShowsTheFreeKwhAndSwitchesTheProjectionOff) {
   EXPECT_FALSE(window->Frame1->txtKwImJahrFrei->isVisible());
   window->mnuPauschale->trigger();
   EXPECT_TRUE(window->Frame1->txtKwImJahrFrei->isVisible());
+  EXPECT_EQ(window->Frame1->txtKwImJahrFrei->text(), u"0"_s);
   EXPECT_TRUE(window->Frame1->lblPauschale->isVisible());
   EXPECT_FALSE(window->mnuHochrechnung->isEnabled());
   EXPECT_EQ(window->mnuHochrechnung->text(),
