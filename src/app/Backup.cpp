@@ -21,10 +21,13 @@ base::Result<void> copyFiles(base::FileSystem& files, const std::string& from,
   return {};
 }
 
-std::vector<std::string> backupNames(const base::FileSystem& files, const std::string& dataFolder) {
-  auto names = filesWithExtension(files, dataFolder, kYearExtension);
-  const auto side = filesWithExtension(files, dataFolder, kSideExtension);
-  names.insert(names.end(), side.begin(), side.end());
+base::Result<std::vector<std::string>> backupNames(const base::FileSystem& files,
+                                                   const std::string& dataFolder) {
+  auto names = listFiles(files, dataFolder, kYearExtension);
+  if (!names) return names;
+  const auto side = listFiles(files, dataFolder, kSideExtension);
+  if (!side) return side;
+  names->insert(names->end(), side->begin(), side->end());
   return names;
 }
 

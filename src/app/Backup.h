@@ -22,7 +22,8 @@ base::Result<void> copyFiles(base::FileSystem& files, const std::string& from,
                              const CopyProgress& progress = {});
 
 // Every year database and every side file of the data folder.
-std::vector<std::string> backupNames(const base::FileSystem& files, const std::string& dataFolder);
+base::Result<std::vector<std::string>> backupNames(const base::FileSystem& files,
+                                                   const std::string& dataFolder);
 
 // Of the listed side files those that belong to the year database: their names begin with its base
 // name and "_", in exact letter case. None when the name is empty.

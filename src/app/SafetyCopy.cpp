@@ -71,9 +71,10 @@ std::string SafetyCopy::todaysFolder() const {
   return folderIn(dataFolder_) + day_ + base::kPathSeparator;
 }
 
-std::vector<std::string> SafetyCopy::namesIn(const std::string& folder) const {
-  std::vector<std::string> names =
-      sideFilesOf(yearName_, filesWithExtension(files_, folder, kSideExtension));
+base::Result<std::vector<std::string>> SafetyCopy::namesIn(const std::string& folder) const {
+  const auto side = listFiles(files_, folder, kSideExtension);
+  if (!side) return side;
+  std::vector<std::string> names = sideFilesOf(yearName_, *side);
   // The database last: with it the copy counts as made.
   names.push_back(yearName_);
   return names;
@@ -93,11 +94,12 @@ void SafetyCopy::prepare(std::chrono::milliseconds budget) {
   const Clock::time_point deadline = Clock::now() + budget;
   if (!isDue()) return;
   // Completing a waiting journal is the opening's own work, which comes next.
-  if (files_.exists(journalOf(dataFolder_ + yearName_))) {
+  const auto names = namesIn(dataFolder_);
+  if (!names || files_.exists(journalOf(dataFolder_ + yearName_))) {
     postponed_ = true;
     return;
   }
-  for (const std::string& name : namesIn(dataFolder_)) {
+  for (const std::string& name : *names) {
     auto content = readUntil(files_, dataFolder_ + name, deadline);
     if (!content) {
       contents_.clear();
@@ -112,7 +114,7 @@ bool SafetyCopy::sameAsNewest() const {
   const std::vector<std::string> days = copiedDays();
   if (days.empty()) return false;
   const std::string folder = folderIn(dataFolder_) + days.back() + base::kPathSeparator;
-  if (namesIn(folder).size() != contents_.size()) return false;
+  if (const auto names = namesIn(folder); !names || names->size() != contents_.size()) return false;
   return std::all_of(contents_.begin(), contents_.end(), [&](const auto& entry) {
     const auto copy = readUntil(files_, folder + entry.first, Clock::time_point::max());
     return copy && *copy == entry.second;
@@ -141,10 +143,11 @@ base::Result<void> SafetyCopy::removeOldest() {
   std::vector<std::string> days = copiedDays();
   while (days.size() > kKeptCopies) {
     const std::string folder = folderIn(dataFolder_) + days.front() + base::kPathSeparator;
-    std::vector<std::string> names = namesIn(folder);
+    auto names = namesIn(folder);
+    if (!names) return base::Failure(names.error());
     // The database first: a copy without all of its side files must not look whole.
-    std::reverse(names.begin(), names.end());
-    for (const std::string& name : names)
+    std::reverse(names->begin(), names->end());
+    for (const std::string& name : *names)
       if (auto removed = files_.remove(folder + name); !removed) return removed;
     base::ignore(files_.remove(folder), "other years may have their copy of that day in it");
     days.erase(days.begin());
@@ -166,9 +169,10 @@ bool SafetyCopy::olderThanNewest() const {
   const std::vector<std::string> days = copiedDays();
   if (days.empty()) return false;
   const std::string folder = folderIn(dataFolder_) + days.back() + base::kPathSeparator;
-  const std::vector<std::string> names = namesIn(dataFolder_);
-  return names == namesIn(folder) &&
-         std::all_of(names.begin(), names.end(), [&](const std::string& name) {
+  const auto names = namesIn(dataFolder_);
+  const auto copied = namesIn(folder);
+  return names && copied && *names == *copied &&
+         std::all_of(names->begin(), names->end(), [&](const std::string& name) {
            const auto copy = files_.info(folder + name);
            const auto original = files_.info(dataFolder_ + name);
            return copy && original && copy->size == original->size &&
@@ -180,8 +184,9 @@ base::Result<void> SafetyCopy::afterClosing() {
   if (!postponed_ || !isDue() || olderThanNewest()) return {};
   postponed_ = false;
   if (auto made = makeFolders(); !made) return made;
-  if (auto copied = copyFiles(files_, dataFolder_, todaysFolder(), namesIn(dataFolder_)); !copied)
-    return copied;
+  const auto names = namesIn(dataFolder_);
+  if (!names) return base::Failure(names.error());
+  if (auto copied = copyFiles(files_, dataFolder_, todaysFolder(), *names); !copied) return copied;
   return removeOldest();
 }
 

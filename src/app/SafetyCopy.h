@@ -34,7 +34,7 @@ class SafetyCopy {
 
   bool isDue() const;
   std::vector<std::string> copiedDays() const;  // oldest first
-  std::vector<std::string> namesIn(const std::string& folder) const;
+  base::Result<std::vector<std::string>> namesIn(const std::string& folder) const;
   bool sameAsNewest() const;
   bool olderThanNewest() const;
   std::string todaysFolder() const;

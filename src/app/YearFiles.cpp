@@ -26,7 +26,9 @@ void copyTree(base::FileSystem& files, const std::string& source, const std::str
     base::ignore(files.makeFolder(target), "the copies into it report their own failure");
   for (const std::string& name : ListFiles(files, source, "*.*")) {
     if (!std::string_view(name).ends_with("dat")) continue;
-    if (!files.copyFile(source + name, target + name)) failed(name);
+    if (!files.copyFile(source + name, target + name))
+      failed("Datei  " + name +
+             "  ist schreibgeschützt oder geöffnet und kann nicht kopiert werden");
   }
   for (const std::string& name : ListSubfolders(files, source)) {
     const std::string folder = source + name + base::kPathSeparator;
@@ -36,15 +38,22 @@ void copyTree(base::FileSystem& files, const std::string& source, const std::str
 
 }  // namespace
 
-std::vector<std::string> filesWithExtension(const base::FileSystem& files,
-                                            const std::string& folder,
-                                            std::string_view extensionWithDot) {
-  auto names = files.list(folder).value_or(std::vector<std::string>());
-  std::erase_if(names, [&](const std::string& name) {
+base::Result<std::vector<std::string>> listFiles(const base::FileSystem& files,
+                                                 const std::string& folder,
+                                                 std::string_view extensionWithDot) {
+  auto names = files.list(folder);
+  if (!names) return names;
+  std::erase_if(*names, [&](const std::string& name) {
     return !base::hasExtension(name, extensionWithDot) ||
            isFolder(files, base::withSeparator(folder) + name);
   });
   return names;
+}
+
+std::vector<std::string> filesWithExtension(const base::FileSystem& files,
+                                            const std::string& folder,
+                                            std::string_view extensionWithDot) {
+  return listFiles(files, folder, extensionWithDot).value_or(std::vector<std::string>());
 }
 
 std::string allowedYearName(std::string_view typed) {
@@ -86,7 +95,9 @@ base::Result<void> deleteYear(base::FileSystem& files, const std::string& dataFo
   alsoRemove(journalOf(folder + name));
   const std::string prefix = base::baseName(name);
   if (prefix.empty()) return outcome;
-  for (const std::string& side : filesWithExtension(files, folder, kSideExtension))
+  const auto sides = listFiles(files, folder, kSideExtension);
+  if (!sides) return base::Failure(sides.error());
+  for (const std::string& side : *sides)
     if (side.starts_with(prefix)) alsoRemove(folder + side);
   return outcome;
 }
@@ -119,7 +130,7 @@ std::vector<std::string> ListSubfolders(const base::FileSystem& files, const std
 
 void CopySideFiles(base::FileSystem& files, const std::string& sourceFolder,
                    const std::string& targetFolder,
-                   const std::function<void(const std::string& name)>& failed) {
+                   const std::function<void(const std::string& message)>& failed) {
   if (sourceFolder == targetFolder) return;
   const std::string target = base::withSeparator(targetFolder);
   copyTree(files, base::withSeparator(sourceFolder), target, target, failed);

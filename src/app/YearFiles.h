@@ -17,8 +17,11 @@ inline constexpr std::string_view kDefaultYear = "Verbrauch.kwd";
 inline constexpr std::string_view kYearExtension = ".kwd";
 inline constexpr std::string_view kSideExtension = ".dat";
 
-// Names of the files (not folders) with the extension, sorted. A folder that cannot be read has
-// none.
+// Names of the files (not folders) with the extension, sorted.
+base::Result<std::vector<std::string>> listFiles(const base::FileSystem& files,
+                                                 const std::string& folder,
+                                                 std::string_view extensionWithDot);
+// The same for showing them: a folder that cannot be read has none.
 std::vector<std::string> filesWithExtension(const base::FileSystem& files,
                                             const std::string& folder,
                                             std::string_view extensionWithDot);
@@ -52,10 +55,11 @@ std::vector<std::string> ListFiles(const base::FileSystem& files, const std::str
 std::vector<std::string> ListSubfolders(const base::FileSystem& files, const std::string& folder);
 
 // Copies every file whose name ends in "dat" (exact case) to the target, subfolders likewise at any
-// depth; missing folders of the target are made. A file that cannot be copied is told to failed
-// and skipped. Does nothing when both texts are equal.
+// depth; missing folders of the target are made. For a file that cannot be copied failed gets the
+// text of the box (title "Fehler beim kopieren", critical icon), and the next one follows. Does
+// nothing when both texts are equal.
 void CopySideFiles(base::FileSystem& files, const std::string& sourceFolder,
                    const std::string& targetFolder,
-                   const std::function<void(const std::string& name)>& failed);
+                   const std::function<void(const std::string& message)>& failed);
 
 }  // namespace app

@@ -115,8 +115,9 @@ TEST_F(YearFilesTest, SideFileThatCannotBeCopiedIsToldAndSkipped) {
   ASSERT_TRUE(files->makeFolder(stick / "a.dat"));
   Names failed;
   app::CopySideFiles(*files, data.path(), stick.path(),
-                     [&](const std::string& name) { failed.push_back(name); });
-  EXPECT_EQ(failed, Names{"a.dat"});
+                     [&](const std::string& message) { failed.push_back(message); });
+  EXPECT_EQ(failed, Names{"Datei  a.dat  ist schreibgeschützt oder geöffnet und kann nicht "
+                          "kopiert werden"});
   EXPECT_EQ(get(stick / "b.dat"), "b.dat");
 }
 
@@ -131,8 +132,8 @@ TEST_F(YearFilesTest, BackupTakesYearsAndSideFilesFlatAndReplaces) {
   for (const char* name : {"A.kwd", "B.KWD", "A_Gas.dat", "pauschale.DAT", "DiagrEinst.txt"})
     put(data / name, name);
   put(stick / "A.kwd", "alt");
-  ASSERT_TRUE(
-      app::copyFiles(*files, data.path(), stick.path(), app::backupNames(*files, data.path())));
+  ASSERT_TRUE(app::copyFiles(*files, data.path(), stick.path(),
+                             app::backupNames(*files, data.path()).value()));
   EXPECT_EQ(in(stick.path()), (Names{"A.kwd", "A_Gas.dat", "B.KWD", "pauschale.DAT"}));
   EXPECT_EQ(get(stick / "A.kwd"), "A.kwd");
 }

@@ -41,8 +41,7 @@ std::string absolutePath(const std::string& path) {
 }  // namespace
 
 YearWindow Program::Parts::openYear(QWidget* parent) {
-  auto year =
-      yearbook::YearSession::open(*files, paths.YearDatabasePath, paths.DataFolder, clock);
+  auto year = yearbook::YearSession::open(*files, paths.YearDatabasePath, paths.DataFolder, clock);
   if (!year) {
     prompts.tell(parent, QString::fromStdString(base::germanMessage(year.error())),
                  u"Jahr öffnen"_s, dialogs::Icon::Warning);

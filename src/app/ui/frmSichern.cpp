@@ -112,15 +112,15 @@ void frmSichern::Command1Click() {
   const std::string dataFolder = services_.paths.DataFolder;
   base::ignore(app::makeCurrent(dataFolder), "the copies name what is wrong");
   const QString target = Dir1->path();
+  FileVerbrauch->refresh();
   FilesWechsel->setFolder(QString::fromStdString(dataFolder));
-  std::vector<std::string> names;
-  for (const QString& name : FileVerbrauch->names() + FilesWechsel->names())
-    names.push_back(name.toStdString());
   base::Result<void> outcome;
-  {
+  if (const auto names = app::backupNames(services_.files, dataFolder); !names) {
+    outcome = base::Failure(names.error());
+  } else {
     app::CopyProgressBox box(this, u"Datensicherung"_s);
     outcome =
-        app::copyFiles(services_.files, dataFolder, target.toStdString(), names, box.progress());
+        app::copyFiles(services_.files, dataFolder, target.toStdString(), *names, box.progress());
   }
   Dir1->refresh();
   report(outcome, target);

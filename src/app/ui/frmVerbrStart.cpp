@@ -187,13 +187,9 @@ void frmVerbrStart::mnuWiederherstellenClick() {
 }
 
 void frmVerbrStart::mnuImportClick() {
-#ifdef _WIN32
-  const QString name = u"Kalvimport.exe"_s;
-#else
-  const QString name = u"Kalvimport"_s;
-#endif
   // A tool that is not installed is passed over in silence.
-  services_.shell.startProgram(QString::fromStdString(services_.paths.ProgramFolder) + name);
+  services_.shell.startProgram(QString::fromStdString(services_.paths.ProgramFolder) +
+                               u"Kalvimport.exe"_s);
   filFiles->refresh();
 }
 
