@@ -33,7 +33,7 @@ struct DetailInput {
   bool flatRate = false;
   std::optional<double> freeKwh;   // kWh in the year
   std::optional<double> dayPrice;  // cent per kWh
-  base::Date today;
+  base::Date today{};
 
   DetailMeter& meter(Meter which) { return meters[static_cast<std::size_t>(which)]; }
   const DetailMeter& meter(Meter which) const { return meters[static_cast<std::size_t>(which)]; }

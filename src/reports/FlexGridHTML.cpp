@@ -14,7 +14,7 @@ namespace {
 constexpr std::string_view kLineEnd = "\r\n";
 
 std::string upperHex(Color color) {
-  std::array<char, 8> digits;
+  std::array<char, 8> digits{};
   const auto end = std::to_chars(digits.data(), digits.data() + digits.size(), color, 16).ptr;
   std::string text(digits.data(), end);
   for (char& c : text)

@@ -103,7 +103,7 @@ class PlainTextWriter {
   }
 
   std::string padded(int row, int column, std::size_t width) const {
-    const std::string text = grid_.text(row, column);
+    std::string text = grid_.text(row, column);
     const std::size_t length = lengthOf(text);
     if (length >= width) return text;
     const std::size_t room = width - length;

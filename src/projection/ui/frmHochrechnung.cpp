@@ -4,6 +4,7 @@
 #include <QHBoxLayout>
 #include <QPainter>
 #include <QShowEvent>
+#include <QTimer>
 #include <QVBoxLayout>
 
 #include "base/GermanNumber.h"
@@ -153,7 +154,7 @@ void frmHochrechnung::showEvent(QShowEvent* event) {
   if (calculatedOnce_) return;
   // Once the window stands, and never again: a box about a date must not come back by itself.
   calculatedOnce_ = true;
-  QMetaObject::invokeMethod(this, &frmHochrechnung::Calculate, Qt::QueuedConnection);
+  QTimer::singleShot(0, this, &frmHochrechnung::Calculate);
 }
 
 void frmHochrechnung::Calculate() {
@@ -199,8 +200,7 @@ bool frmHochrechnung::eventFilter(QObject* watched, QEvent* event) {
     // Another window, a box or a menu in front does not count as leaving the field. The answer
     // waits until the focus has arrived where it goes.
     if (reason != Qt::ActiveWindowFocusReason && reason != Qt::PopupFocusReason)
-      QMetaObject::invokeMethod(
-          this, [this, field] { fieldLeft(field); }, Qt::QueuedConnection);
+      QTimer::singleShot(0, this, [this, field] { fieldLeft(field); });
   }
   return QDialog::eventFilter(watched, event);
 }
@@ -241,7 +241,7 @@ QPixmap frmHochrechnung::pictureForPaper() {
   paper.setColor(QPalette::Base, Qt::white);
   usePalette(paper);
   layout()->activate();
-  const QPixmap picture = grab();
+  QPixmap picture = grab();
   usePalette(onScreen);
   return picture;
 }

@@ -125,7 +125,7 @@ class FlexGrid::Model final : public QAbstractTableModel {
  private:
   // An amount is read out with the label of its row.
   QString spokenText(int row, int column) const {
-    const QString text = QString::fromStdString(grid_.text(row, column));
+    QString text = QString::fromStdString(grid_.text(row, column));
     if (column == 0 || text.trimmed().isEmpty() || grid_.cell(row, column).value.index() < 2)
       return text;
     for (int label = column - 1; label >= 0; --label)
