@@ -64,7 +64,9 @@ std::string SafetyCopy::folderIn(const std::string& dataFolder) {
 }
 
 bool SafetyCopy::isDue() const {
-  return !yearName_.empty() && !files_.exists(todaysFolder() + yearName_);
+  // A year that cannot be written does not change either.
+  const auto year = files_.info(dataFolder_ + yearName_);
+  return year && year->writable && !year->isFolder && !files_.exists(todaysFolder() + yearName_);
 }
 
 std::string SafetyCopy::todaysFolder() const {

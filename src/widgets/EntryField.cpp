@@ -14,6 +14,19 @@
 using namespace Qt::Literals::StringLiterals;
 
 namespace widgets {
+namespace {
+
+// Qt's own paste entry, which bypasses the filter. Newer versions name it; older ones are known by
+// the key that the entry shows.
+QAction* pasteAction(const QMenu& menu) {
+  const QString key = QKeySequence(QKeySequence::Paste).toString(QKeySequence::NativeText);
+  for (QAction* action : menu.actions())
+    if (action->objectName() == u"edit-paste"_s || action->text().section(u'\t', 1) == key)
+      return action;
+  return nullptr;
+}
+
+}  // namespace
 
 EntryField::EntryField(QWidget* parent) : QLineEdit(parent) {}
 
@@ -99,8 +112,7 @@ void EntryField::inputMethodEvent(QInputMethodEvent* event) {
 
 void EntryField::contextMenuEvent(QContextMenuEvent* event) {
   const std::unique_ptr<QMenu> menu(createStandardContextMenu());
-  // Qt's own paste entry would bypass the filter.
-  if (auto* paste = menu->findChild<QAction*>(u"edit-paste"_s)) {
+  if (QAction* paste = pasteAction(*menu)) {
     paste->disconnect(SIGNAL(triggered(bool)));
     connect(paste, &QAction::triggered, this, &EntryField::pasteFiltered);
   }

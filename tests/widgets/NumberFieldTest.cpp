@@ -4,8 +4,13 @@
 
 #include <QApplication>
 #include <QClipboard>
+#include <QContextMenuEvent>
+#include <QDropEvent>
+#include <QMenu>
+#include <QMimeData>
 #include <QSignalSpy>
 #include <QTest>
+#include <QTimer>
 #include <QVBoxLayout>
 #include <QWheelEvent>
 
@@ -120,6 +125,31 @@ TEST_F(NumberFieldTest, PastedAmountLosesItsCurrencySign) {
   paste(u"1.234,50 €\n"_s);
   EXPECT_EQ(field.text(), u"1.234,50"_s);
   EXPECT_EQ(field.value(), 1234.5);
+}
+
+TEST_F(NumberFieldTest, MenuAndDropAreFilteredAsWell) {
+  QApplication::clipboard()->setText(u"12 kWh"_s);
+  QTimer::singleShot(0, [] {
+    auto* menu = qobject_cast<QMenu*>(QApplication::activePopupWidget());
+    ASSERT_NE(menu, nullptr);
+    for (QAction* action : menu->actions())
+      if (action->text().contains(u"Paste"_s) || action->text().contains(u"Ein"_s))
+        action->trigger();
+    menu->close();
+  });
+  QContextMenuEvent event(QContextMenuEvent::Mouse, QPoint(2, 2), field.mapToGlobal(QPoint(2, 2)));
+  QApplication::sendEvent(&field, &event);
+  EXPECT_EQ(field.text(), u"12"_s);
+
+  QMimeData data;
+  data.setText(u"3 m³"_s);
+  QDragEnterEvent enter(QPoint(3, 3), Qt::CopyAction, &data, Qt::LeftButton, Qt::NoModifier);
+  QApplication::sendEvent(&field, &enter);
+  QDropEvent drop(QPointF(field.width() - 3, 3), Qt::CopyAction, &data, Qt::LeftButton,
+                  Qt::NoModifier);
+  QApplication::sendEvent(&field, &drop);
+  EXPECT_EQ(field.text().size(), 3) << field.text().toStdString();
+  EXPECT_EQ(changes.count(), 2);
 }
 
 TEST_F(NumberFieldTest, RefusedKeyLeavesUndoWhole) {

@@ -48,7 +48,12 @@ YearWindow Program::Parts::openYear(QWidget* parent) {
     return {};
   }
   auto* window = new frmVerbrauch(services, std::move(*year), parent);
-  return {window, [window](const QString& text) { window->lblHinweis->say(text); }};
+  const auto hint = [window](const QString& text) {
+    // Beside what the window may have to say itself, such as that the year can only be read.
+    const QString own = window->lblHinweis->text();
+    window->lblHinweis->say(own.isEmpty() ? text : own + u'\n' + text);
+  };
+  return {window, hint};
 }
 
 Program::Program(QApplication& application, const CommandLine& line)
