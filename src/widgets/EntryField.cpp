@@ -39,15 +39,6 @@ void EntryField::allowOnly(const QString& characters) {
   };
 }
 
-void EntryField::refuse(const QString& characters) {
-  filter_ = [characters](const QString& input) {
-    QString kept;
-    for (const QChar c : input)
-      if (!characters.contains(c)) kept += c;
-    return kept;
-  };
-}
-
 QString EntryField::filtered(const QString& input) const {
   return filter_ ? filter_(input) : input;
 }

@@ -19,8 +19,6 @@ class EntryField : public QLineEdit {
   void setFilter(Filter filter) { filter_ = std::move(filter); }
   // A filter that lets only these characters pass.
   void allowOnly(const QString& characters);
-  // A filter that discards these characters.
-  void refuse(const QString& characters);
   // Where a window has a default button for Enter, as a box has; on for all other fields.
   void setEnterMovesOn(bool on) { enterMovesOn_ = on; }
 
