@@ -41,10 +41,14 @@ frmVerbrauch::frmVerbrauch(dialogs::Services& services,
   connectEntryWindows();
   connectCharts();
   connect(editor_, &yearbook::YearEditor::changed, this, &frmVerbrauch::followModes);
-  connect(editor_, &yearbook::YearEditor::indexDamaged, this, [this] {
-    indexRepairDeclined_ = false;
-    QTimer::singleShot(0, this, &frmVerbrauch::offerIndexRepair);
-  });
+  // Later: the failed edit's own box comes first.
+  connect(
+      editor_, &yearbook::YearEditor::indexDamaged, this,
+      [this] {
+        indexRepairDeclined_ = false;
+        offerIndexRepair();
+      },
+      Qt::QueuedConnection);
   if (const auto reason = session_->readOnlyReason())
     lblHinweis->say(
         u"Dieses Jahr kann nur gelesen werden, Änderungen werden nicht gespeichert. "_s +

@@ -95,7 +95,7 @@ class frmVerbrauch final : public QMainWindow {
   void askStartReading();
   void followModes();
 
-  void Toolbar1ButtonClick(const QString& key);
+  void pressToolButton(const QString& key);
   void showPrintPage();
   void setUtilityButtonsEnabled(bool enabled);
   void mnuPauschaleClick(bool checked);

@@ -103,8 +103,7 @@ void frmVerbrauch::buildToolbar() {
     action->setObjectName(u"Toolbar1_"_s + button.key);
     action->setData(button.key);
     action->setToolTip(button.toolTip);
-    connect(action, &QAction::triggered, this,
-            [this, key = button.key] { Toolbar1ButtonClick(key); });
+    connect(action, &QAction::triggered, this, [this, key = button.key] { pressToolButton(key); });
     if (button.endsGroup) Toolbar1->addSeparator();
   }
   addToolBar(Toolbar1);
@@ -116,7 +115,7 @@ QAction* frmVerbrauch::toolButton(const QString& key) const {
   return nullptr;
 }
 
-void frmVerbrauch::Toolbar1ButtonClick(const QString& key) {
+void frmVerbrauch::pressToolButton(const QString& key) {
   const QString title = u"Datenbank Verbrauch löschen"_s;
   if (key == u"Neu") mnuNew->trigger();
   if (key == u"Öffnen") mnuOpen->trigger();
