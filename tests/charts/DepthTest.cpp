@@ -153,8 +153,9 @@ TEST_P(SeenSolids, AreTheNearestOnes) {
                       : view.type == ChartType::Area ? areaSolids(plot, model)
                                                      : stackedAreaSolids(plot, model);
   int compared = 0, wrong = 0;
-  for (double y = 40.3; y < 700; y += 11)
-    for (double x = 10.7; x < 900; x += 8) {
+  for (int row = 0; row < 60; ++row)
+    for (int column = 0; column < 110; ++column) {
+      const double x = 10.7 + column * 8, y = 40.3 + row * 11;
       const int expected = nearest(plot, solids, {x, y});
       if (expected < 0) continue;
       ++compared;

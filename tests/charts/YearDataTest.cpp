@@ -24,7 +24,7 @@ base::Bytes realYear(const std::string& name) {
 }
 
 #define REQUIRE_REAL_YEAR(bytes) \
-  if (bytes.empty()) GTEST_SKIP() << "no real Access files at " << KALVIRA_JET_FILES
+  if ((bytes).empty()) GTEST_SKIP() << "no real Access files at " << KALVIRA_JET_FILES
 
 TEST(YearData, ReadsAnotherYearWithoutTouchingIt) {
   const base::Bytes before = realYear("filled.kwd");

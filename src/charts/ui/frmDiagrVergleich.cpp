@@ -1,11 +1,22 @@
 #include "charts/ui/frmDiagrVergleich.h"
 
 #include <QGridLayout>
-#include <QTimer>
+#include <filesystem>
 
+#include "base/Paths.h"
 #include "dialogs/Prompts.h"
 
 using namespace Qt::Literals::StringLiterals;
+
+namespace {
+
+bool isSameFile(const std::string& a, const std::string& b) {
+  if (a == b) return true;
+  std::error_code unknown;
+  return std::filesystem::equivalent(base::toPath(a), base::toPath(b), unknown) && !unknown;
+}
+
+}  // namespace
 
 frmDiagrVergleich::frmDiagrVergleich(const dialogs::Services& services, YearSource openYear,
                                      charts::ComparisonSource& other, QWidget* parent)
@@ -52,15 +63,22 @@ void frmDiagrVergleich::cmdAnderesJahrClick() {
       services_.prompts.openFile(this, u"*.kwd (Datenbank)|*.kwd"_s, u"Anderes Jahr öffnen"_s,
                                  QString::fromStdString(services_.paths.DataFolder));
   if (path.isEmpty()) return;
-  otherYear_ = other_.open(path.toStdString());
+  // The open year is locked against a second opening, its own included.
+  otherYear_ = isSameFile(path.toStdString(), services_.paths.YearDatabasePath)
+                   ? openYear()
+                   : other_.open(path.toStdString());
   draw();
 }
 
-void frmDiagrVergleich::draw() {
+charts::YearData frmDiagrVergleich::openYear() const {
   charts::YearData year = openYear_();
   if (!services_.paths.YearDatabaseName.empty())
     year.databaseName = services_.paths.YearDatabaseName;
-  Chart2D1->setModel(charts::comparisonChart(year, otherYear_, index_));
+  return year;
+}
+
+void frmDiagrVergleich::draw() {
+  Chart2D1->setModel(charts::comparisonChart(openYear(), otherYear_, index_));
 }
 
 void frmDiagrVergleich::showEvent(QShowEvent* event) {
@@ -68,5 +86,5 @@ void frmDiagrVergleich::showEvent(QShowEvent* event) {
   if (asked_) return;
   asked_ = true;
   // Over the window, which shows the open year meanwhile.
-  QTimer::singleShot(0, this, &frmDiagrVergleich::cmdAnderesJahrClick);
+  QMetaObject::invokeMethod(this, &frmDiagrVergleich::cmdAnderesJahrClick, Qt::QueuedConnection);
 }

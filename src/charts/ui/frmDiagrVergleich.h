@@ -31,6 +31,7 @@ class frmDiagrVergleich final : public charts::ChartWindow {
   void showEvent(QShowEvent* event) override;
 
  private:
+  charts::YearData openYear() const;
   void draw();
 
   YearSource openYear_;

@@ -349,6 +349,15 @@ TEST_F(ChartWindows, CompareWithTheYearThatIsChosen) {
   EXPECT_EQ(modelOf(*window).series[1].name, "Abwasser / Verbrauch2024");
 }
 
+TEST_F(ChartWindows, CompareTheOpenYearWithItself) {
+  paths_.YearDatabasePath = "/daten/Verbrauch2025.kwd";
+  const auto window = comparison(u"/daten/Verbrauch2025.kwd"_s);
+  EXPECT_TRUE(years_.opened.empty()) << "the file is locked by the open year";
+  ASSERT_EQ(modelOf(*window).series.size(), 2u);
+  EXPECT_EQ(modelOf(*window).series[0].name, modelOf(*window).series[1].name);
+  EXPECT_EQ(modelOf(*window).series[0].values, modelOf(*window).series[1].values);
+}
+
 TEST_F(ChartWindows, KeepTheComparisonWhenTheChoiceIsCancelled) {
   const auto window = comparison({});
   EXPECT_EQ(modelOf(*window).series.size(), 1u);
