@@ -126,8 +126,7 @@ void addFaces(Canvas& canvas, const Disc& disc, const std::vector<Slice>& slices
   }
   if (slices.size() == 1) return;
   for (const Slice& slice : slices)
-    canvas.scene().line({disc.center, disc.at(slice.from)},
-                        Stroke{canvas.theme().outer, 1, false});
+    canvas.scene().line({disc.center, disc.at(slice.from)}, Stroke{canvas.theme().outer, 1, false});
 }
 
 std::string sliceText(const ChartModel& model, const Series& series, const Slice& slice,
