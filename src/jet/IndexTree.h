@@ -54,8 +54,6 @@ class IndexTree {
   base::Result<void> lastChanged(Path& path, const IndexEntry& removed);
   base::Result<void> removeEmptyLeaf(Path& path, const IndexEntry& removed);
   base::Result<void> pullUpOnlyChild(const Visited& root);
-  base::Result<std::uint32_t> writeLevels(std::vector<IndexPage> level,
-                                          std::vector<std::uint32_t>& pages);
 
   Pager* pager_;
   std::uint32_t tableDef_;

@@ -4,7 +4,7 @@
 
 #include "jet/DataPage.h"
 #include "jet/FieldValue.h"
-#include "jet/NewIndex.h"
+#include "jet/IndexLevels.h"
 
 namespace jet {
 namespace {
@@ -253,7 +253,7 @@ Result<void> TableWriter::addKeys(const std::vector<Value>& values, RowPointer r
       key.insert(key.end(), bytes->begin(), bytes->end());
     }
     if (index.primary && !complete) return invalid("Der Primärschlüssel ist leer", index.name);
-    entries_[i].push_back(indexEntry(key, row));
+    entries_[i].push_back(IndexEntry::of(key, row));
     const bool repeated = !keys_[i].insert(std::move(key)).second;
     if (repeated && complete && (index.flags & format::kIndexUnique) != 0)
       return invalid("Ein Schlüssel kommt doppelt vor", index.name);
@@ -263,9 +263,19 @@ Result<void> TableWriter::addKeys(const std::vector<Value>& values, RowPointer r
 
 // The number of distinct keys.
 std::uint32_t TableWriter::writeIndex(std::size_t index) {
-  for (const std::uint32_t number :
-       writeIndexTree(file_, page(), roots_[index], std::move(entries_[index])))
+  std::vector<IndexEntry>& entries = entries_[index];
+  std::sort(entries.begin(), entries.end(),
+            [](const IndexEntry& a, const IndexEntry& b) { return a.bytes < b.bytes; });
+  const auto take = [&](bool root) {
+    const std::uint32_t number = root ? roots_[index] : file_.append();
     file_.setInMap(indexMaps_[index], number);
+    return Result<std::uint32_t>(number);
+  };
+  const auto write = [&](std::uint32_t number, const IndexPage& content) {
+    content.encode(kJet4, file_.page(number));
+    return Result<void>();
+  };
+  base::ignore(writeIndexLevels(kJet4, page(), entries, take, write), "memory does not fail");
   return static_cast<std::uint32_t>(keys_[index].size());
 }
 

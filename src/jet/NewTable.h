@@ -5,6 +5,7 @@
 #include <vector>
 
 #include "base/Result.h"
+#include "jet/IndexPage.h"
 #include "jet/NewFile.h"
 #include "jet/TableDef.h"
 #include "jet/Value.h"
@@ -72,7 +73,7 @@ class TableWriter {
   std::vector<std::uint32_t> longValuePage_;
   std::vector<RowPointer> indexMaps_;
   std::vector<std::uint32_t> roots_;
-  std::vector<std::vector<base::Bytes>> entries_;  // per index
+  std::vector<std::vector<IndexEntry>> entries_;  // per index
   std::vector<std::set<base::Bytes>> keys_;
   std::uint32_t dataPage_ = 0;
   std::uint32_t rowCount_ = 0;
