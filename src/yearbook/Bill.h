@@ -20,13 +20,13 @@ using PerMonth = std::array<T, kMonths>;
 double orZero(std::optional<double> value);
 Money orZero(std::optional<Money> value);
 
-// --- price rules -------------------------------------------------------------------------------
+// --- price rules ---
 Money priceInCent(double consumption, double centPerUnit);  // electricity
 Money priceInEuro(double consumption, double euroPerUnit);  // water, waste water
 Money priceOfGas(double cubicMetres, double factor, double centPerKwh);
 Money vatOn(Money net, double percent);  // net / 100 * percent
 
-// --- one meter over twelve months ----------------------------------------------------------------
+// --- one meter over twelve months ---
 struct MeterMonth {
   std::optional<double> reading;
   std::optional<double> consumption;
@@ -40,7 +40,7 @@ struct MeterTotals {
 };
 MeterTotals sumMeter(const PerMonth<MeterMonth>& months, std::optional<double> startReading);
 
-// --- electricity ---------------------------------------------------------------------------------
+// --- electricity ---
 struct ElectricityInput {
   PerMonth<MeterMonth> day;
   PerMonth<MeterMonth> night;
@@ -62,8 +62,7 @@ struct ElectricityTotals {
 };
 ElectricityTotals summarizeElectricity(const ElectricityInput& input);
 
-// --- water and waste water
-// -------------------------------------------------------------------------
+// --- water and waste water ---
 struct WaterInput {
   PerMonth<MeterMonth> water;
   PerMonth<MeterMonth> wasteWater;
@@ -85,8 +84,7 @@ struct WaterTotals {
 };
 WaterTotals summarizeWater(const WaterInput& input);
 
-// --- gas
-// -------------------------------------------------------------------------------------------
+// --- gas ---
 struct GasInput {
   PerMonth<MeterMonth> gas;
   std::optional<double> start;

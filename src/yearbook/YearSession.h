@@ -51,8 +51,7 @@ class YearSession {
   // The record sources, under the names that the year's tables go by in the windows.
   RecordSource adoStrom, adoWasser, adoGas, adoVerbrM, adoZStaende;
 
-  // --- changes
-  // -------------------------------------------------------------------------------------
+  // --- changes ---
   using Edit = std::function<base::Result<void>()>;
   // Runs the edit in one transaction. On failure everything is as before.
   base::Result<void> transact(const Edit& edit);
@@ -88,9 +87,9 @@ class YearSession {
   base::Result<void> setFlatRate(bool on);
   base::Result<void> saveFlatRate();
 
-  // --- recalculation
-  // --------------------------------------------------------------------------------- Totals from
-  // the rows; PGesammt / PGesammtW and VerbrMonat follow.
+  // --- recalculation ---
+
+  // Totals from the rows; PGesammt or PGesammtW follows.
   base::Result<void> summarize(Utility utility);
   // The five consumptions into VerbrMonat.
   base::Result<void> copyToChartTable();

@@ -1,13 +1,12 @@
 #include "yearbook/ui/Notice.h"
 
+#include <QPainter>
+
 namespace yearbook {
 
 Notice::Notice(QWidget* parent) : QLabel(parent) {
   setObjectName(QStringLiteral("lblHinweis"));
   setAccessibleName(tr("Hinweis"));
-  setBackgroundRole(QPalette::ToolTipBase);
-  setForegroundRole(QPalette::ToolTipText);
-  setAutoFillBackground(true);
   setContentsMargins(10, 4, 10, 4);
   setWordWrap(true);
   setTextInteractionFlags(Qt::TextSelectableByMouse);
@@ -17,6 +16,14 @@ Notice::Notice(QWidget* parent) : QLabel(parent) {
 void Notice::say(const QString& text) {
   setText(text);
   setVisible(!text.isEmpty());
+}
+
+// A tint of the ground, so that it stays quiet in light and dark.
+void Notice::paintEvent(QPaintEvent* event) {
+  QColor color = palette().color(QPalette::Active, QPalette::Highlight);
+  color.setAlpha(60);
+  QPainter(this).fillRect(rect(), color);
+  QLabel::paintEvent(event);
 }
 
 }  // namespace yearbook

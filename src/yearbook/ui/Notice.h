@@ -11,6 +11,9 @@ class Notice final : public QLabel {
   explicit Notice(QWidget* parent);
   // "" hides it.
   void say(const QString& text);
+
+ protected:
+  void paintEvent(QPaintEvent* event) override;
 };
 
 }  // namespace yearbook

@@ -74,11 +74,11 @@ void WaterPage::buildContract() {
          u"Hier können Sie den Start - Monat (den Monat Ihrer Abrechnung) anpassen."_s);
   contract_->addLine(u"Grundgebühr Wasser"_s, txtGrundgebW, u"Euro"_s, cmdWMonatl);
   contract_->addLine(u"MwSt Wasser"_s, txtMwStW, u"%"_s);
-  contract_->addLine(u"darauf MwSt"_s, txtw, u"Euro"_s);
+  contract_->addLine(u"MwSt Grundgebühr"_s, txtw, u"Euro"_s);
   contract_->addLine(u"Startmonat"_s, lblStartmonatW, {}, cmdBeginnW);
   contract_->addLine(u"Grundgebühr Abwasser"_s, txtGrundgebAbW, u"Euro"_s, cmdWWMonatl);
   contract_->addLine(u"MwSt Abwasser"_s, txtMwStAbW, u"%"_s);
-  contract_->addLine(u"darauf MwSt"_s, txtaw, u"Euro"_s);
+  contract_->addLine(u"MwSt Grundgebühr"_s, txtaw, u"Euro"_s);
   txtw->setAccessibleName(u"MwSt auf Grundgebühr Wasser"_s);
   txtaw->setAccessibleName(u"MwSt auf Grundgebühr Abwasser"_s);
   txtMwStAbW->setToolTip(u"Für Abwasser wird keine MwSt berechnet"_s);

@@ -64,6 +64,7 @@ frmVerbrauch::~frmVerbrauch() {
 
 void frmVerbrauch::buildPages() {
   TabStrip->setDocumentMode(true);
+  TabStrip->setAccessibleName(u"Seiten des Jahres"_s);
   TabStrip->addTab(Frame1, u"Zählerstände und Preise Strom"_s);
   TabStrip->addTab(Frame2, u"Zählerstände und Preise Wasser"_s);
   TabStrip->addTab(Frame3, u"Zählerstände und Preise Gas"_s);
@@ -87,7 +88,8 @@ void frmVerbrauch::takeFittingSize() {
     wanted = wanted.expandedTo(page->fullSize());
   wanted += QSize(24, menuBar()->sizeHint().height() + Toolbar1->sizeHint().height() +
                           TabStrip->tabBar()->sizeHint().height() + 8);
-  if (lblHinweis->isVisibleTo(this)) wanted.rheight() += lblHinweis->sizeHint().height();
+  // Room for a notice, which may come later.
+  wanted.rheight() += 2 * fontMetrics().lineSpacing();
   // The title bar and the frame are not part of it.
   constexpr QSize kDecoration(16, 40);
   resize(wanted.boundedTo(screen()->availableSize() - kDecoration));
