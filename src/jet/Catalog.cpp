@@ -41,7 +41,8 @@ std::int64_t numberOr0(const Value& value) {
   return number == nullptr ? 0 : *number;
 }
 
-// Only the columns in question are decoded: others hold long values on pages of their own.
+// Only the columns in question are decoded: others hold long values on pages of their own, and most
+// rows are of no table.
 Result<std::optional<Catalog::Entry>> readEntry(const Pager& pager, const Table& table,
                                                 const CatalogColumns& columns, RowPointer where) {
   auto row = table.stored(where);
@@ -49,16 +50,18 @@ Result<std::optional<Catalog::Entry>> readEntry(const Pager& pager, const Table&
   auto view = RowView::parse(pager.version(), table.def(), row->bytes);
   if (!view) return at(row->place.page, view.error());
   std::array<Value, 4> values;
-  const std::array<std::size_t, 4> wanted = {columns.id, columns.type, columns.name, columns.flags};
+  const std::array<std::size_t, 4> wanted = {columns.type, columns.id, columns.flags, columns.name};
   for (std::size_t i = 0; i < wanted.size(); ++i) {
     auto value = table.decode(*view, wanted[i]);
     if (!value) return at(row->place.page, value.error());
     values[i] = std::move(*value);
+    if (numberOr0(values[0]) != kTypeTable) return std::nullopt;
   }
-  const auto* name = std::get_if<std::string>(&values[2]);
-  if (numberOr0(values[1]) != kTypeTable || name == nullptr) return std::nullopt;
-  return Catalog::Entry{*name, static_cast<std::uint32_t>(numberOr0(values[0]) & kDefinitionMask),
-                        (numberOr0(values[3]) & kSystemFlags) != 0};
+  auto* name = std::get_if<std::string>(&values[3]);
+  if (name == nullptr) return std::nullopt;
+  return Catalog::Entry{std::move(*name),
+                        static_cast<std::uint32_t>(numberOr0(values[1]) & kDefinitionMask),
+                        (numberOr0(values[2]) & kSystemFlags) != 0};
 }
 
 }  // namespace
@@ -77,9 +80,15 @@ Result<Catalog> Catalog::read(Pager& pager) {
     }
     if (*entry) catalog.tables.push_back(std::move(**entry));
   }
-  std::sort(catalog.tables.begin(), catalog.tables.end(), [](const Entry& a, const Entry& b) {
-    return base::lowerCase(a.name) < base::lowerCase(b.name);
-  });
+  std::vector<std::pair<std::string, Entry>> sorted;
+  for (Entry& entry : catalog.tables) {
+    std::string key = base::lowerCase(entry.name);
+    sorted.emplace_back(std::move(key), std::move(entry));
+  }
+  std::stable_sort(sorted.begin(), sorted.end(),
+                   [](const auto& a, const auto& b) { return a.first < b.first; });
+  catalog.tables.clear();
+  for (auto& [key, entry] : sorted) catalog.tables.push_back(std::move(entry));
   return catalog;
 }
 

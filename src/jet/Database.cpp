@@ -168,6 +168,7 @@ Result<RecordSet> Database::openTable(std::string_view name) {
   auto state = std::make_unique<RecordSet::State>();
   state->database = state_.get();
   state->table = std::move(*table);
+  state->columns.reserve(state->table->def().columns.size());
   for (const ColumnDef& def : state->table->def().columns) state->columns.push_back(def.column);
   return RecordSet(std::move(state));
 }

@@ -1,6 +1,7 @@
 #include "jet/FieldText.h"
 
 #include <algorithm>
+#include <optional>
 
 #include "base/TextCodec.h"
 
@@ -42,7 +43,27 @@ Result<std::u16string> decompress(ByteSpan bytes) {
   return text;
 }
 
+bool isAscii(ByteSpan bytes) {
+  return std::all_of(bytes.begin(), bytes.end(), [](std::uint8_t b) { return b - 1u < 0x7Fu; });
+}
+
+// Most texts and names are plain ASCII, which needs no way through UTF-16.
+std::optional<std::string> decodePlain(ByteSpan bytes) {
+  if (isCompressed(bytes)) {
+    const ByteSpan text = bytes.subspan(kMarkSize);
+    if (!isAscii(text)) return std::nullopt;
+    return std::string(text.begin(), text.end());
+  }
+  std::string text(bytes.size() / 2, '\0');
+  for (std::size_t i = 0; i < text.size(); ++i) {
+    if (bytes[2 * i] >= 0x80 || bytes[2 * i + 1] != 0) return std::nullopt;
+    text[i] = static_cast<char>(bytes[2 * i]);
+  }
+  return bytes.size() % 2 == 0 ? std::optional(std::move(text)) : std::nullopt;
+}
+
 Result<std::string> decodeUnicode(ByteSpan bytes) {
+  if (auto text = decodePlain(bytes)) return std::move(*text);
   if (isCompressed(bytes)) {
     auto text = decompress(bytes);
     if (!text) return base::Failure(text.error());

@@ -35,6 +35,16 @@ bool passwordIsSet(const format::HeaderFormat& header, const base::Bytes& bytes)
   return std::any_of(password.begin(), password.end(), [](std::uint8_t b) { return b != 0; });
 }
 
+// The key stream that masks page 0, the same for every file.
+const std::array<std::uint8_t, HeaderPage::kBytes>& headerMask() {
+  static const auto kMask = [] {
+    std::array<std::uint8_t, HeaderPage::kBytes> mask{};
+    applyRc4(format::kMaskKey, std::span(mask).subspan(format::kMaskStart));
+    return mask;
+  }();
+  return kMask;
+}
+
 }  // namespace
 
 base::Result<HeaderPage> HeaderPage::parse(base::ByteSpan start) {
@@ -53,7 +63,8 @@ base::Result<HeaderPage> HeaderPage::parse(base::ByteSpan start) {
 
   const format::HeaderFormat& layout = header.version->header;
   base::Bytes bytes(start.begin(), start.begin() + static_cast<std::ptrdiff_t>(layout.size));
-  applyRc4(format::kMaskKey, std::span(bytes).subspan(format::kMaskStart));
+  const auto& mask = headerMask();
+  for (std::size_t i = 0; i < bytes.size(); ++i) bytes[i] ^= mask[i];
   header.pageKey = layout.pageKey.get(bytes);
   header.hasPassword = passwordIsSet(layout, bytes);
   return header;

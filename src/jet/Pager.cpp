@@ -1,5 +1,6 @@
 #include "jet/Pager.h"
 
+#include <algorithm>
 #include <array>
 #include <cassert>
 
@@ -23,7 +24,9 @@ bool meansReadOnly(ErrorCode code) {
 
 }  // namespace
 
-Pager::Pager(base::FileSystem& files, std::string path) : files_(&files), path_(std::move(path)) {}
+Pager::Pager(base::FileSystem& files, std::string path) : files_(&files), path_(std::move(path)) {
+  cache_.reserve(64);
+}
 
 Result<std::unique_ptr<Pager>> Pager::open(base::FileSystem& files, const std::string& path,
                                            Options options) {
@@ -53,10 +56,14 @@ Result<void> Pager::openFile(Options options) {
 }
 
 Result<void> Pager::readHeader(Options options) {
-  auto size = file_->size();
-  if (!size) return Failure(size.error());
-  base::Bytes start(static_cast<std::size_t>(std::min<std::uint64_t>(*size, HeaderPage::kBytes)));
-  if (auto read = file_->readAt(0, start); !read) return read;
+  base::Bytes start(HeaderPage::kBytes);
+  if (auto read = file_->readAt(0, start); !read) {
+    // A shorter file tells at least whether it was a database.
+    auto size = file_->size();
+    if (!size || *size >= start.size()) return read;
+    start.resize(static_cast<std::size_t>(*size));
+    if (auto rest = file_->readAt(0, start); !rest) return rest;
+  }
   auto header = HeaderPage::parse(start);
   if (!header) return Failure(header.error());
   if (header->pageKey != 0 && !options.acceptEncryption)
@@ -70,6 +77,9 @@ Result<void> Pager::readHeader(Options options) {
 // A journal that cannot be completed (no space, no permission) still tells the file's new state,
 // so the data are shown from it and only changes are refused.
 Result<void> Pager::openForWriting() {
+  // Nearly always there is none, and one look is cheaper than an attempt to open and remove it.
+  const auto journal = files_->info(journal_->path());
+  if (!journal && journal.error().code == ErrorCode::NotFound) return {};
   auto recovered = journal_->recover(*file_);
   if (recovered) return {};
   readOnlyReason_ = recovered.error();
@@ -110,15 +120,16 @@ void Pager::decode(std::uint32_t number, std::span<std::uint8_t> bytes) const {
   applyRc4(std::bit_cast<std::array<std::uint8_t, 4>>(key), bytes);
 }
 
-Result<base::Bytes> Pager::readFromDisk(std::uint32_t number) const {
-  base::Bytes bytes(version().pageSize);
-  const std::uint64_t offset = std::uint64_t{number} * version().pageSize;
-  if (auto read = file_->readAt(offset, bytes); !read) {
+Result<PageRef> Pager::readFromDisk(std::uint32_t number) const {
+  const std::size_t size = version().pageSize;
+  auto buffer = std::make_shared_for_overwrite<std::uint8_t[]>(size);
+  const std::span<std::uint8_t> bytes(buffer.get(), size);
+  if (auto read = file_->readAt(std::uint64_t{number} * size, bytes); !read) {
     Failure failure = at(number, read.error());
     return located(failure.value());
   }
   decode(number, bytes);
-  return bytes;
+  return PageRef(std::move(buffer), size);
 }
 
 Result<PageRef> Pager::page(std::uint32_t number) const {
@@ -130,10 +141,10 @@ Result<PageRef> Pager::page(std::uint32_t number) const {
     Failure failure = at(number, beyond.value());
     return located(failure.value());
   }
-  auto bytes = readFromDisk(number);
-  if (!bytes) return Failure(bytes.error());
+  auto read = readFromDisk(number);
+  if (!read) return read;
   if (cache_.size() >= kCachedPages) cache_.clear();
-  return cache_[number] = std::make_shared<const base::Bytes>(std::move(*bytes));
+  return cache_[number] = std::move(*read);
 }
 
 Result<PageRef> Pager::page(std::uint32_t number, format::PageKind kind) const {
@@ -158,7 +169,9 @@ Result<std::span<std::uint8_t>> Pager::edit(std::uint32_t number) {
     auto current = page(number);
     if (!current) return Failure(current.error());
     originals_[number] = *current;
-    it = dirty_.emplace(number, std::make_shared<base::Bytes>(**current)).first;
+    it = dirty_
+             .emplace(number, std::make_shared<base::Bytes>((**current).begin(), (**current).end()))
+             .first;
   }
   return std::span<std::uint8_t>(*it->second);
 }
@@ -201,7 +214,10 @@ PageImages Pager::changedImages() const {
   PageImages images;
   for (const auto& [number, bytes] : dirty_) {
     const auto original = originals_.find(number);
-    if (original != originals_.end() && *original->second == *bytes) continue;
+    if (original != originals_.end()) {
+      const base::ByteSpan old = *original->second;
+      if (std::equal(old.begin(), old.end(), bytes->begin(), bytes->end())) continue;
+    }
     base::Bytes image = *bytes;
     decode(number, image);
     images.emplace(number, std::move(image));
@@ -212,8 +228,9 @@ PageImages Pager::changedImages() const {
 // The content that the changes were made on, for the journal to compare with the disk.
 PageImages Pager::originalImages() const {
   PageImages images;
-  for (const auto& [number, bytes] : originals_) {
-    base::Bytes image = *bytes;
+  for (const auto& [number, page] : originals_) {
+    const base::ByteSpan bytes = *page;
+    base::Bytes image(bytes.begin(), bytes.end());
     decode(number, image);
     images.emplace(number, std::move(image));
   }
@@ -252,7 +269,7 @@ Result<void> Pager::commit() {
       break;
     case Journal::Outcome::Stored:
       storedPageCount_ = pageCount_;
-      for (auto& [number, bytes] : dirty_) cache_[number] = bytes;
+      for (auto& [number, bytes] : dirty_) cache_[number] = PageRef(bytes);
       break;
   }
   rollback();

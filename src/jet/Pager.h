@@ -15,7 +15,20 @@ namespace jet {
 
 // A page's content as it reads after decryption. Holding it keeps the bytes alive; a page that is
 // edited afterwards may or may not show the change.
-using PageRef = std::shared_ptr<const base::Bytes>;
+class PageRef {
+ public:
+  PageRef() = default;
+  PageRef(std::shared_ptr<const std::uint8_t[]> bytes, std::size_t size)
+      : bytes_(std::move(bytes)), size_(size) {}
+  explicit PageRef(const std::shared_ptr<base::Bytes>& bytes)
+      : bytes_(bytes, bytes->data()), size_(bytes->size()) {}
+
+  base::ByteSpan operator*() const { return {bytes_.get(), size_}; }
+
+ private:
+  std::shared_ptr<const std::uint8_t[]> bytes_;
+  std::size_t size_ = 0;
+};
 
 // The file as numbered pages: reading through a bounded cache, changes in memory until they are
 // committed as a whole. Knows the kinds of pages, not what is in them.
@@ -87,7 +100,7 @@ class Pager {
   base::Result<void> readHeader(Options options);
   base::Result<void> measure();
   void decode(std::uint32_t number, std::span<std::uint8_t> bytes) const;
-  base::Result<base::Bytes> readFromDisk(std::uint32_t number) const;
+  base::Result<PageRef> readFromDisk(std::uint32_t number) const;
   base::Result<void> checkSizeOnDisk() const;
   PageImages changedImages() const;
   PageImages originalImages() const;

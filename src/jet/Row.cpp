@@ -15,8 +15,7 @@ base::Failure wrong(const char* detail) {
 }
 
 std::uint32_t number(ByteSpan bytes, std::size_t offset, std::size_t width) {
-  const format::Field field{static_cast<std::uint16_t>(offset), static_cast<std::uint8_t>(width)};
-  return field.get(bytes);
+  return width == 1 ? bytes[offset] : bytes[offset] | std::uint32_t{bytes[offset + 1]} << 8;
 }
 
 void appendNumber(base::Bytes& bytes, std::size_t value, std::size_t width) {
@@ -32,32 +31,34 @@ void append(base::Bytes& bytes, ByteSpan more) {
 
 Result<RowView> RowView::parse(const format::Version& version, const TableDef& table,
                                ByteSpan bytes) {
-  const format::RowFormat& layout = version.row;
-  RowView row;
-  row.bytes_ = bytes;
-  if (bytes.size() < layout.numberWidth) return wrong("Datensatz ist leer");
-  row.columnCount_ = number(bytes, 0, layout.numberWidth);
-  const std::size_t maskSize = (row.columnCount_ + 7) / 8;
-  if (row.columnCount_ > table.maxColumns) return wrong("Datensatz hat zu viele Felder");
-  if (bytes.size() < layout.numberWidth + maskSize) return wrong("Datensatz ist zu kurz");
-  row.mask_ = bytes.subspan(bytes.size() - maskSize);
-  if (table.variableSlots > 0) {
-    if (auto done = row.parseVariable(layout, table.variableSlots); !done)
-      return base::Failure(done.error());
-  } else {
-    row.fixed_ = bytes.subspan(layout.numberWidth, bytes.size() - maskSize - layout.numberWidth);
-  }
+  // Read where it is returned: a view is large.
+  Result<RowView> row{RowView()};
+  if (auto done = row->read(version.row, table, bytes); !done) row = base::Failure(done.error());
   return row;
+}
+
+Result<void> RowView::read(const format::RowFormat& layout, const TableDef& table, ByteSpan bytes) {
+  bytes_ = bytes;
+  if (bytes.size() < layout.numberWidth) return wrong("Datensatz ist leer");
+  columnCount_ = number(bytes, 0, layout.numberWidth);
+  const std::size_t maskSize = (columnCount_ + 7) / 8;
+  if (columnCount_ > table.maxColumns) return wrong("Datensatz hat zu viele Felder");
+  if (bytes.size() < layout.numberWidth + maskSize) return wrong("Datensatz ist zu kurz");
+  mask_ = bytes.subspan(bytes.size() - maskSize);
+  if (table.variableSlots > 0) return readVariable(layout, table.variableSlots);
+  fixed_ = bytes.subspan(layout.numberWidth, bytes.size() - maskSize - layout.numberWidth);
+  return {};
 }
 
 // From the back: null mask, number of variable columns, jump table, offsets in reverse, and the end
 // of the last value in front of them.
-Result<void> RowView::parseVariable(const format::RowFormat& layout, std::size_t slots) {
+Result<void> RowView::readVariable(const format::RowFormat& layout, std::size_t slots) {
   const std::size_t width = layout.numberWidth;
   const std::size_t size = bytes_.size() - mask_.size();
   if (size < 3 * width) return wrong("Datensatz ist zu kurz");
   const std::size_t count = number(bytes_, size - width, width);
-  if (count > slots) return wrong("Datensatz hat zu viele Felder veränderlicher Länge");
+  if (count > slots || count + 1 >= starts_.size())
+    return wrong("Datensatz hat zu viele Felder veränderlicher Länge");
 
   // Offsets of one byte: the jump table names the columns from which 256 more are to be added. It
   // has an entry for each 256 bytes of the row, the last of which may not be needed.
@@ -68,14 +69,16 @@ Result<void> RowView::parseVariable(const format::RowFormat& layout, std::size_t
   const std::size_t firstOffset = size - width - entries - width;
   const std::size_t jumps =
       entries > 0 && (firstOffset - count) / 256 < entries ? entries - 1 : entries;
-  starts_.resize(count + 1);
+  variableCount_ = count;
   std::size_t used = 0;
+  std::size_t previous = width;
   for (std::size_t slot = 0; slot <= count; ++slot) {
     while (used < jumps && slot == bytes_[size - width - 1 - used]) ++used;
-    starts_[slot] = number(bytes_, firstOffset - slot * width, width) + 256 * used;
-    const std::size_t previous = slot == 0 ? width : starts_[slot - 1];
-    if (starts_[slot] < previous || starts_[slot] > tableStart)
+    const std::size_t start = number(bytes_, firstOffset - slot * width, width) + 256 * used;
+    if (start < previous || start > tableStart)
       return wrong("Feldgrenzen eines Datensatzes sind falsch");
+    starts_[slot] = static_cast<std::uint16_t>(start);
+    previous = start;
   }
   fixed_ = bytes_.subspan(width, starts_[0] - width);
   return {};

@@ -1,5 +1,6 @@
 #pragma once
 
+#include <array>
 #include <cstdint>
 #include <optional>
 #include <vector>
@@ -27,19 +28,24 @@ class RowView {
 
   base::ByteSpan fixedPart() const { return fixed_; }
   base::ByteSpan nullMask() const { return mask_; }
-  std::size_t variableCount() const { return starts_.empty() ? 0 : starts_.size() - 1; }
+  std::size_t variableCount() const { return variableCount_; }
   base::ByteSpan variable(std::size_t slot) const {
-    return bytes_.subspan(starts_[slot], starts_[slot + 1] - starts_[slot]);
+    return bytes_.subspan(starts_[slot], std::size_t{starts_[slot + 1]} - starts_[slot]);
   }
 
  private:
-  base::Result<void> parseVariable(const format::RowFormat& layout, std::size_t slots);
+  RowView() = default;
+  base::Result<void> read(const format::RowFormat& layout, const TableDef& table,
+                          base::ByteSpan bytes);
+  base::Result<void> readVariable(const format::RowFormat& layout, std::size_t slots);
 
   base::ByteSpan bytes_;
   base::ByteSpan fixed_;
   base::ByteSpan mask_;
   std::size_t columnCount_ = 0;
-  std::vector<std::size_t> starts_;  // of the variable columns, and the end of the last
+  std::size_t variableCount_ = 0;
+  // Of the variable columns, and the end of the last. Not on the heap: rows are many.
+  std::array<std::uint16_t, 257> starts_;
 };
 
 // The parts of a row with copies of its values, to change some and write it anew. Raw bytes of

@@ -81,7 +81,7 @@ Result<void> Table::scanPage(std::uint32_t number, std::vector<RowPointer>& rows
 }
 
 Result<Table::StoredRow> Table::stored(RowPointer home) const {
-  StoredRow row{home, home, nullptr, {}, 0};
+  StoredRow row{home, home, {}, {}, 0};
   for (; row.pointers < kMaxPointerSteps; ++row.pointers) {
     auto data = ownPage(row.place.page, row.page);
     if (!data) return Failure(data.error());
@@ -107,15 +107,18 @@ Result<Value> Table::decode(const RowView& row, std::size_t column) const {
   if (def.column.type == ColumnType::Boolean) return row.bit(def.column.number);
   const auto field = row.field(def);
   if (!field) return Null();
-  Result<Value> value = Null();
-  if (def.isLongValue()) {
-    auto bytes = readLongValue(*pager_, *field);
-    if (!bytes) return about(name_ + "." + def.column.name, bytes.error());
-    value = decodeField(def, *bytes);
-  } else {
-    value = decodeField(def, *field);
-  }
-  if (!value) return about(name_ + "." + def.column.name, value.error());
+  return def.isLongValue() ? decodeLong(def, *field) : decodeStored(def, *field);
+}
+
+Result<Value> Table::decodeLong(const ColumnDef& def, base::ByteSpan field) const {
+  auto bytes = readLongValue(*pager_, field);
+  if (!bytes) return about(name_ + "." + def.column.name, bytes.error());
+  return decodeStored(def, *bytes);
+}
+
+Result<Value> Table::decodeStored(const ColumnDef& def, base::ByteSpan bytes) const {
+  Result<Value> value = decodeField(def, bytes);
+  if (!value) value = about(name_ + "." + def.column.name, value.error());
   return value;
 }
 

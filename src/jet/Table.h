@@ -55,6 +55,8 @@ class Table {
 
  private:
   Table(Pager& pager, std::uint32_t definition, std::string name);
+  base::Result<Value> decodeLong(const ColumnDef& column, base::ByteSpan field) const;
+  base::Result<Value> decodeStored(const ColumnDef& column, base::ByteSpan bytes) const;
   base::Result<DataPage> ownPage(std::uint32_t number, PageRef& page) const;
   base::Result<void> scanPage(std::uint32_t number, std::vector<RowPointer>& rows) const;
 

@@ -1,7 +1,7 @@
 #include "jet/TableDef.h"
 
 #include <algorithm>
-#include <set>
+#include <bitset>
 
 #include "base/Paths.h"
 #include "jet/Damage.h"
@@ -43,7 +43,9 @@ class DefinitionReader {
   const Pager& pager_;
   const format::Version& format_;
   TableDef& table_;
-  base::Bytes bytes_;
+  ByteSpan bytes_;      // the whole definition
+  PageRef firstPage_;   // which holds it, unless there are more pages
+  base::Bytes joined_;  // their content then
   std::size_t position_ = 0;
   std::size_t columnCount_ = 0;
   std::size_t indexCount_ = 0;
@@ -60,40 +62,48 @@ Result<void> DefinitionReader::read() {
   if (auto done = readLogicalIndexes(); !done) return done;
   if (auto done = readLongValueMaps(); !done) return done;
   // Two passes, as the maps name columns by number in the order of their records.
-  std::sort(
-      table_.columns.begin(), table_.columns.end(),
-      [](const ColumnDef& a, const ColumnDef& b) { return a.column.number < b.column.number; });
+  const auto before = [](const ColumnDef& a, const ColumnDef& b) {
+    return a.column.number < b.column.number;
+  };
+  if (!std::is_sorted(table_.columns.begin(), table_.columns.end(), before))
+    std::sort(table_.columns.begin(), table_.columns.end(), before);
   return {};
 }
 
 Result<void> DefinitionReader::collectPages() {
   constexpr format::Field kNext = JET_FIELD(format::TableDefPage, next);
-  std::set<std::uint32_t> seen;
-  std::size_t length = 0;
+  std::vector<std::uint32_t>& seen = table_.pages;
   for (std::uint32_t number = table_.page; number != 0;) {
-    if (!seen.insert(number).second || seen.size() > kMaxDefinitionPages)
+    const bool known = std::find(seen.begin(), seen.end(), number) != seen.end();
+    if (known || seen.size() == kMaxDefinitionPages)
       return damaged(number, "Tabellendefinition läuft im Kreis");
     auto page = pager_.page(number, PageKind::TableDef);
     if (!page) return Failure(page.error());
     const ByteSpan content(**page);
-    const bool first = table_.pages.empty();
-    const ByteSpan part = first ? content : content.subspan(sizeof(format::TableDefPage));
-    bytes_.insert(bytes_.end(), part.begin(), part.end());
-    if (first) length = format_.table.length.get(bytes_);
-    table_.pages.push_back(number);
-    number = kNext.get(content);
+    const bool first = seen.empty();
+    const std::uint32_t following = kNext.get(content);
+    if (first) {
+      firstPage_ = *page;
+      bytes_ = content;
+    }
+    if (first && following != 0) joined_.assign(content.begin(), content.end());
+    if (!first)
+      joined_.insert(joined_.end(), content.begin() + sizeof(format::TableDefPage), content.end());
+    seen.push_back(number);
+    number = following;
   }
+  if (!joined_.empty()) bytes_ = joined_;
+  const std::size_t length = format_.table.length.get(bytes_);
   if (length < format_.table.headSize || length > bytes_.size())
     return wrong("Länge der Tabellendefinition ist falsch");
-  bytes_.resize(length);
+  bytes_ = bytes_.first(length);
   return {};
 }
 
 Result<ByteSpan> DefinitionReader::next(std::size_t length) {
-  auto part = base::ByteView(bytes_).slice(position_, length);
-  if (!part) return wrong("Tabellendefinition endet zu früh");
+  if (length > bytes_.size() - position_) return wrong("Tabellendefinition endet zu früh");
   position_ += length;
-  return part;
+  return bytes_.subspan(position_ - length, length);
 }
 
 Result<std::string> DefinitionReader::nextName() {
@@ -132,6 +142,7 @@ Result<void> DefinitionReader::readHead() {
 }
 
 Result<void> DefinitionReader::readColumns() {
+  table_.columns.reserve(columnCount_);
   for (std::size_t i = 0; i < columnCount_; ++i) {
     auto record = next(format_.column.size);
     if (!record) return Failure(record.error());
@@ -155,7 +166,7 @@ TextOrder textOrderOf(const format::Version& format, ByteSpan record) {
 
 Result<void> DefinitionReader::readColumn(ByteSpan record) {
   const format::ColumnFormat& layout = format_.column;
-  ColumnDef def;
+  ColumnDef& def = table_.columns.emplace_back();
   Column& column = def.column;
   column.type = static_cast<ColumnType>(layout.type.get(record));
   column.number = static_cast<int>(layout.number.get(record));
@@ -178,19 +189,19 @@ Result<void> DefinitionReader::readColumn(ByteSpan record) {
   if (column.fixedLength && !isBit)
     table_.fixedLength =
         std::max(table_.fixedLength, def.fixedOffset + static_cast<std::size_t>(column.length));
-  table_.columns.push_back(std::move(def));
   return {};
 }
 
 Result<void> DefinitionReader::checkColumns() {
-  std::set<int> numbers;
+  std::bitset<kMaxColumns> numbers;
   for (const ColumnDef& def : table_.columns) {
     const Column& column = def.column;
+    const auto number = static_cast<std::size_t>(column.number);
     const bool sound =
-        static_cast<std::size_t>(column.number) < table_.maxColumns &&
-        numbers.insert(column.number).second &&
+        number < table_.maxColumns && !numbers[number] &&
         (def.isFixed() || column.type == ColumnType::Boolean || def.slot < table_.variableSlots);
     if (!sound) return wrong("Feld \"" + column.name + "\" ist falsch beschrieben");
+    numbers.set(number);
   }
   if (table_.fixedLength > format_.pageSize)
     return wrong("Feste Felder sind länger als eine Seite");
@@ -239,6 +250,7 @@ Result<void> DefinitionReader::readIndex(ByteSpan record) {
 
 Result<void> DefinitionReader::readLogicalIndexes() {
   const format::IndexFormat& layout = format_.index;
+  if (logicalCount_ == 0) return {};
   std::vector<const ColumnDef*> byNumber;
   for (const ColumnDef& column : table_.columns) byNumber.push_back(&column);
   std::sort(byNumber.begin(), byNumber.end(), [](const ColumnDef* a, const ColumnDef* b) {

@@ -14,15 +14,25 @@ namespace jet::format {
 // A field that a version does not have reads as 0, and writing it does nothing.
 struct Field {
   std::uint16_t offset = 0;
-  std::uint8_t width = 0;  // 1 to 4; 0 = this version has no such field
+  std::uint8_t width = 0;  // 1, 2 or 4; 0 = this version has no such field
 
   constexpr bool present() const { return width != 0; }
 
   std::uint32_t get(base::ByteSpan record) const {
     assert(std::size_t{offset} + width <= record.size());
-    std::uint32_t value = 0;
-    for (int i = width; i-- > 0;) value = value << 8 | record[offset + static_cast<unsigned>(i)];
-    return value;
+    // By width, so that each is a single load.
+    const std::uint8_t* bytes = record.data() + offset;
+    switch (width) {
+      case 1:
+        return bytes[0];
+      case 2:
+        return bytes[0] | std::uint32_t{bytes[1]} << 8;
+      case 4:
+        return bytes[0] | std::uint32_t{bytes[1]} << 8 | std::uint32_t{bytes[2]} << 16 |
+               std::uint32_t{bytes[3]} << 24;
+      default:
+        return 0;
+    }
   }
   void set(std::span<std::uint8_t> record, std::uint32_t value) const {
     assert(std::size_t{offset} + width <= record.size());
