@@ -25,7 +25,7 @@ void compareEntry(const jet::Table& table, const jet::IndexDef& index, const jet
   std::vector<jet::KeyPart> parts;
   std::vector<jet::Value> values;
   const jet::format::Version& version =
-      stored->page->size() == 2048 ? jet::format::kJet3 : jet::format::kJet4;
+      (*stored->page).size() == 2048 ? jet::format::kJet3 : jet::format::kJet4;
   const auto view = jet::RowView::parse(version, table.def(), stored->bytes);
   ASSERT_TRUE(view) << where;
   for (const jet::IndexDef::Part& part : index.parts) {
