@@ -1,20 +1,12 @@
 # The layers as libraries. Sources are globbed with CONFIGURE_DEPENDS: a layer is all files of its
 # folder, and a file that is forgotten in a list cannot exist.
 
-macro(kalvira_fill list)
-  if(NOT ${list})
-    file(WRITE ${CMAKE_BINARY_DIR}/empty.cpp "")
-    set(${list} ${CMAKE_BINARY_DIR}/empty.cpp)
-  endif()
-endmacro()
-
 # kalvira_library(NAME DEPENDS lib...): pure C++, never links Qt, so a Qt include does not compile.
 function(kalvira_library name)
   cmake_parse_arguments(ARG "" "" "DEPENDS" ${ARGN})
   file(GLOB_RECURSE sources CONFIGURE_DEPENDS ${CMAKE_CURRENT_SOURCE_DIR}/${name}/*.cpp
        ${CMAKE_CURRENT_SOURCE_DIR}/${name}/*.h)
   list(FILTER sources EXCLUDE REGEX "/${name}/ui/")
-  kalvira_fill(sources)
   add_library(${name} STATIC ${sources})
   set_target_properties(${name} PROPERTIES LINKER_LANGUAGE CXX)
   target_include_directories(${name} PUBLIC ${CMAKE_CURRENT_SOURCE_DIR})
@@ -26,7 +18,6 @@ function(kalvira_ui_library name)
   cmake_parse_arguments(ARG "" "FOLDER" "DEPENDS" ${ARGN})
   file(GLOB sources CONFIGURE_DEPENDS ${CMAKE_CURRENT_SOURCE_DIR}/${ARG_FOLDER}/*.cpp
        ${CMAKE_CURRENT_SOURCE_DIR}/${ARG_FOLDER}/*.h)
-  kalvira_fill(sources)
   add_library(${name} STATIC ${sources})
   set_target_properties(${name} PROPERTIES LINKER_LANGUAGE CXX AUTOMOC ON)
   target_compile_definitions(${name} PUBLIC QT_NO_CAST_FROM_ASCII QT_NO_CAST_TO_ASCII
@@ -48,7 +39,9 @@ function(kalvira_test name)
   target_link_libraries(${name} PRIVATE ${ARG_DEPENDS} GTest::gmock)
   target_compile_definitions(${name} PRIVATE
     KALVIRA_TEST_DATA="${CMAKE_SOURCE_DIR}/tests/data" KALVIRA_GOLDEN="${CMAKE_SOURCE_DIR}/tests/golden"
-    KALVIRA_JET_FILES="${KALVIRA_JET_FILES}" KALVIRA_BIN="${CMAKE_BINARY_DIR}/bin")
+    KALVIRA_JET_FILES="${KALVIRA_JET_FILES}" KALVIRA_BIN="${CMAKE_BINARY_DIR}/bin"
+    KALVIRA_TEST_SOURCES="${CMAKE_SOURCE_DIR}/tests"
+    KALVIRA_NODE_MODULES="${CMAKE_SOURCE_DIR}/build/node")
   if(NOT ARG_TIMEOUT)
     set(ARG_TIMEOUT 300)
   endif()
