@@ -16,7 +16,7 @@ T* control(QWidget* parent, const char* name, Args&&... args) {
   return widget;
 }
 
-// Member k of an array is named NAME_k. array(3) reads like the requirements' txtVerbrauch(3).
+// Member k of an array is named NAME_k. txtVerbrauch(3) is its member 3.
 template <class T, int count>
 class ControlArray {
  public:

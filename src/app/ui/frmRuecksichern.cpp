@@ -81,6 +81,7 @@ void frmRuecksichern::buildLayout() {
   lblFilename->setFrameShape(QFrame::StyledPanel);
   lblFilename->setTextFormat(Qt::PlainText);
   lblFilename->setMargin(4);
+  lblFilename->setSizePolicy(QSizePolicy::Ignored, QSizePolicy::Preferred);
   FilesWechsel->setSelectionMode(QAbstractItemView::NoSelection);
   FilesWechsel->setFocusPolicy(Qt::NoFocus);
   auto* grid = new QGridLayout(this);
@@ -142,6 +143,7 @@ void frmRuecksichern::Dir1Change() {
 
 void frmRuecksichern::File3Click(const QString& name) {
   lblFilename->setText(name);
+  lblFilename->setToolTip(name);
   Command1->setText(u"Ausgewählte Datei wiederherstellen"_s);
   markSideFiles();
 }

@@ -94,6 +94,7 @@ void frmVerbrStart::tellLater(const base::Error& error) {
 
 void frmVerbrStart::filFilesClick(const QString& name) {
   lblFilename->setText(name);
+  lblFilename->setToolTip(name);
   app::selectYear(services_.paths, services_.files, name.toStdString());
 }
 

@@ -99,6 +99,9 @@ void frmVerbrStart::buildLayout() {
   lblFilename->setWordWrap(true);
   lblFilename->setMinimumHeight(lblFilename->fontMetrics().lineSpacing() * 2);
   lblFilename->setAlignment(Qt::AlignTop | Qt::AlignLeft);
+  // A long name without blanks must not push the window off the screen.
+  for (QLabel* label : {lblFilename, lblDatenordner})
+    label->setSizePolicy(QSizePolicy::Ignored, QSizePolicy::Preferred);
   cmdHausrat->setIcon(widgets::icon(u"jahr"_s));
   cmdHausrat->setIconSize(QSize(32, 32));
   cmdHausrat->setMinimumHeight(56);

@@ -117,14 +117,21 @@ void frmHochrechnung::buildForm() {
   lblInklGrundgeb->setAccessibleName(u"Verbrauch + Grundgebühr"_s);
   Label8->setBuddy(lblInklGrundgeb);
   form->addRow(Label8, lblInklGrundgeb);
-  Label8->hide();
-  lblInklGrundgeb->hide();
+  for (QWidget* optional : {static_cast<QWidget*>(Label8), static_cast<QWidget*>(lblInklGrundgeb)}) {
+    // The line keeps its room, so that nothing moves when it appears.
+    QSizePolicy policy = optional->sizePolicy();
+    policy.setRetainSizeWhenHidden(true);
+    optional->setSizePolicy(policy);
+    optional->hide();
+  }
 }
 
 void frmHochrechnung::buildLayout() {
   for (QLabel* note : {Label2, lblHinweis}) {
     note->setWordWrap(true);
     note->setMinimumWidth(fontMetrics().averageCharWidth() * 60);
+    // A group hands on no height that depends on the width: the note would lose its second line.
+    note->setMinimumHeight(note->heightForWidth(note->minimumWidth()));
   }
   buildForm();
   auto* buttons = new QHBoxLayout;

@@ -80,6 +80,7 @@ void frmVerbrauch::buildOptionsMenu() {
 
 void frmVerbrauch::buildToolbar() {
   Toolbar1->setWindowTitle(u"Symbolleiste"_s);
+  Toolbar1->setAccessibleName(Toolbar1->windowTitle());
   Toolbar1->setMovable(false);
   Toolbar1->setContextMenuPolicy(Qt::PreventContextMenu);
   Toolbar1->setToolButtonStyle(Qt::ToolButtonTextBesideIcon);
