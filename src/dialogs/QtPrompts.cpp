@@ -95,6 +95,8 @@ std::optional<QString> QtPrompts::input(QWidget* owner, const QString& prompt, c
   dialog.setWindowTitle(titleOrName(title));
   dialog.setLabelText(prompt);
   dialog.setTextValue(preset);
+  // The title is part of the question: it gets room beside the frame's buttons.
+  dialog.setMinimumWidth(dialog.fontMetrics().horizontalAdvance(dialog.windowTitle()) + 160);
   if (dialog.exec() != QDialog::Accepted) return std::nullopt;
   return dialog.textValue();
 }
