@@ -53,6 +53,8 @@ function(kalvira_test name)
   else()
     target_link_libraries(${name} PRIVATE test_support GTest::gmock_main)
     add_test(NAME ${name} COMMAND ${name})
+    # The independent readers take umlauts in their arguments only where the locale has them.
+    set_tests_properties(${name} PROPERTIES ENVIRONMENT "LC_ALL=C.UTF-8")
   endif()
   set_tests_properties(${name} PROPERTIES TIMEOUT ${ARG_TIMEOUT})
 endfunction()
