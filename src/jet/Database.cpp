@@ -177,11 +177,26 @@ Result<void> Database::begin() {
   return state_->pager->begin();
 }
 Result<void> Database::commit() {
-  return state_->pager->commit();
+  auto done = state_->pager->commit();
+  if (!done) state_->forgetRebuilt();
+  state_->rebuilt.clear();
+  return done;
 }
+
 void Database::rollback() {
   state_->pager->rollback();
+  state_->forgetRebuilt();
 }
+
+void Database::State::forgetRebuilt() {
+  for (const std::uint32_t page : rebuilt) {
+    Table& table = *tables[page];
+    base::ignore(table.reload(), "it could be read before the transaction that is undone");
+    if (table.rowCount() <= kRowsCheckedAtOpening) TableIndexes(*pager, table).verifyAll();
+  }
+  rebuilt.clear();
+}
+
 bool Database::inTransaction() const {
   return state_->pager->inTransaction();
 }

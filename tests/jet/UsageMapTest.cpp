@@ -1,0 +1,107 @@
+#include "jet/UsageMapEditor.h"
+
+#include <gtest/gtest.h>
+
+#include <random>
+#include <set>
+
+#include "jet/Creator.h"
+#include "jet/PageAllocator.h"
+#include "jet/TableDef.h"
+#include "support/MemoryFileSystem.h"
+
+namespace {
+
+using jet::UsageMap;
+using jet::UsageMapEditor;
+
+constexpr char kPath[] = "/maps.kwd";
+
+// The list of pages of an index of a new file, and that of the free pages.
+class UsageMaps : public testing::Test {
+ protected:
+  void SetUp() override {
+    jet::NewTable table{"T", {{"N", jet::ColumnType::Long}}, {{"N", {{"N", true}}}}, {}};
+    disk_.put(kPath, *jet::createDatabase({table}));
+    pager_ = std::move(*jet::Pager::open(disk_, kPath, {}));
+    ASSERT_TRUE(pager_->begin());
+    for (std::uint32_t page = 6; page < pager_->pageCount(); ++page)
+      if ((**pager_->page(page))[0] == 2)
+        map_ = jet::TableDef::read(*pager_, page)->indexes[0].pages;
+  }
+  UsageMapEditor editor() {
+    return UsageMapEditor(*pager_, map_, UsageMapEditor::Beyond::Absent,
+                          [this] { return jet::PageAllocator(*pager_).allocate(); });
+  }
+  void grow(std::uint32_t pages) {
+    while (pager_->pageCount() < pages) ASSERT_TRUE(pager_->append());
+  }
+  std::set<std::uint32_t> members() {
+    auto pages = UsageMap(*pager_, map_).pages();
+    EXPECT_TRUE(pages) << germanMessage(pages.error());
+    return pages ? std::set(pages->begin(), pages->end()) : std::set<std::uint32_t>();
+  }
+  jet::format::UsageMapForm form() { return jet::UsageMapRow::read(*pager_, map_)->form(); }
+
+  support::MemoryFileSystem disk_;
+  std::unique_ptr<jet::Pager> pager_;
+  jet::RowPointer map_;
+};
+
+TEST_F(UsageMaps, HoldAnySetOfPagesInAnyForm) {
+  grow(34000);
+  std::mt19937 random(1);
+  std::set<std::uint32_t> model = members();
+  // First close together, then farther and farther apart.
+  for (const std::uint32_t reach : {300u, 1500u, 30000u, 34000u}) {
+    for (int step = 0; step < 300; ++step) {
+      const std::uint32_t page = random() % reach;
+      if (random() % 3 == 0) {
+        ASSERT_TRUE(editor().remove(page));
+        model.erase(page);
+      } else {
+        ASSERT_TRUE(editor().add(page));
+        model.insert(page);
+      }
+    }
+    ASSERT_EQ(members(), model) << reach;
+  }
+  EXPECT_EQ(form(), jet::format::UsageMapForm::Reference);
+  EXPECT_FALSE(*UsageMap(*pager_, map_).contains(33999) && model.count(33999) == 0);
+}
+
+TEST_F(UsageMaps, FollowPagesThatLieFarFromTheStart) {
+  grow(9100);
+  for (const std::uint32_t page : members()) ASSERT_TRUE(editor().remove(page));
+  for (const std::uint32_t page : {9000u, 9003u, 9099u}) ASSERT_TRUE(editor().add(page));
+  EXPECT_EQ(members(), (std::set<std::uint32_t>{9000, 9003, 9099}));
+  EXPECT_EQ(form(), jet::format::UsageMapForm::Inline);
+}
+
+TEST_F(UsageMaps, NamingAPageBehindTheEndAreReportedWithThatPage) {
+  ASSERT_TRUE(editor().add(400));
+  auto pages = UsageMap(*pager_, map_).pages();
+  ASSERT_FALSE(pages);
+  EXPECT_EQ(pages.error().code, base::ErrorCode::Truncated);
+  EXPECT_EQ(pages.error().page, 400u);
+}
+
+// New pages are in use, pages given back are handed out again, however large the file is.
+TEST_F(UsageMaps, OfFreePagesGrowWithTheFile) {
+  const UsageMap global(*pager_, jet::PageAllocator::kGlobalMap);
+  jet::PageAllocator allocator(*pager_);
+  for (const std::uint32_t size : {600u, 5000u, 33500u}) {
+    grow(size);
+    for (int i = 0; i < 5; ++i) {
+      auto page = allocator.allocate();
+      ASSERT_TRUE(page) << germanMessage(page.error());
+      ASSERT_FALSE(*global.contains(*page, true)) << *page;
+      (*pager_->edit(*page))[0] = 1;
+    }
+  }
+  for (const std::uint32_t used : {0u, 1u, 2u, 15u, map_.page})
+    EXPECT_FALSE(*global.contains(used, true)) << used;
+  EXPECT_TRUE(*global.contains(pager_->pageCount(), true));
+}
+
+}  // namespace
