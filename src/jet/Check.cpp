@@ -35,7 +35,7 @@ void checkFreePages(const Pager& pager, PageUse& use) {
       firstLost = page;
     }
   }
-  if (lost > 0)
+  if (lost > 0 && !use.isIncomplete())
     use.warn(firstLost, "",
              std::to_string(lost) + " Seiten werden nicht verwendet, gelten aber nicht als frei");
 }

@@ -1,5 +1,7 @@
 #include "jet/PageUse.h"
 
+#include <algorithm>
+
 #include "jet/Damage.h"
 
 namespace jet {
@@ -34,12 +36,16 @@ void PageUse::report(std::uint32_t page, const std::string& table, std::string d
 }
 
 void PageUse::warn(std::uint32_t page, const std::string& table, std::string detail) {
-  report(page, table, std::move(detail));
-  if (!findings_.empty()) findings_.back().warning = true;
+  base::Failure failure = damaged(page, std::move(detail));
+  failure.value().file = pager_->path();
+  failure.value().subject = table;
+  add({std::move(failure.value()), true, table});
 }
 
 void PageUse::add(Finding finding) {
-  if (!isFull()) findings_.push_back(std::move(finding));
+  const auto same = [&](const Finding& known) { return known.error == finding.error; };
+  const bool known = std::any_of(findings_.begin(), findings_.end(), same);
+  if (!known && !isFull()) findings_.push_back(std::move(finding));
 }
 
 }  // namespace jet

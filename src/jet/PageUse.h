@@ -41,6 +41,9 @@ class PageUse {
   void report(std::uint32_t page, const std::string& table, std::string detail);
   // Harmless: nothing is lost, but another program would have written it otherwise.
   void warn(std::uint32_t page, const std::string& table, std::string detail);
+  // Some users could not be found out: pages without one say nothing.
+  void markIncomplete() { incomplete_ = true; }
+  bool isIncomplete() const { return incomplete_; }
   bool isFull() const { return findings_.size() >= kMaxFindings; }
   std::vector<Finding> take() { return std::move(findings_); }
 
@@ -56,6 +59,7 @@ class PageUse {
   std::vector<User> pages_;
   std::set<RowPointer> rows_;
   std::vector<Finding> findings_;
+  bool incomplete_ = false;
 };
 
 }  // namespace jet

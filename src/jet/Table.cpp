@@ -19,9 +19,16 @@ constexpr int kMaxPointerSteps = 16;
 
 Result<std::unique_ptr<Table>> Table::open(Pager& pager, std::uint32_t definition,
                                            std::string name) {
+  auto table = openDefinition(pager, definition, std::move(name));
+  if (!table) return table;
+  if (auto done = (*table)->scan(); !done) return Failure(done.error());
+  return table;
+}
+
+Result<std::unique_ptr<Table>> Table::openDefinition(Pager& pager, std::uint32_t definition,
+                                                     std::string name) {
   std::unique_ptr<Table> table(new Table(pager, definition, std::move(name)));
   if (auto done = table->reload(); !done) return Failure(done.error());
-  if (auto done = table->scan(); !done) return Failure(done.error());
   return table;
 }
 

@@ -19,6 +19,10 @@ class Table {
   static base::Result<std::unique_ptr<Table>> open(Pager& pager, std::uint32_t definition,
                                                    std::string name);
 
+  // Without its rows: scan() finds them.
+  static base::Result<std::unique_ptr<Table>> openDefinition(Pager& pager, std::uint32_t definition,
+                                                             std::string name);
+
   const std::string& name() const { return name_; }
   const TableDef& def() const { return def_; }
   std::size_t rowCount() const { return rows_.size(); }

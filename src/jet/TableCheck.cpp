@@ -22,22 +22,35 @@ bool contains(const std::vector<std::uint32_t>& sorted, std::uint32_t page) {
 }  // namespace
 
 void TableCheck::run() {
-  auto opened = Table::open(*pager_, definition_, name_);
-  if (!opened) return use_->report(opened.error(), name_);
+  auto opened = Table::openDefinition(*pager_, definition_, name_);
+  if (!opened) {
+    use_->markIncomplete();
+    return use_->report(opened.error(), name_);
+  }
   table_ = std::move(*opened);
   for (const std::uint32_t page : table_->def().pages)
     use_->claim(page, Kind::Definition, definition_, name_);
   checkMaps();
   for (const std::uint32_t page : pages_) checkPage(page);
+  // Rows are compared with each other and with the indexes only when all of them can be found.
+  if (auto found = table_->scan(); !found) {
+    use_->markIncomplete();
+    return use_->report(found.error(), name_);
+  }
+  checkRows();
+}
+
+void TableCheck::checkRows() {
   for (std::size_t i = 0; i < table_->rowCount() && !use_->isFull(); ++i) checkRow(i);
   checkTargets();
   for (const ColumnDef& column : table_->def().columns)
     if (column.isLongValue()) checkLongValues(column);
   checkIndexes();
-  if (!table_->def().systemTable && table_->def().rowCount != table_->rowCount())
+  const TableDef& def = table_->def();
+  if (!def.systemTable && def.rowCount != table_->rowCount())
     use_->warn(definition_, name_,
                "Tabelle hat " + std::to_string(table_->rowCount()) + " Datensätze statt " +
-                   std::to_string(table_->def().rowCount));
+                   std::to_string(def.rowCount));
 }
 
 void TableCheck::checkMaps() {

@@ -22,6 +22,7 @@ class TableCheck {
   bool claimMap(RowPointer map, std::vector<std::uint32_t>& pages);
   void checkHint(const std::vector<std::uint32_t>& owned, RowPointer hint, const char* what);
   void checkPage(std::uint32_t number);
+  void checkRows();
   void checkRow(std::size_t position);
   void checkTargets();
   void claimLongValue(const ColumnDef& column, base::ByteSpan field);

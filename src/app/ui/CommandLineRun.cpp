@@ -52,15 +52,15 @@ int check(const CommandLine& line, const Console& console) {
   const auto findings = database->check();
   int errors = 0;
   for (const jet::Finding& finding : findings) {
-    console.out << (finding.warning ? "Hinweis: " : "Fehler: ") << base::germanReason(finding.error)
-                << '\n';
+    console.out << (finding.warning ? "Hinweis: " : "Fehler: ") << jet::describe(finding) << '\n';
     if (!finding.warning) ++errors;
   }
   if (errors > 0) {
-    console.err << line.file << ": " << errors << " Fehler"
-                << " gefunden. Bitte stellen Sie die Datei aus einer Sicherung wieder her.\n";
+    console.err << line.file << ": " << errors << " Fehler gefunden. " << jet::advice(findings)
+                << '\n';
     return 1;
   }
+  if (!findings.empty()) console.out << jet::advice(findings) << '\n';
   console.out << line.file << ": keine Fehler gefunden.\n";
   return 0;
 }

@@ -1,0 +1,136 @@
+#include <gmock/gmock.h>
+
+#include "jet/Creator.h"
+#include "jet/Database.h"
+#include "jet/format/Version.h"
+#include "support/MemoryFileSystem.h"
+
+namespace {
+
+using base::ErrorCode;
+using testing::HasSubstr;
+
+constexpr char kPath[] = "/pruefen.kwd";
+constexpr std::size_t kPage = 4096;
+
+// A sound file with one thing of each kind, and a way to spoil it.
+class Check : public testing::Test {
+ protected:
+  void SetUp() override {
+    jet::NewTable table{"Strom",
+                        {{"Nr", jet::ColumnType::Long},
+                         {"Monat", jet::ColumnType::Text, 20},
+                         {"Anmerkung", jet::ColumnType::Memo}},
+                        {{"PrimaryKey", {{"Nr", true}}, true}},
+                        {}};
+    for (int i = 0; i < 12; ++i)
+      table.rows.push_back(
+          {std::int64_t{i}, "Monat " + std::to_string(i), std::string(i < 2 ? 3000 : 10, 'm')});
+    bytes_ = *jet::createDatabase({table});
+    definition_ = pageOf([this](base::ByteSpan page) { return page[0] == 2; }, 16);
+  }
+  template <class Test>
+  std::uint32_t pageOf(const Test& test, std::uint32_t from) const {
+    for (std::uint32_t page = from; page < bytes_.size() / kPage; ++page)
+      if (test(base::ByteSpan(bytes_).subspan(page * kPage, kPage))) return page;
+    ADD_FAILURE() << "no such page";
+    return 0;
+  }
+  std::uint32_t rowsPage() const {
+    return pageOf(
+        [this](base::ByteSpan page) {
+          return page[0] == 1 && jet::format::kJet4.dataPage.owner.get(page) == definition_;
+        },
+        16);
+  }
+  std::uint32_t textPage() const {
+    return pageOf(
+        [](base::ByteSpan page) {
+          return page[0] == 1 &&
+                 jet::format::kJet4.dataPage.owner.get(page) == jet::format::kLongValueOwner;
+        },
+        16);
+  }
+  std::uint8_t& at(std::uint32_t page, std::size_t offset) { return bytes_[page * kPage + offset]; }
+  std::vector<std::string> findings() {
+    support::MemoryFileSystem disk;
+    disk.put(kPath, bytes_);
+    auto database = jet::Database::open(disk, kPath, {.readOnly = true});
+    EXPECT_TRUE(database) << germanMessage(database.error());
+    found_ = database->check();
+    EXPECT_EQ(disk.get(kPath), bytes_);
+    std::vector<std::string> lines;
+    for (const jet::Finding& finding : found_)
+      lines.push_back((finding.warning ? "Hinweis: " : "") + jet::describe(finding));
+    return lines;
+  }
+  static std::string page(std::uint32_t number) { return "Seite " + std::to_string(number) + ": "; }
+
+  base::Bytes bytes_;
+  std::uint32_t definition_ = 0;
+  std::vector<jet::Finding> found_;
+};
+
+TEST_F(Check, OfASoundFileFindsNothing) {
+  EXPECT_THAT(findings(), testing::IsEmpty());
+  EXPECT_EQ(jet::advice(found_), "");
+}
+
+TEST_F(Check, TellsARowOutOfPlace) {
+  const std::uint32_t rows = rowsPage();
+  at(rows, 14) = 5;
+  at(rows, 15) = 0;
+  EXPECT_THAT(findings(),
+              testing::ElementsAre("Strom, " + page(rows) + "Datensatz 0 hat die falsche Lage 5."));
+  EXPECT_THAT(jet::advice(found_), HasSubstr("aus einer Sicherung"));
+}
+
+TEST_F(Check, TellsAPageThatIsUsedAndFree) {
+  const std::uint32_t rows = rowsPage();
+  // The bits of the global map lie at the end of page 1, behind 5 bytes of head.
+  at(1, kPage - 64 + rows / 8) |= static_cast<std::uint8_t>(1u << (rows % 8));
+  EXPECT_THAT(findings(),
+              testing::ElementsAre(page(rows) + "Seite wird verwendet, gilt aber als frei."));
+}
+
+TEST_F(Check, TellsARowWithoutItsIndexEntry) {
+  const std::uint32_t rows = rowsPage();
+  // Deletes the first row behind the back of the index and of the table's count.
+  at(rows, 15) |= 0xC0;
+  const auto lines = findings();
+  EXPECT_THAT(lines, testing::Contains(HasSubstr("Strom, Index PrimaryKey, Seite ")));
+  EXPECT_THAT(lines, testing::Contains(HasSubstr("Hinweis: Strom, " + page(definition_) +
+                                                 "Tabelle hat 11 Datensätze statt 12.")));
+  EXPECT_THAT(jet::advice(found_), HasSubstr("Index neu aufbauen"));
+}
+
+TEST_F(Check, TellsATextThatIsCutOff) {
+  const std::uint32_t text = textPage();
+  at(text, 15) |= 0xC0;
+  EXPECT_THAT(findings(),
+              testing::Contains(HasSubstr("Strom.Anmerkung, " + page(text) +
+                                          "Verweis auf einen gelöschten langen Text.")));
+}
+
+TEST_F(Check, TellsAPageOfAnotherKindOrOwner) {
+  const std::uint32_t rows = rowsPage();
+  at(rows, 0) = 4;
+  EXPECT_THAT(findings(),
+              testing::Contains(HasSubstr("Strom, " + page(rows) + "Seite hat die Art")));
+  at(rows, 0) = 1;
+  at(rows, 4) = 2;
+  EXPECT_THAT(findings(),
+              testing::Contains("Strom, " + page(rows) + "Seite gehört zu einer anderen Tabelle."));
+}
+
+TEST_F(Check, TellsLeftoversAsHarmless) {
+  bytes_.resize(bytes_.size() + 2 * kPage);
+  const auto last = static_cast<std::uint32_t>(bytes_.size() / kPage - 1);
+  for (const std::uint32_t lost : {last - 1, last})
+    at(1, kPage - 64 + lost / 8) &= static_cast<std::uint8_t>(~(1u << (lost % 8)));
+  EXPECT_THAT(findings(),
+              testing::ElementsAre(HasSubstr("Hinweis: " + page(last - 1) + "2 Seiten")));
+  EXPECT_THAT(jet::advice(found_), HasSubstr("Es fehlt nichts"));
+}
+
+}  // namespace
