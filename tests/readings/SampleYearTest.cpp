@@ -4,6 +4,7 @@
 
 #include "base/GermanNumber.h"
 #include "base/Paths.h"
+#include "readings/MeterReading.h"
 #include "reports/OverviewBuilder.h"
 #include "reports/YearReport.h"
 #include "support/EmptyYear.h"
@@ -173,3 +174,22 @@ INSTANTIATE_TEST_SUITE_P(Files, SampleYearInOtherFiles, testing::Values("plain.k
                            const std::string name = tested.param;
                            return name.substr(0, name.find('.'));
                          });
+
+TEST_F(SampleYear, AReadingThatItsColumnCannotHoldIsRefusedAsAWhole) {
+  const std::string original = KALVIRA_JET_FILES "/year/filled.kwd";  // whole numbers only
+  const auto content = base::makeDiskFileSystem()->readText(original);
+  if (!content) GTEST_SKIP() << "no such year file: " << original;
+  files.put("/daten/Alt.kwd", base::asBytes(*content));
+  const auto year = open("Alt.kwd");
+  ASSERT_TRUE(year);
+  const base::Bytes before = files.get("/daten/Alt.kwd");
+  yearbook::PerMonth<double> typed = {1000, 3'000'000'000};
+  const auto taken = readings::takeOver(*year, readings::kDayMeter, typed, {});
+  ASSERT_FALSE(taken);
+  EXPECT_EQ(taken.error().code, base::ErrorCode::InvalidValue);
+  EXPECT_EQ(taken.error().subject, "Strom.ZTagStrom");
+  EXPECT_EQ(files.get("/daten/Alt.kwd"), before);
+  typed[1] = 1200;
+  ASSERT_TRUE(readings::takeOver(*year, readings::kDayMeter, typed, {}));
+  EXPECT_EQ(year->adoStrom.number(1, yearbook::strom::dayConsumption), 200);
+}
