@@ -41,8 +41,7 @@ void EntryWindow::makeCloseButton(QPushButton* button) {
 void EntryWindow::tameButtons() {
   for (QPushButton* button : findChildren<QPushButton*>()) {
     button->setAutoDefault(false);
-    if (button->accessibleName().isEmpty())
-      button->setAccessibleName(button->text().remove(u'&'));
+    if (button->accessibleName().isEmpty()) button->setAccessibleName(button->text().remove(u'&'));
     button->setMinimumWidth(button->sizeHint().width() + 2 * fontMetrics().averageCharWidth());
   }
 }
