@@ -199,6 +199,12 @@ class DiskFileSystem final : public FileSystem {
   Result<std::unique_ptr<File>> open(const std::string& path, OpenMode mode) override {
     const bool reading = mode == OpenMode::Read;
     const std::wstring name = wideName(path);
+    const DWORD attributes = GetFileAttributesW(name.c_str());
+    const bool isProtected = attributes != INVALID_FILE_ATTRIBUTES &&
+                             (attributes & FILE_ATTRIBUTE_DIRECTORY) == 0 &&
+                             (attributes & FILE_ATTRIBUTE_READONLY) != 0;
+    if (!reading && isProtected)
+      return fail(ErrorCode::AccessDenied, "Die Datei ist schreibgeschützt", path);
     HANDLE opened = INVALID_HANDLE_VALUE;
     const auto create = [&] {
       opened = CreateFileW(name.c_str(), reading ? GENERIC_READ : GENERIC_READ | GENERIC_WRITE,

@@ -28,7 +28,7 @@ CommandResult run(const std::string& commandLine) {
 
 bool isInstalled(const std::string& program) {
 #ifdef _WIN32
-  return run("where " + program).exitCode == 0;
+  return run("where " + program).output.find(":\\") != std::string::npos;
 #else
   return run("command -v " + program).exitCode == 0;
 #endif
