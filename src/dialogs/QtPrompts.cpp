@@ -1,6 +1,7 @@
 #include "dialogs/QtPrompts.h"
 
 #include <QInputDialog>
+#include <QLineEdit>
 #include <QMessageBox>
 #include <array>
 #include <utility>
@@ -95,8 +96,10 @@ std::optional<QString> QtPrompts::input(QWidget* owner, const QString& prompt, c
   dialog.setWindowTitle(titleOrName(title));
   dialog.setLabelText(prompt);
   dialog.setTextValue(preset);
-  // The title is part of the question: it gets room beside the frame's buttons.
-  dialog.setMinimumWidth(dialog.fontMetrics().horizontalAdvance(dialog.windowTitle()) + 160);
+  // The title is part of the question: it gets room beside the frame's buttons. The dialog sizes
+  // itself by its line.
+  if (auto* line = dialog.findChild<QLineEdit*>())
+    line->setMinimumWidth(dialog.fontMetrics().horizontalAdvance(dialog.windowTitle()) + 160);
   if (dialog.exec() != QDialog::Accepted) return std::nullopt;
   return dialog.textValue();
 }
