@@ -117,13 +117,8 @@ void frmHochrechnung::buildForm() {
   lblInklGrundgeb->setAccessibleName(u"Verbrauch + Grundgebühr"_s);
   Label8->setBuddy(lblInklGrundgeb);
   form->addRow(Label8, lblInklGrundgeb);
-  for (QWidget* optional : {static_cast<QWidget*>(Label8), static_cast<QWidget*>(lblInklGrundgeb)}) {
-    // The line keeps its room, so that nothing moves when it appears.
-    QSizePolicy policy = optional->sizePolicy();
-    policy.setRetainSizeWhenHidden(true);
-    optional->setSizePolicy(policy);
-    optional->hide();
-  }
+  Label8->hide();
+  lblInklGrundgeb->hide();
 }
 
 void frmHochrechnung::buildLayout() {
