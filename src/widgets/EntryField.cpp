@@ -60,7 +60,10 @@ void EntryField::leave() {
   settle();
   const bool changed = typed && text() != textAtEntry_;
   textAtEntry_ = text();
-  if (changed && !isReadOnly()) Q_EMIT entered();
+  if (!changed || isReadOnly()) return;
+  Q_EMIT entered();
+  // What was refused is a change again when it is typed again.
+  textAtEntry_ = text();
 }
 
 void EntryField::keyPressEvent(QKeyEvent* event) {
@@ -156,7 +159,8 @@ void EntryField::focusOutEvent(QFocusEvent* event) {
 }
 
 void EntryField::hideEvent(QHideEvent* event) {
-  if (editing_) leave();
+  // A window that is only made an icon of comes back with the same entry.
+  if (editing_ && !event->spontaneous()) leave();
   QLineEdit::hideEvent(event);
 }
 

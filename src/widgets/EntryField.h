@@ -21,6 +21,8 @@ class EntryField : public QLineEdit {
   void allowOnly(const QString& characters);
   // Where a window has a default button for Enter, as a box has; on for all other fields.
   void setEnterMovesOn(bool on) { enterMovesOn_ = on; }
+  // What has been typed counts as entered, as if the field were left; the focus stays.
+  void finish() { leave(); }
 
  Q_SIGNALS:
   // Once, when the field is left, Enter is pressed or the window closes, and the user has changed

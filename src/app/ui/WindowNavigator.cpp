@@ -105,12 +105,12 @@ void WindowNavigator::restartAtStartWindow() {
     // The main window goes first, so that its year is closed when the new start window looks.
     const bool quits = QApplication::quitOnLastWindowClosed();
     QApplication::setQuitOnLastWindowClosed(false);
-    if (year) {
-      year->close();
-      QApplication::sendPostedEvents(year, QEvent::DeferredDelete);
+    const bool closed = !year || year->close();
+    if (closed) {
+      if (year) QApplication::sendPostedEvents(year, QEvent::DeferredDelete);
+      if (old) old->close();
+      showStartWindow();
     }
-    if (old) old->close();
-    showStartWindow();
     QApplication::setQuitOnLastWindowClosed(quits);
   });
 }

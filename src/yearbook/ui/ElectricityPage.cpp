@@ -1,6 +1,5 @@
 #include "yearbook/ui/ElectricityPage.h"
 
-#include "dialogs/Prompts.h"
 #include "yearbook/FieldTexts.h"
 
 using namespace Qt::Literals::StringLiterals;
@@ -130,10 +129,10 @@ void ElectricityPage::storeDate() {
 }
 
 void ElectricityPage::refuseDate() {
-  editor().prompts().tell(editor().owner(),
-                          u"Ungültige Datumseingabe! \nBitte geben Sie ein gültiges Datum ein.\n"
-                          u"Beispiel:  01.01.2009"_s,
-                          u"Eingabe Datum"_s, dialogs::Icon::Warning);
+  editor().refuse(
+      u"Ungültige Datumseingabe! \nBitte geben Sie ein gültiges Datum ein.\n"
+      u"Beispiel:  01.01.2009"_s,
+      u"Eingabe Datum"_s, dialogs::Icon::Warning);
   showDate();
 }
 

@@ -76,13 +76,14 @@ void RemarksPage::edited(Place place) {
   pause_.start();
 }
 
-void RemarksPage::flush() {
+bool RemarksPage::flush() {
   pause_.stop();
-  if (!pending_) return;
+  if (!pending_) return true;
   const Place place = *pending_;
   const std::string text = fields(place.utility)(place.month)->text().toStdString();
   pending_.reset();
-  editor_.run([&] { return editor_.session().storeRemark(place.utility, place.month, text); });
+  return editor_.run(
+      [&] { return editor_.session().storeRemark(place.utility, place.month, text); });
 }
 
 void RemarksPage::hideEvent(QHideEvent* event) {

@@ -23,8 +23,8 @@ class RemarksPage final : public QScrollArea {
   const widgets::ControlArray<widgets::EntryField, kMonths> txtAnmerkungenW;
   const widgets::ControlArray<widgets::EntryField, kMonths> txtAnmerkungenG;
 
-  // Stores what has been typed and not stored yet.
-  void flush();
+  // Stores what has been typed and not stored yet; false when it failed (the user has been told).
+  bool flush();
 
  protected:
   void hideEvent(QHideEvent* event) override;

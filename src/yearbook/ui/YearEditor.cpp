@@ -1,7 +1,5 @@
 #include "yearbook/ui/YearEditor.h"
 
-#include "dialogs/Prompts.h"
-
 using namespace Qt::Literals::StringLiterals;
 
 namespace yearbook {
@@ -59,9 +57,22 @@ QString YearEditor::filter(EntryKind kind, const QString& input) {
 }
 
 void YearEditor::tellWholeUnits(EntryKind kind) {
-  prompts().tell(owner_, QString::fromStdString(std::string(wholeUnitsMessage(kind))),
-                 QString::fromStdString(std::string(kStartReadingTitle)),
-                 dialogs::Icon::Information);
+  refuse(QString::fromStdString(std::string(wholeUnitsMessage(kind))),
+         QString::fromStdString(std::string(kStartReadingTitle)), dialogs::Icon::Information);
+}
+
+void YearEditor::refuse(const QString& text, const QString& title, dialogs::Icon icon) {
+  refused_ = true;
+  services_.prompts.tell(owner_, text, title, icon);
+}
+
+bool YearEditor::finishEntry(QWidget* focus) {
+  auto* field = qobject_cast<widgets::EntryField*>(focus);
+  if (field == nullptr) return true;
+  refused_ = false;
+  field->finish();
+  if (refused_) field->setFocus(Qt::OtherFocusReason);
+  return !refused_;
 }
 
 void YearEditor::store(const NumberBinding& binding) {
@@ -80,10 +91,9 @@ void YearEditor::leave(const NumberBinding& binding) {
 bool YearEditor::run(const std::function<base::Result<void>()>& change) {
   const auto done = change();
   if (!done) {
-    prompts().tell(owner_,
-                   u"Die Änderung konnte nicht gespeichert werden.\n"_s +
-                       QString::fromStdString(base::germanMessage(done.error())),
-                   u"Fehler"_s, dialogs::Icon::Critical);
+    refuse(u"Die Änderung konnte nicht gespeichert werden.\n"_s +
+               QString::fromStdString(base::germanMessage(done.error())),
+           u"Fehler"_s, dialogs::Icon::Critical);
     typedIn_ = nullptr;
   }
   showAll();

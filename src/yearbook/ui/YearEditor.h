@@ -3,6 +3,7 @@
 #include <QObject>
 #include <functional>
 
+#include "dialogs/Prompts.h"
 #include "dialogs/Services.h"
 #include "widgets/NumberField.h"
 #include "yearbook/FieldRules.h"
@@ -27,8 +28,6 @@ class YearEditor final : public QObject {
 
   YearSession& session() { return session_; }
   const FieldValues& values() const { return session_.values(); }
-  dialogs::Prompts& prompts() const { return services_.prompts; }
-  QWidget* owner() const { return owner_; }
 
   // Stores as soon as what stands in the field is a complete number, by the rules of its kind.
   void bind(const NumberBinding& binding);
@@ -41,6 +40,12 @@ class YearEditor final : public QObject {
   bool run(const std::function<base::Result<void>()>& change);
   // The box that refuses fractions of a unit.
   void tellWholeUnits(EntryKind kind);
+  // The box that refuses what was typed.
+  void refuse(const QString& text, const QString& title, dialogs::Icon icon);
+  // Before something that the user cannot come back from: what is being typed counts as entered.
+  // False when that was refused or could not be stored; the user has been told, and has the focus
+  // in that field.
+  bool finishEntry(QWidget* focus);
   // Everything shown follows the session's values.
   void showAll();
 
@@ -57,6 +62,7 @@ class YearEditor final : public QObject {
   dialogs::Services& services_;
   YearSession& session_;
   QWidget* owner_;
+  bool refused_ = false;
   // Keeps the text in the making while its own change is shown everywhere else.
   const QObject* typedIn_ = nullptr;
 };

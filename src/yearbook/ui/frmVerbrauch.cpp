@@ -1,5 +1,6 @@
 #include "yearbook/ui/frmVerbrauch.h"
 
+#include <QCloseEvent>
 #include <QDir>
 #include <QMenuBar>
 #include <QScreen>
@@ -101,6 +102,14 @@ void frmVerbrauch::showEvent(QShowEvent* event) {
   if (!event->spontaneous()) QTimer::singleShot(0, this, &frmVerbrauch::reactivate);
 }
 
+void frmVerbrauch::closeEvent(QCloseEvent* event) {
+  event->setAccepted(finishEntry());
+}
+
+bool frmVerbrauch::finishEntry() {
+  return editor_->finishEntry(focusWidget()) && Frame5->flush();
+}
+
 void frmVerbrauch::reactivate() {
   offerIndexRepair();
   askStartReading();
@@ -166,6 +175,7 @@ void frmVerbrauch::mnuNachtstromClick() {
 
 void frmVerbrauch::changeStartMonth(Utility utility) {
   using Kind = yearbook::StartMonthAnswer::Kind;
+  if (!finishEntry()) return;
   dialogs::Prompts& prompts = services_.prompts;
   const auto typed = prompts.input(this, u"Bitte Startmonat als Zahl 1 - 12 eingeben!"_s,
                                    u"Eingabe Startmonat (erster Monat der Ablesung)"_s, u"1"_s);
@@ -180,7 +190,6 @@ void frmVerbrauch::changeStartMonth(Utility utility) {
     prompts.tell(this, u"Falsche Eingabe"_s, u"Ungültige Zahleneingabe"_s, dialogs::Icon::Critical);
     return;
   }
-  Frame5->flush();
   if (!editor_->run([&] { return session_->shiftStartMonth(utility, answer.month); })) return;
   prompts.tell(this,
                u"Der Startmonat wurde angepasst \nDas Programm muß jetzt neu gestartet werden!"_s,

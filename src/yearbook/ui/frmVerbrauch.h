@@ -69,6 +69,8 @@ class frmVerbrauch final : public QMainWindow {
 
  protected:
   void showEvent(QShowEvent* event) override;
+  // Stays when what is being typed has to be refused.
+  void closeEvent(QCloseEvent* event) override;
 
  private:
   QMenu* menu(const char* name);
@@ -90,6 +92,7 @@ class frmVerbrauch final : public QMainWindow {
   void showChart(const QString& mode);
   void showComparison();
 
+  bool finishEntry();
   void reactivate();
   void offerIndexRepair();
   void askStartReading();

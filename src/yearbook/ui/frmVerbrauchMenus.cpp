@@ -152,8 +152,9 @@ void frmVerbrauch::connectMenus() {
     services_.navigator.showNewDatabase();
     reactivate();
   });
-  connect(mnuOpen, &QAction::triggered, this,
-          [this] { services_.navigator.restartAtStartWindow(); });
+  connect(mnuOpen, &QAction::triggered, this, [this] {
+    if (finishEntry()) services_.navigator.restartAtStartWindow();
+  });
   connect(mnuStMoS, &QAction::triggered, this, [this] { changeStartMonth(Utility::Electricity); });
   connect(mnuStMoW, &QAction::triggered, this, [this] { changeStartMonth(Utility::Water); });
   connect(mnuStMoG, &QAction::triggered, this, [this] { changeStartMonth(Utility::Gas); });

@@ -143,6 +143,38 @@ TEST_F(YearPages, TheStartDateMustBeADay) {
   EXPECT_EQ(stored()->values().startDate, "1.1.2010");
 }
 
+TEST_F(YearPages, AnEntryThatIsRefusedKeepsTheWindowOpenOnce) {
+  openSample();
+  prompts.acceptTellings();
+  window->activateWindow();
+  const std::pair<QLineEdit*, QString> entries[] = {
+      {window->Frame1->txtDatumStrom, u"31.02.2010"_s}, {window->Frame1->txtAnfStandST, u"12.3"_s}};
+  for (const auto& [field, typed] : entries) {
+    type(field, typed);
+    EXPECT_FALSE(window->close());
+    EXPECT_EQ(prompts.take().title.first(7), u"Eingabe"_s);
+    EXPECT_TRUE(prompts.shown.empty());
+    EXPECT_TRUE(field->hasFocus());
+    type(field, typed);
+    window->mnuOpen->trigger();
+    EXPECT_TRUE(navigator.calls.isEmpty());
+    prompts.take();
+  }
+  EXPECT_TRUE(window->close());
+  EXPECT_TRUE(prompts.shown.empty());
+}
+
+TEST_F(YearPages, MakingAnIconOfTheWindowIsNotLeavingTheField) {
+  openSample();
+  type(window->Frame1->txtDatumStrom, u"31.02.2010"_s);
+  QHideEvent minimized;
+  QSpontaneKeyEvent::setSpontaneous(&minimized);
+  qApp->notify(window->Frame1->txtDatumStrom, &minimized);
+  EXPECT_TRUE(prompts.shown.empty());
+  EXPECT_EQ(window->Frame1->txtDatumStrom->text(), u"31.02.2010"_s);
+  prompts.acceptTellings();
+}
+
 TEST_F(YearPages, WhatCannotBeStoredIsToldAndTheFieldShowsWhatIs) {
   openSample();
   prompts.acceptTellings();
