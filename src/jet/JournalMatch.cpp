@@ -14,6 +14,7 @@ constexpr std::size_t kSector = 512;
 constexpr std::uint64_t kSeed = 0x57697474657265U;
 constexpr std::uint32_t kAllWitnesses = 64;
 constexpr std::uint32_t kSomeWitnesses = 32;
+constexpr std::size_t kPagesPerRead = 8;  // few calls, and a buffer that stays in the cache
 
 std::vector<std::uint32_t> witnessPages(std::uint32_t pages, const PageImages& touched) {
   std::vector<std::uint32_t> result;
@@ -70,14 +71,15 @@ Result<Witnesses> sumWitnesses(const base::File& database, std::uint64_t size,
   const auto pages = static_cast<std::uint32_t>(size / pageSize);
   const auto chosen = witnessPages(pages, touched);
   Checksum sum(kSeed);
-  base::Bytes image;
+  base::Bytes images(kPagesPerRead * pageSize);
   for (std::size_t i = 0; i < chosen.size();) {
     std::size_t run = 1;
-    while (i + run < chosen.size() && chosen[i + run] == chosen[i] + run) ++run;
-    image.resize(run * pageSize);
-    if (auto read = database.readAt(std::uint64_t{chosen[i]} * pageSize, image); !read)
+    while (run < kPagesPerRead && i + run < chosen.size() && chosen[i + run] == chosen[i] + run)
+      ++run;
+    const std::span<std::uint8_t> part(images.data(), run * pageSize);
+    if (auto read = database.readAt(std::uint64_t{chosen[i]} * pageSize, part); !read)
       return Failure(read.error());
-    sum.add(chosen[i]).add(image);
+    sum.add(chosen[i]).add(part);
     i += run;
   }
   return Witnesses{static_cast<std::uint32_t>(chosen.size()), sum.value()};
