@@ -107,6 +107,11 @@ class DiskFile final : public File {
 
   const std::string& path() const override { return path_; }
 
+  bool isStillNamed() const override {
+    // What a relative name means depends on the current folder, which may have changed.
+    return !path_.starts_with('/') || stillNamed(descriptor_.get(), path_);
+  }
+
   Result<std::uint64_t> size() const override {
     struct stat status = {};
     if (::fstat(descriptor_.get(), &status) != 0) return systemFailure(errno, path_);

@@ -21,6 +21,9 @@ class File {
  public:
   virtual ~File() = default;
   virtual const std::string& path() const = 0;
+  // False when the path has come to mean another file or none, so that what is written here would
+  // be found by nobody. Where the system keeps an open file's name, it is always true.
+  virtual bool isStillNamed() const { return true; }
   virtual Result<std::uint64_t> size() const = 0;
   // Fills the whole span; a file that ends before is ErrorCode::Truncated.
   virtual Result<void> readAt(std::uint64_t offset, std::span<std::uint8_t> target) const = 0;

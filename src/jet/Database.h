@@ -121,7 +121,8 @@ class Database {
   // Durable when it returns: journal, sync, pages in place, sync, journal dropped. After a failure
   // the transaction is rolled back and the file holds the old state (or, when the journal was
   // complete, gets the new state at the next opening: the error then says InUse/IoError and
-  // needsReopen() is true).
+  // needsReopen() is true). A file that has lost its name while it was open is ChangedOnDisk; it
+  // can be written again when it has it back.
   base::Result<void> commit();
   void rollback();
   bool inTransaction() const;

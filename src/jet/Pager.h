@@ -50,6 +50,7 @@ class Pager {
   const format::Version& version() const { return *header_.version; }
   const std::optional<base::Error>& readOnlyReason() const { return readOnlyReason_; }
   std::uint32_t pageCount() const { return pageCount_; }
+  bool isStillNamed() const { return file_->isStillNamed(); }
 
   // Truncated for a page beyond the file's end.
   base::Result<PageRef> page(std::uint32_t number) const;

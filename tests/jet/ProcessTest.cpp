@@ -6,6 +6,7 @@
 #include <unistd.h>
 
 #include <csignal>
+#include <cstdio>
 #include <random>
 
 #include "YearUnderTest.h"
@@ -143,6 +144,27 @@ TEST_F(Processes, RacingForTheFileLoseNoUpdate) {
   ASSERT_TRUE(database);
   auto rows = database->openTable("Strom");
   EXPECT_EQ(rows->value(0, *rows->columnIndex("VTagStrom")), Value(1.0 + kProcesses * kUpdates));
+}
+
+// Other programs rename, move or replace the file although it is locked. What were written then
+// would lie in a file that nobody finds.
+TEST_F(Processes, AFileThatHasLostItsNameIsNotWritten) {
+  auto database = Database::open(*files_, path_);
+  ASSERT_TRUE(database && writeRound(*database, 1));
+  const std::string elsewhere = folder_ / "anderswo.kwd";
+  ASSERT_EQ(std::rename(path_.c_str(), elsewhere.c_str()), 0);
+  const auto refused = writeRound(*database, 2);
+  ASSERT_FALSE(refused);
+  EXPECT_EQ(refused.error().code, base::ErrorCode::ChangedOnDisk);
+  EXPECT_EQ(refused.error().file, path_);
+  EXPECT_FALSE(database->inTransaction());
+  EXPECT_EQ(roundIn(*database), 1);
+
+  ASSERT_TRUE(files_->replaceFile(path_, year::file()));
+  EXPECT_FALSE(writeRound(*database, 2));
+  ASSERT_EQ(std::rename(elsewhere.c_str(), path_.c_str()), 0);
+  EXPECT_TRUE(writeRound(*database, 2));
+  EXPECT_EQ(roundIn(*database), 2);
 }
 
 }  // namespace
