@@ -75,6 +75,7 @@ void ElectricityPage::buildContract() {
   lblPauschale->setText(u"kWh frei im Jahr"_s);
   lblPauschale->setToolTip(tip);
   txtKwImJahrFrei->setToolTip(tip);
+  txtKwImJahrFrei->setAccessibleName(u"Pauschale, kWh frei im Jahr"_s);
   txtKwImJahrFrei->setWhatsThis(hint);
   txtKwImJahrFrei->setStatusTip(hint);
   freeKwhLabel_ = Frame13->addLine(u"Pauschale"_s, txtKwImJahrFrei, {}, lblPauschale).label;
@@ -83,6 +84,7 @@ void ElectricityPage::buildContract() {
   button(cmdBeginnS, u"anpassen"_s,
          u"Hier können Sie den Start - Monat (den Monat Ihrer Abrechnung) anpassen."_s);
   Frame13->addLine(u"Startmonat"_s, lblStartmonatS, {}, cmdBeginnS);
+  cmdBeginnS->setAccessibleName(u"Startmonat anpassen"_s);
 }
 
 void ElectricityPage::buildResult() {

@@ -50,6 +50,7 @@ void GasPage::buildContract() {
   contract_->addLine(u"Grundgebühr im Jahr"_s, txtGrundgebG, u"Euro"_s, cmdMonatlGas);
   contract_->addLine(u"MwSt"_s, txtMwStG, u"%"_s);
   contract_->addLine(u"Startmonat"_s, lblStartmonatG, {}, cmdBeginnG);
+  cmdBeginnG->setAccessibleName(u"Startmonat anpassen"_s);
 }
 
 void GasPage::bindFields() {

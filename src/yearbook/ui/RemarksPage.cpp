@@ -14,6 +14,18 @@ namespace {
 // Long enough not to write the file with every letter, short enough to lose nothing worth naming.
 constexpr int kPauseMilliseconds = 500;
 
+QString titleOf(Utility utility) {
+  switch (utility) {
+    case Utility::Water:
+      return u"Wasser und Abwasser"_s;
+    case Utility::Gas:
+      return u"Gas"_s;
+    case Utility::Electricity:
+      break;
+  }
+  return u"Strom"_s;
+}
+
 }  // namespace
 
 RemarksPage::RemarksPage(QWidget* parent, YearEditor& editor)
@@ -25,13 +37,12 @@ RemarksPage::RemarksPage(QWidget* parent, YearEditor& editor)
   setObjectName(u"Frame5"_s);
   setFrameShape(QFrame::NoFrame);
   setWidgetResizable(true);
+  setFocusPolicy(Qt::NoFocus);
   auto* content = new QWidget(this);
   auto* columns = new QHBoxLayout(content);
   columns->setContentsMargins(8, 6, 8, 6);
   columns->setSpacing(10);
-  columns->addWidget(column(Utility::Electricity, u"Strom"_s), 1, Qt::AlignTop);
-  columns->addWidget(column(Utility::Water, u"Wasser und Abwasser"_s), 1, Qt::AlignTop);
-  columns->addWidget(column(Utility::Gas, u"Gas"_s), 1, Qt::AlignTop);
+  for (Utility utility : kUtilities) columns->addWidget(column(utility), 1, Qt::AlignTop);
   setWidget(content);
   pause_.setSingleShot(true);
   pause_.setInterval(kPauseMilliseconds);
@@ -52,8 +63,8 @@ const widgets::ControlArray<widgets::EntryField, kMonths>& RemarksPage::fields(
   return txtAnmerkungenS;
 }
 
-QWidget* RemarksPage::column(Utility utility, const QString& title) {
-  auto* frame = new TitledFrame(title, this);
+QWidget* RemarksPage::column(Utility utility) {
+  auto* frame = new TitledFrame(titleOf(utility), this);
   auto* grid = new QGridLayout(frame);
   grid->setContentsMargins(10, 6, 10, 8);
   grid->setVerticalSpacing(4);
@@ -100,7 +111,7 @@ void RemarksPage::showValues() {
           QString::fromStdString(editor_.values().remarks[at(utility)][std::size_t(i)]);
       widgets::EntryField* field = fields(utility)(i);
       months_[at(utility)][std::size_t(i)]->setText(month);
-      field->setAccessibleName(u"Anmerkung "_s + month);
+      field->setAccessibleName(u"Anmerkung "_s + titleOf(utility) + u", "_s + month);
       if (pending_ == Place{utility, i} || field->text() == remark) continue;
       field->setText(remark);
       field->setCursorPosition(0);

@@ -36,7 +36,7 @@ class RemarksPage final : public QScrollArea {
     bool operator==(const Place&) const = default;
   };
   const widgets::ControlArray<widgets::EntryField, kMonths>& fields(Utility utility) const;
-  QWidget* column(Utility utility, const QString& title);
+  QWidget* column(Utility utility);
   void edited(Place place);
   void showValues();
 

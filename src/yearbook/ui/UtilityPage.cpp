@@ -67,6 +67,8 @@ UtilityPage::UtilityPage(QWidget* parent, const char* name, YearEditor& editor)
   setObjectName(QString::fromLatin1(name));
   setFrameShape(QFrame::NoFrame);
   setWidgetResizable(true);
+  // The keyboard goes to what stands on the page; a stop at the page itself would show nothing.
+  setFocusPolicy(Qt::NoFocus);
   auto* rows = new QVBoxLayout(content_);
   rows->setContentsMargins(8, 6, 8, 6);
   rows->addLayout(places_);

@@ -76,6 +76,7 @@ void WaterPage::buildContract() {
   contract_->addLine(u"MwSt Wasser"_s, txtMwStW, u"%"_s);
   contract_->addLine(u"MwSt Grundgebühr"_s, txtw, u"Euro"_s);
   contract_->addLine(u"Startmonat"_s, lblStartmonatW, {}, cmdBeginnW);
+  cmdBeginnW->setAccessibleName(u"Startmonat anpassen"_s);
   contract_->addLine(u"Grundgebühr Abwasser"_s, txtGrundgebAbW, u"Euro"_s, cmdWWMonatl);
   contract_->addLine(u"MwSt Abwasser"_s, txtMwStAbW, u"%"_s);
   contract_->addLine(u"MwSt Grundgebühr"_s, txtaw, u"Euro"_s);

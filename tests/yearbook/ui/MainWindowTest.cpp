@@ -255,6 +255,7 @@ TEST_F(MainWindow, EveryControlCanBeNamedReadAndReached) {
   for (int page = 0; page < 3; ++page) {
     window->TabStrip->setCurrentIndex(page);
     settle();
+    EXPECT_EQ(window->TabStrip->currentWidget()->focusPolicy(), Qt::NoFocus);
     for (QWidget* control : window->TabStrip->currentWidget()->findChildren<QWidget*>()) {
       const bool typed = qobject_cast<QLineEdit*>(control) != nullptr;
       const auto* button = qobject_cast<QAbstractButton*>(control);
