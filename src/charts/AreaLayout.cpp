@@ -262,7 +262,10 @@ void layoutAreas(Drawing& drawing) {
     flat.push_back(std::move(bands));
   }
   if (drawing.plot.isFlat() && !stacked)
-    for (const auto& bands : flat) addFlatEdges(drawing, bands);
+    for (const auto& bands : flat) {
+      addFlatEdges(drawing, bands);
+      addCoveredLine(drawing, bands.front().series, kLineWidth);
+    }
 }
 
 }  // namespace charts

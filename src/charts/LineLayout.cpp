@@ -7,19 +7,12 @@ constexpr double kLineWidth = 2.5;
 constexpr double kDotRadius = 4.5;
 constexpr double kMarkRadius = 10;
 
-std::optional<Point> pointOf(const Drawing& drawing, std::size_t series, std::size_t month) {
-  const Series& source = drawing.model.series[series];
-  if (!source.values[month]) return std::nullopt;
-  return Point{drawing.plot.slotCenter(month),
-               drawing.plot.y(*source.values[month], source.secondAxis)};
-}
-
 // Runs of months that follow each other without a gap.
 std::vector<std::vector<Point>> runsOf(const Drawing& drawing, std::size_t series) {
   std::vector<std::vector<Point>> runs;
   bool open = false;
   for (std::size_t month = 0; month < kMonthCount; ++month) {
-    const auto point = pointOf(drawing, series, month);
+    const auto point = drawing.pointOf(series, month);
     if (point && !open) runs.emplace_back();
     if (point) runs.back().push_back(*point);
     open = point.has_value();
@@ -30,12 +23,13 @@ std::vector<std::vector<Point>> runsOf(const Drawing& drawing, std::size_t serie
 void addFlatLine(Drawing& drawing, std::size_t series) {
   Scene& scene = drawing.canvas.scene();
   const Color color = drawing.color(series);
-  for (const auto& run : runsOf(drawing, series)) {
+  for (const auto& run : runsOf(drawing, series))
     if (run.size() > 1) scene.line(run, Stroke{color, kLineWidth, false});
-    for (const Point& point : run)
-      scene.fill(circle(point, kDotRadius), color,
+  addCoveredLine(drawing, series, kLineWidth);
+  for (std::size_t month = 0; month < kMonthCount; ++month)
+    if (const auto point = drawing.pointOf(series, month))
+      scene.fill(circle(*point, kDotRadius + kRim * drawing.coveredBy(series, month)), color,
                  Stroke{drawing.canvas.theme().inner, 1.5, false});
-  }
 }
 
 void addDeepLine(Drawing& drawing, std::size_t series) {
@@ -63,7 +57,7 @@ void addDeepLine(Drawing& drawing, std::size_t series) {
 LabelSide sideOf(const Drawing& drawing, std::size_t month, double y) {
   bool lowest = drawing.model.series.size() > 1, highest = true;
   for (std::size_t s = 0; s < drawing.model.series.size(); ++s)
-    if (const auto other = pointOf(drawing, s, month)) {
+    if (const auto other = drawing.pointOf(s, month)) {
       lowest = lowest && other->y <= y;
       highest = highest && other->y >= y;
     }
@@ -73,7 +67,7 @@ LabelSide sideOf(const Drawing& drawing, std::size_t month, double y) {
 void requestLabels(Drawing& drawing, std::size_t series) {
   const double z = drawing.plot.isFlat() ? 0 : layerOf(series, drawing.model.series.size()).z0;
   for (std::size_t month = 0; month < kMonthCount; ++month) {
-    const auto point = pointOf(drawing, series, month);
+    const auto point = drawing.pointOf(series, month);
     if (!point) continue;
     const Point place = drawing.plot.at(*point, z);
     drawing.mark(series, month, circle(place, kMarkRadius, 12));

@@ -1,5 +1,6 @@
 #include "charts/Plot.h"
 
+#include <algorithm>
 #include <cmath>
 #include <numbers>
 
@@ -17,6 +18,33 @@ std::string Drawing::labelText(std::size_t series, std::size_t month) const {
   const double value = model.series[series].values[month].value_or(0);
   if (model.series[series].unit == "%") return base::formatNumber(value, 1) + " %";
   return valueText(value);
+}
+
+std::optional<Point> Drawing::pointOf(std::size_t series, std::size_t month) const {
+  const Series& source = model.series[series];
+  if (!source.values[month]) return std::nullopt;
+  return Point{plot.slotCenter(month), plot.y(*source.values[month], source.secondAxis)};
+}
+
+int Drawing::coveredBy(std::size_t series, std::size_t month) const {
+  constexpr double kSamePlace = 1;
+  const auto own = pointOf(series, month);
+  int count = 0;
+  for (std::size_t s = 0; own && s < series; ++s)
+    if (const auto other = pointOf(s, month); other && std::fabs(other->y - own->y) < kSamePlace)
+      ++count;
+  return count;
+}
+
+void addCoveredLine(Drawing& drawing, std::size_t series, double lineWidth) {
+  for (std::size_t month = 0; month + 1 < kMonthCount; ++month) {
+    const int over =
+        std::min(drawing.coveredBy(series, month), drawing.coveredBy(series, month + 1));
+    if (over == 0) continue;
+    drawing.canvas.scene().line(
+        {*drawing.pointOf(series, month), *drawing.pointOf(series, month + 1)},
+        Stroke{drawing.color(series), lineWidth + 2 * kRim * over, false});
+  }
 }
 
 StackedSpans stackedSpans(const ChartModel& model) {

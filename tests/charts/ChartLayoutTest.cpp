@@ -173,6 +173,29 @@ TEST(ChartLayout, MarksEveryValueWhateverTheOrder) {
     }
 }
 
+// Water and waste water read from one meter: both lines are seen although one lies on the other.
+TEST(ChartLayout, ALineShowsBelowAnotherThatRunsAlongIt) {
+  const ChartModel waters = charts::monthlyChart(sample::year2025(), Selection::BothWaters);
+  ASSERT_EQ(waters.series[0].values, waters.series[1].values);
+  const charts::Theme theme = charts::Theme::light();
+  for (const ChartType type : {ChartType::Line, ChartType::Area}) {
+    const Scene scene = layout(waters, options(type));
+    std::array<double, 2> widest{};
+    std::array<std::size_t, 2> lastDrawn{};
+    for (std::size_t i = 0; i < scene.items.size(); ++i) {
+      const auto* shape = std::get_if<charts::Shape>(&scene.items[i]);
+      if (!shape || shape->closed || !shape->stroke) continue;
+      for (std::size_t s = 0; s < 2; ++s)
+        if (shape->stroke->color == theme.color(waters.series[s].hue)) {
+          widest[s] = std::max(widest[s], shape->stroke->width);
+          lastDrawn[s] = i;
+        }
+    }
+    EXPECT_GE(widest[1], widest[0] + 3);
+    EXPECT_GT(lastDrawn[0], lastDrawn[1]);
+  }
+}
+
 TEST(ChartLayout, FindsTheBarUnderThePointer) {
   const Scene scene = layout(sample::twoYears(), options(ChartType::Bar));
   const charts::Mark* mark = scene.findMark(1, 4);

@@ -64,8 +64,7 @@ MeterReadingWindow::MeterReadingWindow(const MeterVariant& meter, dialogs::Servi
   focusOpenMonth();
 }
 
-// --- making
-// ----------------------------------------------------------------------------------------
+// --- making ---
 
 void MeterReadingWindow::setTexts() {
   lblHeader->setText(utf8(meter_.header));
@@ -208,8 +207,7 @@ bool MeterReadingWindow::eventFilter(QObject* watched, QEvent* event) {
   return EntryWindow::eventFilter(watched, event);
 }
 
-// --- the buttons and options
-// -------------------------------------------------------------------------
+// --- the buttons and options ---
 
 bool MeterReadingWindow::Command1Click() {
   if (!allWhole()) return false;
@@ -273,8 +271,7 @@ void MeterReadingWindow::optWechselMouseUp() {
   showHints();
 }
 
-// --- between fields and rows
-// -------------------------------------------------------------------------
+// --- between fields and rows ---
 
 void MeterReadingWindow::showStored() {
   const MeterYear stored = meterYear(session_, meter_);
