@@ -1,8 +1,10 @@
 #include "dialogs/QtPrompts.h"
 
 #include <QInputDialog>
+#include <QLabel>
 #include <QLineEdit>
 #include <QMessageBox>
+#include <QStyle>
 #include <array>
 #include <utility>
 
@@ -70,6 +72,13 @@ QMessageBox::Icon toQt(Icon icon) {
   return QMessageBox::NoIcon;
 }
 
+// What a title needs in a box's frame, beside the icon and the buttons there. A box sizes itself by
+// what it holds, and the title is part of the question.
+int roomOfTitle(const QDialog& box) {
+  constexpr int kFrameButtons = 160;
+  return box.fontMetrics().horizontalAdvance(box.windowTitle()) + kFrameButtons;
+}
+
 QString titleOrName(const QString& title) {
   return title.isEmpty() ? u"Kalvira"_s : title;
 }
@@ -86,6 +95,11 @@ Button QtPrompts::message(QWidget* owner, const QString& text, const QString& ti
   box.setTextInteractionFlags(Qt::TextSelectableByMouse);
   box.setDefaultButton(toQt(defaultButton));
   box.setEscapeButton(toQt(set.whenClosed));
+  if (auto* label = box.findChild<QLabel*>(u"qt_msgbox_label"_s)) {
+    const QStyle& style = *box.style();
+    const int beside = icon == Icon::None ? 0 : style.pixelMetric(QStyle::PM_MessageBoxIconSize);
+    label->setMinimumWidth(roomOfTitle(box) - beside);
+  }
   return fromQt(box.exec(), set.whenClosed);
 }
 
@@ -96,10 +110,7 @@ std::optional<QString> QtPrompts::input(QWidget* owner, const QString& prompt, c
   dialog.setWindowTitle(titleOrName(title));
   dialog.setLabelText(prompt);
   dialog.setTextValue(preset);
-  // The title is part of the question: it gets room beside the frame's buttons. The dialog sizes
-  // itself by its line.
-  if (auto* line = dialog.findChild<QLineEdit*>())
-    line->setMinimumWidth(dialog.fontMetrics().horizontalAdvance(dialog.windowTitle()) + 160);
+  if (auto* line = dialog.findChild<QLineEdit*>()) line->setMinimumWidth(roomOfTitle(dialog));
   if (dialog.exec() != QDialog::Accepted) return std::nullopt;
   return dialog.textValue();
 }

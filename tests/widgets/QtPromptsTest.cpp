@@ -54,6 +54,21 @@ TEST_F(QtPromptsTest, BoxShowsTextTitleIconAndDefault) {
             Button::Cancel);
 }
 
+TEST_F(QtPromptsTest, AShortTextLeavesRoomForALongTitle) {
+  const QString title = u"Eingabe Anfangszählerstand"_s;
+  const auto isWideEnough = [&](QDialog* box) {
+    // The frame shows the icon of the window and up to three buttons beside it.
+    EXPECT_GE(box->width(), box->fontMetrics().horizontalAdvance(title) + 4 * 32);
+    box->reject();
+  };
+  whenShown<QMessageBox>(isWideEnough);
+  prompts.message(&owner, u"Ja?"_s, title, Icon::Information, Buttons::Ok, Button::Ok);
+  whenShown<QMessageBox>(isWideEnough);
+  prompts.message(&owner, u"Ja?"_s, title, Icon::None, Buttons::Ok, Button::Ok);
+  whenShown<QInputDialog>(isWideEnough);
+  prompts.input(&owner, u"Wert?"_s, title, {});
+}
+
 TEST_F(QtPromptsTest, ClosingABoxIsTheCautiousAnswer) {
   const std::pair<Buttons, Button> cases[] = {{Buttons::Ok, Button::Ok},
                                               {Buttons::OkCancel, Button::Cancel},
