@@ -2,6 +2,7 @@
 
 #include <QFormLayout>
 #include <QHBoxLayout>
+#include <QKeyEvent>
 #include <QPainter>
 #include <QShowEvent>
 #include <QTimer>
@@ -157,6 +158,14 @@ void frmHochrechnung::showEvent(QShowEvent* event) {
   // Once the window stands, and never again: a box about a date must not come back by itself.
   calculatedOnce_ = true;
   QTimer::singleShot(0, this, &frmHochrechnung::Calculate);
+}
+
+// The last field hands the focus to "Berechnen": Enter once more calculates.
+void frmHochrechnung::keyPressEvent(QKeyEvent* event) {
+  if (event->key() != Qt::Key_Return && event->key() != Qt::Key_Enter)
+    return QDialog::keyPressEvent(event);
+  event->accept();
+  if (auto* button = qobject_cast<QPushButton*>(focusWidget())) button->click();
 }
 
 void frmHochrechnung::Calculate() {

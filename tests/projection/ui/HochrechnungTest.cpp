@@ -71,6 +71,17 @@ class Hochrechnung : public testing::Test {
   std::unique_ptr<frmHochrechnung> window_;
 };
 
+TEST_F(Hochrechnung, EnterLeadsFromTheDatesToTheFigures) {
+  frmHochrechnung& window = openAndAnswer();
+  EXPECT_EQ(QApplication::focusWidget(), window.txtDatumStrom);
+  QTest::keyClick(window.txtDatumStrom, Qt::Key_Return);
+  QTest::keyClicks(QApplication::focusWidget(), u"01.07.2024"_s);
+  QTest::keyClick(QApplication::focusWidget(), Qt::Key_Return);
+  QTest::keyClick(QApplication::focusWidget(), Qt::Key_Return);
+  EXPECT_EQ(window.txtAnzTagBisher->text(), u"182");
+  EXPECT_TRUE(window.isVisible());
+}
+
 TEST_F(Hochrechnung, OpeningCalculatesOnceAndMissesTheReadingDate) {
   prompts_.acceptTellings();
   frmHochrechnung& window = open();
