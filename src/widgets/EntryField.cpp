@@ -26,6 +26,17 @@ QAction* pasteAction(const QMenu& menu) {
   return nullptr;
 }
 
+bool isPlain(const QKeyEvent& event) {
+  const bool plain = !(event.modifiers() & (Qt::ControlModifier | Qt::MetaModifier)) ||
+                     (event.modifiers() & Qt::AltModifier);
+  return plain && !event.text().isEmpty() && event.text()[0].isPrint();
+}
+
+bool changesText(const QKeyEvent& event) {
+  return isPlain(event) || event.key() == Qt::Key_Backspace || event.key() == Qt::Key_Delete ||
+         event.matches(QKeySequence::Cut);
+}
+
 }  // namespace
 
 EntryField::EntryField(QWidget* parent) : QLineEdit(parent) {}
@@ -46,7 +57,9 @@ QString EntryField::filtered(const QString& input) const {
 void EntryField::insertFiltered(const QString& input) {
   if (isReadOnly()) return;
   const QString kept = filtered(input);
-  if (!kept.isEmpty()) insert(kept);
+  if (kept.isEmpty()) return;
+  aboutToEdit();
+  insert(kept);
 }
 
 void EntryField::pasteFiltered() {
@@ -79,9 +92,7 @@ void EntryField::keyPressEvent(QKeyEvent* event) {
     return;
   }
   const QString typed = event->text();
-  const bool plain = !(event->modifiers() & (Qt::ControlModifier | Qt::MetaModifier)) ||
-                     (event->modifiers() & Qt::AltModifier);
-  if (filter_ && plain && !typed.isEmpty() && typed[0].isPrint()) {
+  if (filter_ && isPlain(*event)) {
     const QString kept = filtered(typed);
     if (kept != typed) {
       event->accept();
@@ -89,6 +100,7 @@ void EntryField::keyPressEvent(QKeyEvent* event) {
       return;
     }
   }
+  if (changesText(*event) && !isReadOnly()) aboutToEdit();
   QLineEdit::keyPressEvent(event);
 }
 

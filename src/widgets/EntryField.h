@@ -33,6 +33,8 @@ class EntryField : public QLineEdit {
  protected:
   // Puts the text into its resting form; called when the field is left, before entered().
   virtual void settle() {}
+  // Called before the user changes the text, whichever way.
+  virtual void aboutToEdit() {}
   void leave();
 
   void keyPressEvent(QKeyEvent* event) override;

@@ -5,6 +5,13 @@
 using namespace Qt::Literals::StringLiterals;
 
 namespace widgets {
+namespace {
+
+QString ungrouped(QString text) {
+  return text.remove(u'.');
+}
+
+}  // namespace
 
 NumberField::NumberField(QWidget* parent) : EntryField(parent) {
   setAlignment(Qt::AlignRight | Qt::AlignVCenter);
@@ -31,7 +38,7 @@ QString NumberField::shape(std::optional<double> value) const {
 }
 
 NumberField::Reading NumberField::read(const QString& text) const {
-  if (text == resting_.text) return {true, resting_.value};
+  if (text == resting_.text || text == ungrouped(resting_.text)) return {true, resting_.value};
   if (text == current_.text) return {true, current_.value};
   if (text.trimmed().isEmpty()) return {true, std::nullopt};
   const auto number = base::parseNumber(text.toStdString());
@@ -55,6 +62,18 @@ void NumberField::takeEdit() {
   const bool changed = now.value != current_.value;
   current_ = {now.value, text()};
   if (changed) Q_EMIT valueChanged();
+}
+
+void NumberField::aboutToEdit() {
+  const QString grouped = text();
+  if (grouped != resting_.text || !grouped.contains(u'.') || selectedText() == grouped) return;
+  const auto place = [&](int position) { return int(ungrouped(grouped.first(position)).size()); };
+  const int cursor = place(cursorPosition());
+  const int start = hasSelectedText() ? place(selectionStart()) : cursor;
+  const int end = hasSelectedText() ? place(selectionEnd()) : cursor;
+  setText(ungrouped(grouped));
+  setSelection(start, end - start);
+  if (start == end) setCursorPosition(cursor);
 }
 
 void NumberField::settle() {

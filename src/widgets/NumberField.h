@@ -8,7 +8,8 @@ namespace widgets {
 
 // Entry of a number as a German household types it: comma or point as base::parseNumber() takes
 // them, "1.234,5" when it rests. While the field has the focus it keeps what is typed, letter for
-// letter; it is put into shape when it is left. The mouse wheel does nothing.
+// letter; it is put into shape when it is left. A number that is changed in place first loses its
+// points, which would stand in the wrong places then. The mouse wheel does nothing.
 class NumberField : public EntryField {
   Q_OBJECT
  public:
@@ -31,6 +32,7 @@ class NumberField : public EntryField {
 
  protected:
   void settle() override;
+  void aboutToEdit() override;
 
  private:
   struct Reading {

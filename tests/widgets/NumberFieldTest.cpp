@@ -152,6 +152,29 @@ TEST_F(NumberFieldTest, MenuAndDropAreFilteredAsWell) {
   EXPECT_EQ(changes.count(), 2);
 }
 
+TEST_F(NumberFieldTest, ANumberChangedInPlaceLosesItsPointsFirst) {
+  field.setDecimals(0, 2);
+  field.setValue(44309.0);
+  field.end(false);
+  type(u"5"_s);
+  EXPECT_EQ(field.text(), u"443095"_s);
+  EXPECT_EQ(field.value(), 443095.0);
+
+  field.setValue(1234567.5);
+  field.setSelection(1, 3);  // ".23" of 1.234.567,5
+  QTest::keyClick(&field, Qt::Key_Delete);
+  EXPECT_EQ(field.value(), 14567.5);
+  QTest::keySequence(&field, QKeySequence::Undo);
+  EXPECT_EQ(field.value(), 1234567.5);
+
+  field.setValue(1234.0);
+  field.setCursorPosition(2);
+  paste(u"9"_s);
+  EXPECT_EQ(field.text(), u"19234"_s);
+  leave();
+  EXPECT_EQ(field.text(), u"19.234"_s);
+}
+
 TEST_F(NumberFieldTest, RefusedKeyLeavesUndoWhole) {
   type(u"12x3"_s);
   QTest::keySequence(&field, QKeySequence::Undo);
