@@ -114,13 +114,23 @@ base::Result<void> settleFolders(yearbook::PathState& paths, base::FileSystem& f
 base::Result<void> changeBaseFolder(yearbook::PathState& paths, base::FileSystem& files,
                                     const SystemFacts& facts, const std::string& baseFolder) {
   const std::string pathFile = paths.DataFolder + std::string(kPathFile);
-  paths.UserBaseFolder = base::withSeparator(baseFolder);
+  const auto oldContent = files.readText(pathFile);
+  yearbook::PathState changed = paths;
+  changed.UserBaseFolder = base::withSeparator(baseFolder);
+  changed.DataFolder = dataFolderBelow(changed.UserBaseFolder);
   const auto stored =
-      files.replaceFile(pathFile, base::asBytes(pathFileContent(paths.UserBaseFolder)));
-  paths.DataFolder = dataFolderBelow(paths.UserBaseFolder);
-  if (auto made = makeDataFolder(files, paths.DataFolder, facts); !made) return made;
-  if (auto current = makeCurrent(paths.DataFolder); !current) return current;
-  return stored;
+      files.replaceFile(pathFile, base::asBytes(pathFileContent(changed.UserBaseFolder)));
+  auto moved = makeDataFolder(files, changed.DataFolder, facts);
+  if (moved) moved = makeCurrent(changed.DataFolder);
+  if (moved) {
+    paths = changed;
+    return stored;
+  }
+  if (stored)
+    base::ignore(oldContent ? files.replaceFile(pathFile, base::asBytes(*oldContent))
+                            : files.remove(pathFile),
+                 "the folder that cannot be used is the error to tell");
+  return moved;
 }
 
 base::Result<bool> resetBaseFolder(base::FileSystem& files, const SystemFacts& facts) {

@@ -63,7 +63,8 @@ base::Result<void> settleFolders(yearbook::PathState& paths, base::FileSystem& f
                                  const SystemFacts& facts);
 
 // Another base folder from now on: writes the path file into the data folder still in force, then
-// moves over. The paths have changed when this returns, whatever could not be stored.
+// moves over. A folder that cannot be used leaves paths and path file as they were; a path file
+// that could not be written is an error although the paths have changed, until the program ends.
 base::Result<void> changeBaseFolder(yearbook::PathState& paths, base::FileSystem& files,
                                     const SystemFacts& facts, const std::string& baseFolder);
 

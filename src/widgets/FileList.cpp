@@ -40,8 +40,13 @@ void FileList::fill(const QString& selected) {
 
 void FileList::keyPressEvent(QKeyEvent* event) {
   const bool enter = event->key() == Qt::Key_Return || event->key() == Qt::Key_Enter;
-  if (const QString name = selectedName(); enter && !name.isEmpty())
+  const bool arrow = event->key() == Qt::Key_Down || event->key() == Qt::Key_Up;
+  const QString name = selectedName();
+  if (enter && !name.isEmpty())
     Q_EMIT opened(name);
+  else if ((enter || arrow) && name.isEmpty() && currentItem() != nullptr)
+    // The name with the focus looks as if it were the choice; the first key makes it that.
+    currentItem()->setSelected(true);
   else
     QListWidget::keyPressEvent(event);
 }

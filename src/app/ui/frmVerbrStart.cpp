@@ -198,17 +198,21 @@ void frmVerbrStart::mnuPfadLRVClick() {
   const QString chosen =
       services_.prompts.chooseFolder(this, u"Wählen Sie einen Ordner aus"_s, u"C:\\"_s);
   if (chosen.isEmpty()) return;
+  const std::string before = services_.paths.DataFolder;
   const auto changed =
       app::changeBaseFolder(services_.paths, services_.files, facts_, chosen.toStdString());
   if (!changed)
     services_.prompts.tell(this, QString::fromStdString(app::runTimeErrorText(changed.error())),
                            u"Pfadeinstellungen ändern"_s, Icon::Critical);
+  if (!changed && services_.paths.DataFolder == before) return;
+  // A year of the same name here is another one.
+  filFiles->setFolder({});
   lblFilename->clear();
   activate();
-  const QString folder = QString::fromStdString(services_.paths.DataFolder);
-  if (app::DataFolderExists(services_.files, services_.paths.DataFolder))
-    services_.prompts.tell(this, u"Der Pfad zur Datenbank wurde geändert auf:  "_s + folder,
-                           u"Pfadeinstellungen ändern"_s, Icon::Information);
+  services_.prompts.tell(this,
+                         u"Der Pfad zur Datenbank wurde geändert auf:  "_s +
+                             QString::fromStdString(services_.paths.DataFolder),
+                         u"Pfadeinstellungen ändern"_s, Icon::Information);
 }
 
 void frmVerbrStart::mnuPfadDelClick() {

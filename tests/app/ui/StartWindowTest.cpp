@@ -89,6 +89,21 @@ TEST_F(StartWindow, WithoutADefaultYearTheSelectionStays) {
   EXPECT_EQ(window.lblFilename->text(), u"Haus.kwd"_s);
 }
 
+TEST_F(StartWindow, TheFirstKeyChoosesTheNameWithTheFocus) {
+  put("Haus.kwd");
+  put("Wohnung.kwd");
+  auto& window = open();
+  window.activateWindow();
+  window.filFiles->setFocus(Qt::TabFocusReason);
+  EXPECT_EQ(window.lblFilename->text(), QString());
+  QTest::keyClick(window.filFiles, Qt::Key_Down);
+  EXPECT_EQ(window.lblFilename->text(), u"Haus.kwd"_s);
+  QTest::keyClick(window.filFiles, Qt::Key_Down);
+  EXPECT_EQ(window.lblFilename->text(), u"Wohnung.kwd"_s);
+  QTest::keyClick(window.filFiles, Qt::Key_Return);
+  EXPECT_EQ(opener.openedOver, 1);
+}
+
 TEST_F(StartWindow, ButtonPlaysTheClickAndOpens) {
   auto& window = open();
   window.cmdHausrat->click();
@@ -226,6 +241,42 @@ TEST_F(StartWindow, ChangingTheFolderMovesOverAndTellsWhere) {
   EXPECT_EQ(paths.DataFolder, folder) << "takes effect at the next start";
   window.mnuPfadDel->trigger();
   EXPECT_TRUE(prompts.shown.empty());
+}
+
+TEST_F(StartWindow, AFolderThatCannotBeUsedLeavesEverythingAsItWas) {
+  put("Haus.kwd");
+  auto& window = open();
+  click(u"Haus.kwd"_s);
+  for (int attempt = 0; attempt < 2; ++attempt) {
+    prompts.answerPath(QString::fromStdString(home / "weg"));
+    prompts.acceptTellings();
+    window.mnuPfadLRV->trigger();
+    const auto told = prompts.take();
+    EXPECT_EQ(told.title, u"Pfadeinstellungen ändern"_s);
+    EXPECT_TRUE(told.text.contains(u"weg/Verbrauchserfassung"_s)) << told.text.toStdString();
+    prompts.take();
+    EXPECT_TRUE(prompts.shown.empty());
+    EXPECT_EQ(paths.DataFolder, dataFolder());
+    EXPECT_EQ(paths.UserBaseFolder, "");
+    EXPECT_EQ(window.lblFilename->text(), u"Haus.kwd"_s);
+    EXPECT_EQ(files->exists(dataFolder() + "Pfad_von_LRV.txt"), attempt == 1);
+    put("Pfad_von_LRV.txt", "\"/anderswo/\"\r\n");
+  }
+  EXPECT_EQ(files->readText(dataFolder() + "Pfad_von_LRV.txt"), "\"/anderswo/\"\r\n");
+}
+
+TEST_F(StartWindow, AYearOfTheSameNameInTheNewFolderIsNotSelected) {
+  put("Haus.kwd");
+  auto& window = open();
+  click(u"Haus.kwd"_s);
+  EXPECT_TRUE(files->makeFolder(home / "Daten"));
+  EXPECT_TRUE(files->makeFolder(home / "Daten/Verbrauchserfassung"));
+  EXPECT_TRUE(files->replaceFile(home / "Daten/Verbrauchserfassung/Haus.kwd", base::asBytes("x")));
+  prompts.answerPath(QString::fromStdString(home / "Daten"));
+  prompts.acceptTellings();
+  window.mnuPfadLRV->trigger();
+  EXPECT_EQ(window.filFiles->names(), QStringList{u"Haus.kwd"_s});
+  EXPECT_EQ(window.filFiles->selectedName(), window.lblFilename->text());
 }
 
 TEST_F(StartWindow, CancelledFolderChoiceChangesNothing) {
