@@ -74,9 +74,10 @@ std::string germanReason(const Error& error) {
 }
 
 std::string germanMessage(const Error& error) {
-  std::string text;
-  if (!error.file.empty()) text = "Datei: " + error.file + "\n";
-  return text + germanReason(error);
+  if (error.file.empty()) return germanReason(error);
+  // Folders end with the separator.
+  const bool folder = error.file.back() == '/' || error.file.back() == '\\';
+  return (folder ? "Ordner: " : "Datei: ") + error.file + "\n" + germanReason(error);
 }
 
 }  // namespace base
