@@ -14,7 +14,7 @@ struct RowPointer {
     return {number >> 8, static_cast<std::uint8_t>(number)};
   }
   constexpr std::uint32_t toNumber() const { return page << 8 | slot; }
-  auto operator<=>(const RowPointer&) const = default;
+  auto operator<=>(const RowPointer&) const = default;  // NOLINT(modernize-use-nullptr)
 };
 
 inline constexpr std::uint32_t kMaxPointerPage = 0xFFFFFF;
