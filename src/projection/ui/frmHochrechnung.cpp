@@ -259,6 +259,10 @@ QPixmap frmHochrechnung::pictureForPaper() {
 
 void frmHochrechnung::Print() {
   const std::array<QWidget*, 4> hidden = {Command2, Command1, Command12, chkGrundgeb};
+  // Hiding a button would hand its focus to a field, which then is printed as if it were edited.
+  QWidget* const focused = focusWidget();
+  setFocus(Qt::PopupFocusReason);
+  for (QLineEdit* field : findChildren<QLineEdit*>()) field->deselect();
   for (QWidget* control : hidden) control->hide();
   const QPixmap picture = pictureForPaper();
   const auto dialog = makePrintDialog();
@@ -267,6 +271,7 @@ void frmHochrechnung::Print() {
   dialog->ShowPrinter(this);
   if (!dialog->Cancelled() && !failed) printOn(dialog->printer(), picture);
   for (QWidget* control : hidden) control->show();
+  if (focused) focused->setFocus(Qt::PopupFocusReason);
 }
 
 // As wide as the paper allows, but not larger than on a screen of 96 dots per inch.

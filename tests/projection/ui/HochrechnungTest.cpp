@@ -182,13 +182,22 @@ TEST_F(Hochrechnung, PrintingHidesTheControlsMeanwhile) {
       system->printer().setOutputFormat(QPrinter::PdfFormat);
       system->printer().setOutputFileName(QString::fromStdString(target));
       system->onAsk = [&] {
+        // No field looks as if somebody were typing in it, and nobody is asked about its date.
+        EXPECT_EQ(qobject_cast<QLineEdit*>(window.focusWidget()), nullptr);
+        EXPECT_FALSE(window.Text1->hasSelectedText());
         EXPECT_TRUE(window.Command1->isHidden());
         EXPECT_TRUE(window.chkGrundgeb->isHidden());
       };
       return std::make_unique<clsPrintDialog>(prompts_, std::move(system));
     };
+    QWidget* const before = cancel ? static_cast<QWidget*>(window.Command1) : window.Text1;
+    window.Text1->setText(u"31.12.2024"_s);
+    window.Text1->selectAll();
+    before->setFocus();
     window.Command1->click();
+    QCoreApplication::processEvents();
     EXPECT_FALSE(window.Command2->isHidden());
+    EXPECT_EQ(QApplication::focusWidget(), before);
     EXPECT_EQ(files_->exists(target), !cancel);
   }
 }
