@@ -1,10 +1,9 @@
 #include "dialogs/QtPrompts.h"
 
+#include <QGridLayout>
 #include <QInputDialog>
-#include <QLabel>
 #include <QLineEdit>
 #include <QMessageBox>
-#include <QStyle>
 #include <array>
 #include <utility>
 
@@ -95,11 +94,9 @@ Button QtPrompts::message(QWidget* owner, const QString& text, const QString& ti
   box.setTextInteractionFlags(Qt::TextSelectableByMouse);
   box.setDefaultButton(toQt(defaultButton));
   box.setEscapeButton(toQt(set.whenClosed));
-  if (auto* label = box.findChild<QLabel*>(u"qt_msgbox_label"_s)) {
-    const QStyle& style = *box.style();
-    const int beside = icon == Icon::None ? 0 : style.pixelMetric(QStyle::PM_MessageBoxIconSize);
-    label->setMinimumWidth(roomOfTitle(box) - beside);
-  }
+  if (auto* grid = qobject_cast<QGridLayout*>(box.layout()))
+    grid->addItem(new QSpacerItem(roomOfTitle(box), 0), grid->rowCount(), 0, 1,
+                  grid->columnCount());
   return fromQt(box.exec(), set.whenClosed);
 }
 

@@ -8,6 +8,7 @@
 #include <QFile>
 #include <QFileDialog>
 #include <QInputDialog>
+#include <QLabel>
 #include <QMessageBox>
 #include <QPushButton>
 #include <QTemporaryDir>
@@ -67,6 +68,20 @@ TEST_F(QtPromptsTest, AShortTextLeavesRoomForALongTitle) {
   prompts.message(&owner, u"Ja?"_s, title, Icon::None, Buttons::Ok, Button::Ok);
   whenShown<QInputDialog>(isWideEnough);
   prompts.input(&owner, u"Wert?"_s, title, {});
+}
+
+TEST_F(QtPromptsTest, ABoxShowsAllOfItsText) {
+  for (const int folders : {1, 5, 30}) {
+    const QString text = u"Datei gespeichert unter "_s + u"/verbrauch"_s.repeated(folders);
+    whenShown<QMessageBox>([](QMessageBox* box) {
+      const auto* label = box->findChild<QLabel*>(u"qt_msgbox_label"_s);
+      ASSERT_NE(label, nullptr);
+      EXPECT_GE(label->width(), label->minimumSizeHint().width());
+      EXPECT_GE(label->height(), label->heightForWidth(label->width()));
+      box->reject();
+    });
+    prompts.message(&owner, text, {}, Icon::None, Buttons::Ok, Button::Ok);
+  }
 }
 
 TEST_F(QtPromptsTest, ClosingABoxIsTheCautiousAnswer) {
