@@ -100,7 +100,8 @@ class Database {
  public:
   // Completes or discards a journal that a crash left, takes the lock, checks size, version, page
   // key and catalog. A file that can be read but not written (attribute, rights, medium) opens for
-  // reading; readOnlyReason() tells why. A file that another process holds is InUse.
+  // reading; readOnlyReason() tells why. A file that another process holds is InUse, and so is one
+  // that Access has open for several users.
   static base::Result<Database> open(base::FileSystem& files, const std::string& path,
                                      OpenOptions options = {});
   ~Database();

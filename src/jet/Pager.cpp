@@ -4,6 +4,7 @@
 #include <array>
 #include <cassert>
 
+#include "base/Paths.h"
 #include "jet/Damage.h"
 #include "jet/Rc4.h"
 
@@ -17,6 +18,13 @@ using base::Result;
 
 // 16 MB of pages; then the cache starts anew. A year file has some thirty pages.
 constexpr std::size_t kCachedPages = 4096;
+
+// "NAME.ldb" beside "NAME.kwd".
+std::string lockNotesOf(const std::string& path) {
+  const std::size_t nameStart = base::folderOf(path).size();
+  const std::size_t dot = path.rfind('.');
+  return path.substr(0, dot == std::string::npos || dot < nameStart ? path.size() : dot) + ".ldb";
+}
 
 bool meansReadOnly(ErrorCode code) {
   return code == ErrorCode::AccessDenied || code == ErrorCode::ReadOnly;
@@ -35,7 +43,17 @@ Result<std::unique_ptr<Pager>> Pager::open(base::FileSystem& files, const std::s
   return pager;
 }
 
+// Access opens a file for several users at once: it names them in a file of its own, and its locks
+// lie there. One that a crash has left behind is held by nobody and tells nothing.
+Result<void> Pager::checkNotShared() const {
+  const auto notes = files_->open(lockNotesOf(path_), base::OpenMode::ReadWrite);
+  if (notes || notes.error().code != ErrorCode::InUse) return {};
+  return base::fail(ErrorCode::InUse, "zum Beispiel in Access", path_);
+}
+
 Result<void> Pager::openFile(Options options) {
+  if (!options.readOnly)
+    if (auto shared = checkNotShared(); !shared) return shared;
   const auto mode = options.readOnly ? base::OpenMode::Read : base::OpenMode::ReadWrite;
   auto file = files_->open(path_, mode);
   if (!file && !options.readOnly && meansReadOnly(file.error().code)) {

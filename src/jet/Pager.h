@@ -96,6 +96,7 @@ class Pager {
 
   Pager(base::FileSystem& files, std::string path);
   base::Result<void> openFile(Options options);
+  base::Result<void> checkNotShared() const;
   base::Result<void> openForWriting();
   base::Result<void> openForReading();
   base::Result<void> readHeader(Options options);

@@ -1,5 +1,6 @@
 #ifndef _WIN32
 
+#include <fcntl.h>
 #include <gmock/gmock.h>
 #include <poll.h>
 #include <sys/wait.h>
@@ -165,6 +166,28 @@ TEST_F(Processes, AFileThatHasLostItsNameIsNotWritten) {
   ASSERT_EQ(std::rename(elsewhere.c_str(), path_.c_str()), 0);
   EXPECT_TRUE(writeRound(*database, 2));
   EXPECT_EQ(roundIn(*database), 2);
+}
+
+// Access locks bytes far behind the end of "NAME.ldb" as long as somebody has the file open; after
+// a crash the file is left without a lock.
+TEST_F(Processes, AFileThatAccessHasOpenIsNotOpenedForWriting) {
+  const std::string notes = path_.substr(0, path_.rfind('.')) + ".ldb";
+  const int holder = open(notes.c_str(), O_RDWR | O_CREAT, 0666);
+  ASSERT_GE(holder, 0);
+  EXPECT_TRUE(Database::open(*files_, path_));
+
+  struct flock user = {};
+  user.l_type = F_WRLCK;
+  user.l_start = 0x10000001;
+  user.l_len = 1;
+  ASSERT_EQ(fcntl(holder, F_OFD_SETLK, &user), 0);
+  const auto refused = Database::open(*files_, path_);
+  ASSERT_FALSE(refused);
+  EXPECT_EQ(refused.error().code, base::ErrorCode::InUse);
+  EXPECT_EQ(refused.error().file, path_);
+  EXPECT_TRUE(Database::open(*files_, path_, {.readOnly = true}));
+  close(holder);
+  EXPECT_TRUE(Database::open(*files_, path_));
 }
 
 }  // namespace
