@@ -89,7 +89,7 @@ QWidget* makeRule(QWidget* parent) {
   auto* rule = new QFrame(parent);
   rule->setFrameShape(QFrame::HLine);
   rule->setFrameShadow(QFrame::Plain);
-  rule->setForegroundRole(QPalette::Mid);
+  rule->setForegroundRole(QPalette::PlaceholderText);
   return rule;
 }
 

@@ -82,7 +82,7 @@ void FigureGroup::addRule() {
   auto* rule = new QFrame(this);
   rule->setFrameShape(QFrame::HLine);
   rule->setFrameShadow(QFrame::Plain);
-  rule->setForegroundRole(QPalette::Mid);
+  rule->setForegroundRole(QPalette::PlaceholderText);
   rows_.push_back({{}, rule});
   arrange(1);
 }
@@ -101,7 +101,12 @@ void FigureGroup::place(const Row& row, int gridRow, int block) {
   grid_->addWidget(row.line.label, gridRow, first + kLabel);
   grid_->addWidget(row.line.value, gridRow, first + kValue);
   if (row.line.unit) grid_->addWidget(row.line.unit, gridRow, first + kUnit);
-  if (row.line.extra) grid_->addWidget(row.line.extra, gridRow, first + kExtra);
+  if (!row.line.extra) return;
+  // A text stands beside its number, as a unit would.
+  if (!row.line.unit && qobject_cast<QLabel*>(row.line.extra))
+    grid_->addWidget(row.line.extra, gridRow, first + kUnit, 1, 2);
+  else
+    grid_->addWidget(row.line.extra, gridRow, first + kExtra);
 }
 
 void FigureGroup::arrange(int blocks) {

@@ -109,7 +109,7 @@ void MonthTable::buildSums(QGridLayout* grid) {
   auto* rule = new QFrame(this);
   rule->setFrameShape(QFrame::HLine);
   rule->setFrameShadow(QFrame::Plain);
-  rule->setForegroundRole(QPalette::Mid);
+  rule->setForegroundRole(QPalette::PlaceholderText);
   grid->addWidget(rule, kRuleRow, 0, 1, kColumns);
   auto* sum = heading(u"Summe"_s, this);
   sum->setContentsMargins(4, 0, 0, 0);
