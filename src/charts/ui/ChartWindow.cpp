@@ -288,7 +288,7 @@ void ChartWindow::buildMenus() {
     applyOptions();
   });
   toggle(mnuReverse, u"Reihenfolge umkehren"_s, &ChartOptions::reverse);
-  menuBar->addAction(mnuReverse);
+  legend->addAction(mnuReverse);
 
   mnuHilfe->setText(u"&Hilfe"_s);
   mnuHilfe->setShortcut(QKeySequence::HelpContents);
