@@ -34,6 +34,7 @@ struct DetailInput {
   std::optional<double> freeKwh;   // kWh in the year
   std::optional<double> dayPrice;  // cent per kWh
   base::Date today{};
+  bool nightShown = true;  // the household has a night tariff
 
   DetailMeter& meter(Meter which) { return meters[static_cast<std::size_t>(which)]; }
   const DetailMeter& meter(Meter which) const { return meters[static_cast<std::size_t>(which)]; }

@@ -131,6 +131,7 @@ DetailInput detailInput(const yearbook::YearSession& year, base::Date today) {
   in.freeKwh = values.freeKwh;
   in.dayPrice = values.dayPrice;
   in.today = today;
+  in.nightShown = values.nightShown;
   return in;
 }
 

@@ -102,7 +102,17 @@ void DetailPage::buildLayout() {
 
 void DetailPage::showEvent(QShowEvent* event) {
   QFrame::showEvent(event);
-  if (!event->spontaneous()) cmdTabelleClick();
+  if (event->spontaneous()) return;
+  followNightTariff();
+  cmdTabelleClick();
+}
+
+// A household without a night tariff need not take its empty block out of every print-out. What is
+// ticked by hand stays until the tariff is shown or hidden again.
+void DetailPage::followNightTariff() {
+  const bool shown = provider_().nightShown;
+  if (shown != nightShown_) chkStromNS->setChecked(shown);
+  nightShown_ = shown;
 }
 
 void DetailPage::cmdTabelleClick() {

@@ -51,11 +51,13 @@ class DetailPage final : public QFrame {
   MeterChoice ticked() const;
   void setCaptions();
   void buildLayout();
+  void followNightTariff();
   GridPrinter pages() const;
 
   const dialogs::Services& services_;
   const Provider provider_;
   const int openedMonth_;
+  bool nightShown_ = true;
 };
 
 }  // namespace reports

@@ -100,6 +100,18 @@ TEST_F(ReportPages, PrintingAsksWithNamePortraitAndCancelPrintsNothing) {
   EXPECT_TRUE(prompts_.shown.empty());
 }
 
+TEST_F(ReportPages, AHiddenNightTariffIsNotTicked) {
+  detail_.nightShown = false;
+  detailPage_.show();
+  EXPECT_FALSE(detailPage_.chkStromNS->isChecked());
+  EXPECT_EQ(cellText(*detailPage_.grdDruckAlle, 20, 0), u"Wasser"_s);
+  detailPage_.chkStromNS->setChecked(true);
+  detailPage_.hide();
+  detailPage_.show();
+  EXPECT_TRUE(detailPage_.chkStromNS->isChecked());
+  EXPECT_EQ(cellText(*detailPage_.grdDruckAlle, 20, 0), u"Nachtstrom"_s);
+}
+
 TEST_F(ReportPages, PrinterThatTakesNothingIsReported) {
   detailPage_.show();
   const QString target = QString::fromStdString(folder_ / "Seiten.pdf");
