@@ -27,8 +27,7 @@ frmSichern::frmSichern(dialogs::Services& services, QWidget* parent)
   FilesWechsel->setLister(app::filesOf(services.files, app::kSideExtension));
   base::ignore(app::makeCurrent(services.paths.DataFolder), "the copies name what is wrong");
   connect(Drive1, &widgets::DriveList::chosen, this, &frmSichern::Drive1Change);
-  connect(Dir1, &widgets::FolderList::chosen, this,
-          [this] { Command1->setText(u"In links ausgewähltes Verzeichnis Sichern"_s); });
+  connect(Dir1, &widgets::FolderList::chosen, this, &frmSichern::Dir1Change);
   connect(Command1, &QPushButton::clicked, this, &frmSichern::Command1Click);
   connect(Command2, &QPushButton::clicked, this, &QDialog::close);
 }
@@ -103,9 +102,16 @@ void frmSichern::activate() {
 }
 
 void frmSichern::Drive1Change(const QString& root) {
-  if (Dir1->setPath(root, root)) return;
+  if (Dir1->setPath(root, root)) {
+    Dir1Change();
+    return;
+  }
   services_.prompts.tell(this, u"Laufwerksfehler!"_s, u"Error"_s);
   Drive1->showDriveOf(Dir1->path());
+}
+
+void frmSichern::Dir1Change() {
+  Command1->setText(u"In links ausgewähltes Verzeichnis Sichern"_s);
 }
 
 void frmSichern::Command1Click() {

@@ -37,6 +37,7 @@ class frmSichern final : public QDialog {
   void buildLayout();
   void activate();
   void Drive1Change(const QString& root);
+  void Dir1Change();
   void Command1Click();
   void report(const base::Result<void>& outcome, const QString& target);
 

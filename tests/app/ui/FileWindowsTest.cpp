@@ -225,6 +225,19 @@ TEST_F(CopyWindows, UnreadableDriveIsToldAndTheListReturns) {
   EXPECT_EQ(prompts.last().text, u"Laufwerksfehler!"_s);
   EXPECT_EQ(prompts.last().title, u"Error"_s);
   EXPECT_EQ(window.Drive1->drive(), before);
+  EXPECT_EQ(window.Command1->text(), u"Wählen Sie zuerst links ein Verzeichnis aus"_s);
+}
+
+TEST_F(CopyWindows, AChosenDriveIsAChosenFolder) {
+  put("A.kwd");
+  frmSichern window(services);
+  show(window);
+  window.Drive1->addItem(QString::fromStdString(stick()));
+  window.Drive1->setCurrentIndex(window.Drive1->count() - 1);
+  Q_EMIT window.Drive1->chosen(window.Drive1->drive());
+  EXPECT_EQ(window.Command1->text(), u"In links ausgewähltes Verzeichnis Sichern"_s);
+  window.Command1->click();
+  EXPECT_TRUE(files->exists(stick("A.kwd")));
 }
 
 }  // namespace
