@@ -16,7 +16,7 @@ std::string codeSentence(ErrorCode code) {
     case ErrorCode::NoSpace:
       return "Auf dem Datenträger ist kein Platz mehr.";
     case ErrorCode::InUse:
-      return "Die Datei ist in einem anderen Programm geöffnet.";
+      return "Die Datei ist bereits geöffnet, hier oder in einem anderen Programm.";
     case ErrorCode::IoError:
       return "Beim Lesen oder Schreiben ist ein Fehler aufgetreten.";
     case ErrorCode::NotADatabase:

@@ -59,6 +59,9 @@ void frmNeuVerbrauch::buildLayout() {
   Text2->setPalette(plain);
   Text2->setFixedHeight(Text2->fontMetrics().lineSpacing() * 5 + 8);
   Text2->setVerticalScrollBarPolicy(Qt::ScrollBarAlwaysOff);
+  // The caption needs room beside the buttons of the frame.
+  constexpr int kFrameButtons = 160;
+  setMinimumWidth(fontMetrics().horizontalAdvance(windowTitle()) + kFrameButtons);
   txtBenutzer->setMinimumWidth(txtBenutzer->fontMetrics().averageCharWidth() * 36);
 
   for (QPushButton* button : {Command1, Command2}) {
