@@ -17,11 +17,7 @@ MonthlyFees readBaseFees(base::FileSystem& files, const std::string& path) {
   if (!bytes) return {};
   const base::RecordReader record(*bytes);
   MonthlyFees fees{};
-  for (std::size_t k = 0; k < fees.size(); ++k) {
-    const auto fee = record.number(k);
-    if (!fee) return {};
-    fees[k] = *fee;
-  }
+  for (std::size_t k = 0; k < fees.size(); ++k) fees[k] = record.number(k).value_or(0);
   return fees;
 }
 

@@ -14,7 +14,7 @@ using MonthlyFees = yearbook::PerMonth<double>;
 // Beside the year database, named after it.
 std::string baseFeePath(const YearSession& session, const FeeVariant& fee);
 
-// All 0 when the file is missing or does not hold twelve numbers.
+// A month whose number is missing or cannot be read is 0, all are without the file.
 MonthlyFees readBaseFees(base::FileSystem& files, const std::string& path);
 // Amounts of 0 and less are written as 0.
 base::Result<void> writeBaseFees(base::FileSystem& files, const std::string& path,

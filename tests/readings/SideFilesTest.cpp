@@ -71,13 +71,16 @@ TEST_F(SideFiles, BaseFeesAreWrittenInOneLine) {
   EXPECT_EQ(readBaseFees(files, kPath), fees);
 }
 
-TEST_F(SideFiles, BaseFeesThatAreNotTwelveNumbersAreNone) {
+TEST_F(SideFiles, BaseFeesThatCannotBeReadAreZero) {
   EXPECT_EQ(readBaseFees(files, kPath), MonthlyFees());
   for (const std::string& line :
-       {std::string(), std::string("1,2,3"), std::string("1,2,3,4,5,6,7,8,9,10,11,"),
-        std::string("1,2,3,4,5,6,x,8,9,10,11,12"), std::string(1'000'000, '1'),
-        std::string(1'000'000, ',')})
+       {std::string(), std::string("PK\3\4\0\0\0", 7), std::string("\"1\",\"2\""),
+        std::string(1'000'000, '1'), std::string(1'000'000, ',')})
     EXPECT_EQ(feesIn(line), MonthlyFees()) << line.substr(0, 20);
+  EXPECT_EQ(feesIn("1,2.5,3"), (MonthlyFees{1, 2.5, 3}));
+  EXPECT_EQ(feesIn("1,2,3,4,5,6,7,8,9,10,11,"), (MonthlyFees{1, 2, 3, 4, 5, 6, 7, 8, 9, 10, 11}));
+  EXPECT_EQ(feesIn("1,2,3,4,5,6,x,8,9,10,11,12"),
+            (MonthlyFees{1, 2, 3, 4, 5, 6, 0, 8, 9, 10, 11, 12}));
 }
 
 TEST_F(SideFiles, TheYearFeeIsTheExactSumOfTheAmountsAboveZero) {
