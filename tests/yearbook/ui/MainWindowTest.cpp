@@ -202,6 +202,32 @@ TEST_F(MainWindow, AYearThatCanOnlyBeReadSaysSo) {
   EXPECT_EQ(window->Frame1->txtMwStS->text(), u"19"_s);
 }
 
+// The disk goes while a change is on its way into the file. The next opening completes or drops it;
+// until then nothing more can be stored.
+TEST_F(MainWindow, AYearLeftInMidChangeAsksToBeOpenedAgain) {
+  prompts.acceptTellings();
+  bool met = false;
+  for (std::size_t call = 0; call < 60 && !met; ++call) {
+    window.reset();
+    openSample();
+    files.arm({call, true, base::ErrorCode::IoError, false});
+    type(window->Frame1->txtMwStS, u"7"_s);
+    files.disarm();
+    met = window->session().database().needsReopen();
+    if (!met) continue;
+    EXPECT_TRUE(window->lblHinweis->isVisible());
+    EXPECT_TRUE(window->lblHinweis->text().contains(u"schließen Sie dieses Jahr und öffnen"_s));
+    const std::size_t told = prompts.shown.size();
+    EXPECT_GT(told, 0u);
+    type(window->Frame1->txtTPreis, u"1"_s);
+    EXPECT_GT(prompts.shown.size(), told);
+    const auto year = stored();
+    EXPECT_THAT(year->values().vatElectricity, testing::AnyOf(7, 19));
+    EXPECT_EQ(year->values().dayPrice, 28.9);
+  }
+  EXPECT_TRUE(met);
+}
+
 namespace {
 
 // An empty year with an index on the month, one key of which is wrong.
