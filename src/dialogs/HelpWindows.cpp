@@ -1,5 +1,6 @@
 #include "dialogs/HelpWindows.h"
 
+#include <QCloseEvent>
 #include <QKeyEvent>
 #include <QLabel>
 #include <QPushButton>
@@ -60,6 +61,11 @@ void HelpWindow::showInFront() {
   show();
   raise();
   activateWindow();
+}
+
+void HelpWindow::closeEvent(QCloseEvent* event) {
+  QWidget::closeEvent(event);
+  Q_EMIT closed();
 }
 
 void HelpWindow::keyPressEvent(QKeyEvent* event) {

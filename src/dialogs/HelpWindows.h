@@ -14,6 +14,10 @@ class HelpWindow : public QWidget {
   // A second call brings the same window to the front.
   void showInFront();
 
+ Q_SIGNALS:
+  // The user has closed it; not when it goes with the window that it belongs to.
+  void closed();
+
  protected:
   struct Content {
     const char* name;  // of the window
@@ -24,6 +28,7 @@ class HelpWindow : public QWidget {
   };
   HelpWindow(const Content& content, QWidget* parent);
   void keyPressEvent(QKeyEvent* event) override;
+  void closeEvent(QCloseEvent* event) override;
 };
 
 }  // namespace dialogs

@@ -10,7 +10,6 @@
 #include "app/ui/frmNeuVerbrauch.h"
 #include "app/ui/frmRuecksichern.h"
 #include "app/ui/frmSichern.h"
-#include "dialogs/HelpWindows.h"
 #include "dialogs/Prompts.h"
 #include "dialogs/Shell.h"
 
@@ -228,7 +227,9 @@ void frmVerbrStart::mnuPfadDelClick() {
 }
 
 void frmVerbrStart::mnuHilfeClick() {
-  auto* help = new frmHilfe(this);
-  connect(help, &QObject::destroyed, this, &frmVerbrStart::activate);
-  help->showInFront();
+  if (!help_) {
+    help_ = new frmHilfe(this);
+    connect(help_, &dialogs::HelpWindow::closed, this, &frmVerbrStart::activate);
+  }
+  help_->showInFront();
 }

@@ -4,10 +4,12 @@
 #include <QLabel>
 #include <QMainWindow>
 #include <QMenu>
+#include <QPointer>
 #include <QPushButton>
 #include <optional>
 
 #include "app/DataFolder.h"
+#include "dialogs/HelpWindows.h"
 #include "dialogs/Services.h"
 #include "widgets/ActionOption.h"
 #include "widgets/FileList.h"
@@ -106,4 +108,5 @@ class frmVerbrStart final : public QMainWindow {
   app::YearOpener& opener_;
   std::optional<base::Error> loadProblem_;
   QString toldProblem_;
+  QPointer<frmHilfe> help_;
 };

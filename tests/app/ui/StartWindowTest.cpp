@@ -298,4 +298,16 @@ TEST_F(StartWindow, HelpLooksAgainWhenItCloses) {
   EXPECT_TRUE(window.filFiles->names().contains(u"Neu.kwd"_s));
 }
 
+TEST_F(StartWindow, HelpGoesWithTheWindow) {
+  auto* window = new frmVerbrStart(services, facts, opener);
+  window->show();
+  QApplication::processEvents();
+  window->mnuHilfe->trigger();
+  window->mnuHilfe->trigger();
+  EXPECT_EQ(window->findChildren<QWidget*>(u"frmHilfe"_s).size(), 1);
+  window->close();
+  QApplication::sendPostedEvents(window, QEvent::DeferredDelete);
+  EXPECT_TRUE(QApplication::topLevelWidgets().isEmpty());
+}
+
 }  // namespace
