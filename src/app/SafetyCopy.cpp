@@ -92,6 +92,24 @@ std::vector<std::string> SafetyCopy::copiedDays() const {
   return days;
 }
 
+std::string SafetyCopy::advice(const base::Error& error) const {
+  switch (error.code) {
+    case base::ErrorCode::NotFound:
+    case base::ErrorCode::NotADatabase:
+    case base::ErrorCode::Truncated:
+    case base::ErrorCode::Damaged:
+      break;
+    default:
+      return {};
+  }
+  const std::vector<std::string> days = copiedDays();
+  if (days.empty()) return {};
+  const std::string& newest = days.back();
+  return "Es gibt eine Sicherheitskopie vom " + newest.substr(8, 2) + '.' + newest.substr(5, 2) +
+         '.' + newest.substr(0, 4) +
+         ". Im Startfenster holt sie der Menüpunkt Verbrauchs-Daten wiederherstellen zurück.";
+}
+
 void SafetyCopy::prepare(std::chrono::milliseconds budget) {
   const Clock::time_point deadline = Clock::now() + budget;
   if (!isDue()) return;

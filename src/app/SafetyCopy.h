@@ -23,6 +23,9 @@ class SafetyCopy {
              base::Date today);
 
   static std::string folderIn(const std::string& dataFolder);
+  // For a year that cannot be opened any more: of which day there is a copy, and how it comes back.
+  // "" when there is none, or when the error is not one that a copy would cure.
+  std::string advice(const base::Error& error) const;
 
   void prepare(std::chrono::milliseconds budget = std::chrono::milliseconds(8));
   // The error names the file; a copy that failed does not count as made.

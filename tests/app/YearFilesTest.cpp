@@ -242,6 +242,21 @@ TEST_F(SafetyCopyTest, AYearTooLargeForTheBudgetIsCopiedAfterClosing) {
   EXPECT_EQ(days().size(), 1U) << "nothing has changed";
 }
 
+TEST_F(SafetyCopyTest, AdvisesTheNewestCopyOfAYearThatIsBroken) {
+  const auto advice = [&](base::ErrorCode code) {
+    base::Error error;
+    error.code = code;
+    return app::SafetyCopy(*files, data.path(), "Haus.kwd", {}).advice(error);
+  };
+  EXPECT_EQ(advice(base::ErrorCode::Damaged), "");
+  open(0);
+  put(data / "Haus.kwd", "Jahr 1");
+  open(8);
+  EXPECT_NE(advice(base::ErrorCode::Damaged).find("vom 09.03.2024"), std::string::npos);
+  EXPECT_NE(advice(base::ErrorCode::NotFound), "");
+  EXPECT_EQ(advice(base::ErrorCode::InUse), "");
+}
+
 TEST_F(SafetyCopyTest, FailureNamesTheFolder) {
   put(data / "Sicherungen", "kein Ordner");
   app::SafetyCopy copy(*files, data.path(), "Haus.kwd",

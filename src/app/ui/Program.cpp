@@ -3,6 +3,7 @@
 #include <QApplication>
 
 #include "app/DataFolder.h"
+#include "app/SafetyCopy.h"
 #include "app/ui/WindowNavigator.h"
 #include "base/GermanDate.h"
 #include "base/Paths.h"
@@ -27,6 +28,7 @@ struct Program::Parts {
   dialogs::Services services{paths, *files, clock, prompts, shell, navigator};
 
   YearWindow openYear(QWidget* parent);
+  std::string openingProblem(const base::Error& error) const;
 };
 
 namespace {
@@ -40,11 +42,18 @@ std::string absolutePath(const std::string& path) {
 
 }  // namespace
 
+std::string Program::Parts::openingProblem(const base::Error& error) const {
+  const SafetyCopy copies(*files, std::string(base::folderOf(paths.YearDatabasePath)),
+                          std::string(base::fileName(paths.YearDatabasePath)), clock.today());
+  const std::string advice = copies.advice(error);
+  return base::germanMessage(error) + (advice.empty() ? "" : "\n\n") + advice;
+}
+
 YearWindow Program::Parts::openYear(QWidget* parent) {
   auto year = yearbook::YearSession::open(*files, paths.YearDatabasePath, paths.DataFolder, clock);
   if (!year) {
-    prompts.tell(parent, QString::fromStdString(base::germanMessage(year.error())),
-                 u"Jahr öffnen"_s, dialogs::Icon::Warning);
+    prompts.tell(parent, QString::fromStdString(openingProblem(year.error())), u"Jahr öffnen"_s,
+                 dialogs::Icon::Warning);
     return {};
   }
   auto* window = new frmVerbrauch(services, std::move(*year), parent);
