@@ -25,7 +25,7 @@ base::Result<std::vector<std::string>> backupNames(const base::FileSystem& files
                                                    const std::string& dataFolder) {
   auto names = listFiles(files, dataFolder, kYearExtension);
   if (!names) return names;
-  const auto side = listFiles(files, dataFolder, kSideExtension);
+  auto side = listFiles(files, dataFolder, kSideExtension);
   if (!side) return side;
   names->insert(names->end(), side->begin(), side->end());
   return names;

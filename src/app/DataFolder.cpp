@@ -118,7 +118,7 @@ base::Result<void> changeBaseFolder(yearbook::PathState& paths, base::FileSystem
   yearbook::PathState changed = paths;
   changed.UserBaseFolder = base::withSeparator(baseFolder);
   changed.DataFolder = dataFolderBelow(changed.UserBaseFolder);
-  const auto stored =
+  auto stored =
       files.replaceFile(pathFile, base::asBytes(pathFileContent(changed.UserBaseFolder)));
   auto moved = makeDataFolder(files, changed.DataFolder, facts);
   if (moved) moved = makeCurrent(changed.DataFolder);

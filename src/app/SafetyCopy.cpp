@@ -74,7 +74,7 @@ std::string SafetyCopy::todaysFolder() const {
 }
 
 base::Result<std::vector<std::string>> SafetyCopy::namesIn(const std::string& folder) const {
-  const auto side = listFiles(files_, folder, kSideExtension);
+  auto side = listFiles(files_, folder, kSideExtension);
   if (!side) return side;
   std::vector<std::string> names = sideFilesOf(yearName_, *side);
   // The database last: with it the copy counts as made.
