@@ -52,7 +52,7 @@ QString OpenFileDialog(QWidget* owner, const QString& filter, const QString& tit
   prepareFileDialog(dialog, filter);
   dialog.setAcceptMode(QFileDialog::AcceptOpen);
   while (dialog.exec() == QDialog::Accepted) {
-    const QString path = chosen(dialog);
+    QString path = chosen(dialog);
     if (QFileInfo::exists(path) || agreesToCreate(owner, path, title)) return path;
   }
   return {};

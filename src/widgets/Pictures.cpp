@@ -17,7 +17,7 @@ static void loadResources() {
 namespace widgets {
 namespace {
 
-QString asFileName(QString name) {
+QString asFileName(const QString& name) {
   return name.toLower().replace(u'ö', u"oe"_s).replace(u'ä', u"ae"_s).replace(u'ü', u"ue"_s);
 }
 
