@@ -73,7 +73,8 @@ Result<void> DefinitionReader::read() {
 Result<void> DefinitionReader::collectPages() {
   constexpr format::Field kNext = JET_FIELD(format::TableDefPage, next);
   std::vector<std::uint32_t>& seen = table_.pages;
-  for (std::uint32_t number = table_.page; number != 0;) {
+  std::uint32_t number = table_.page;
+  do {
     const bool known = std::find(seen.begin(), seen.end(), number) != seen.end();
     if (known || seen.size() == kMaxDefinitionPages)
       return damaged(number, "Tabellendefinition läuft im Kreis");
@@ -91,7 +92,7 @@ Result<void> DefinitionReader::collectPages() {
       joined_.insert(joined_.end(), content.begin() + sizeof(format::TableDefPage), content.end());
     seen.push_back(number);
     number = following;
-  }
+  } while (number != 0);
   if (!joined_.empty()) bytes_ = joined_;
   const std::size_t length = format_.table.length.get(bytes_);
   if (length < format_.table.headSize || length > bytes_.size())

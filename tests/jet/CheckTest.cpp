@@ -1,5 +1,8 @@
 #include <gmock/gmock.h>
 
+#include <algorithm>
+#include <array>
+
 #include "jet/Creator.h"
 #include "jet/Database.h"
 #include "jet/format/Version.h"
@@ -74,6 +77,27 @@ class Check : public testing::Test {
 TEST_F(Check, OfASoundFileFindsNothing) {
   EXPECT_THAT(findings(), testing::IsEmpty());
   EXPECT_EQ(jet::advice(found_), "");
+}
+
+// The header page is the definition of no table, though a chain of pages ends with 0 as well.
+TEST_F(Check, TellsATableWhoseDefinitionIsTheHeaderPage) {
+  const std::uint32_t catalog = pageOf(
+      [](base::ByteSpan page) {
+        return page[0] == 1 && jet::format::kJet4.dataPage.owner.get(page) == 2;
+      },
+      3);
+  const std::array<std::uint8_t, 4> id = {static_cast<std::uint8_t>(definition_), 0, 0, 0};
+  const auto start = bytes_.begin() + catalog * kPage;
+  const auto found = std::search(start, start + kPage, id.begin(), id.end());
+  ASSERT_NE(found, start + kPage);
+  *found = 0;
+  EXPECT_THAT(findings(), testing::Contains(HasSubstr("Seite 0: ")));
+  support::MemoryFileSystem disk({{kPath, bytes_}});
+  auto database = jet::Database::open(disk, kPath);
+  ASSERT_TRUE(database);
+  const auto table = database->openTable("Strom");
+  ASSERT_FALSE(table);
+  EXPECT_EQ(table.error().code, ErrorCode::Damaged);
 }
 
 TEST_F(Check, TellsARowOutOfPlace) {
