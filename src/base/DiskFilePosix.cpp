@@ -96,6 +96,17 @@ bool stillNamed(int descriptor, const std::string& path) {
          opened.st_dev == named.st_dev && opened.st_ino == named.st_ino;
 }
 
+// The same for a file that is open for long: some network file systems number their files anew in
+// the meantime. A file of the same size and time is taken for the one that was opened.
+bool stillFound(int descriptor, const std::string& path) {
+  struct stat opened = {};
+  struct stat named = {};
+  if (::fstat(descriptor, &opened) != 0 || ::stat(path.c_str(), &named) != 0) return false;
+  if (opened.st_dev == named.st_dev && opened.st_ino == named.st_ino) return true;
+  return opened.st_size == named.st_size && opened.st_mtim.tv_sec == named.st_mtim.tv_sec &&
+         opened.st_mtim.tv_nsec == named.st_mtim.tv_nsec;
+}
+
 bool writeProtected(const struct stat& status) {
   return (status.st_mode & (S_IWUSR | S_IWGRP | S_IWOTH)) == 0;
 }
@@ -109,7 +120,7 @@ class DiskFile final : public File {
 
   bool isStillNamed() const override {
     // What a relative name means depends on the current folder, which may have changed.
-    return !path_.starts_with('/') || stillNamed(descriptor_.get(), path_);
+    return !path_.starts_with('/') || stillFound(descriptor_.get(), path_);
   }
 
   Result<std::uint64_t> size() const override {
