@@ -439,7 +439,7 @@ Result<void> YearSession::clear(Utility utility) {
       if (auto done = adoZStaende.setNumber(0, *field, 0); !done) return done;
     if (auto done = copyToChartTable(); !done) return done;
     readMonths(utility);
-    if (auto done = summarize(utility); !done) return done;
+    updateTotals(utility);
     emptyFields(values_, utility);
     return {};
   });
