@@ -103,6 +103,7 @@ bool stillFound(int descriptor, const std::string& path) {
   struct stat named = {};
   if (::fstat(descriptor, &opened) != 0 || ::stat(path.c_str(), &named) != 0) return false;
   if (opened.st_dev == named.st_dev && opened.st_ino == named.st_ino) return true;
+  if (opened.st_nlink == 0) return false;  // another one lies in its place, however alike
   return opened.st_size == named.st_size && opened.st_mtim.tv_sec == named.st_mtim.tv_sec &&
          opened.st_mtim.tv_nsec == named.st_mtim.tv_nsec;
 }

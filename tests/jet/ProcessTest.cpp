@@ -8,6 +8,7 @@
 
 #include <csignal>
 #include <cstdio>
+#include <filesystem>
 #include <random>
 
 #include "YearUnderTest.h"
@@ -166,6 +167,12 @@ TEST_F(Processes, AFileThatHasLostItsNameIsNotWritten) {
   ASSERT_EQ(std::rename(elsewhere.c_str(), path_.c_str()), 0);
   EXPECT_TRUE(writeRound(*database, 2));
   EXPECT_EQ(roundIn(*database), 2);
+
+  // A copy with the same time stamp, as a backup program puts it back.
+  std::filesystem::copy_file(path_, elsewhere);
+  std::filesystem::last_write_time(elsewhere, std::filesystem::last_write_time(path_));
+  ASSERT_EQ(std::rename(elsewhere.c_str(), path_.c_str()), 0);
+  EXPECT_FALSE(writeRound(*database, 3));
 }
 
 // Access locks bytes far behind the end of "NAME.ldb" as long as somebody has the file open; after
