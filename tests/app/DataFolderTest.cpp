@@ -75,8 +75,17 @@ TEST(DataFolder, PathFileHoldsOneQuotedFieldInWindowsText) {
 
 class SettledFolders : public testing::Test {
  protected:
-  SettledFolders() { facts.environment.home = home.path(); }
-  ~SettledFolders() override { std::filesystem::current_path("/"); }
+  SettledFolders() {
+#ifdef _WIN32
+    facts.environment.homeDrive = home.path().substr(0, 2);
+    facts.environment.homePath = home.path().substr(2);
+#else
+    facts.environment.home = home.path();
+#endif
+  }
+  ~SettledFolders() override {
+    std::filesystem::current_path("/");
+  }
   void write(const std::string& path, const std::string& content) {
     ASSERT_TRUE(files->replaceFile(path, base::asBytes(content)));
   }
@@ -88,10 +97,10 @@ class SettledFolders : public testing::Test {
 };
 
 TEST_F(SettledFolders, FirstStartMakesTheProductFolderAndBecomesCurrent) {
-  facts.programFolder = "/opt/kalvira/bin";
+  facts.programFolder = home / "bin";
   ASSERT_TRUE(app::settleFolders(paths, *files, facts));
   EXPECT_EQ(paths.DataFolder, defaultFolder);
-  EXPECT_EQ(paths.ProgramFolder, "/opt/kalvira/bin/");
+  EXPECT_EQ(paths.ProgramFolder, home / "bin/");
   EXPECT_TRUE(files->folderExists(defaultFolder));
   EXPECT_EQ(std::filesystem::canonical(defaultFolder), std::filesystem::current_path());
 }

@@ -76,10 +76,10 @@ TEST_F(YearFilesTest, PatternsMatchInAnyLetterCaseAndOnlyFiles) {
 
 TEST_F(YearFilesTest, DeletingTakesEverySideFileThatBeginsWithTheName) {
   for (const char* name : {"Verbrauch.kwd", "Verbrauch_Gas.dat", "Verbrauch2_Gas.DAT",
-                           "verbrauch_Gas.dat", "Verbrauch2.kwd", "pauschale.dat"})
+                           "verbrauch_Wasser.dat", "Verbrauch2.kwd", "pauschale.dat"})
     put(data / name);
   ASSERT_TRUE(app::deleteYear(*files, data.path(), "Verbrauch.kwd"));
-  EXPECT_EQ(in(data.path()), (Names{"pauschale.dat", "Verbrauch2.kwd", "verbrauch_Gas.dat"}));
+  EXPECT_EQ(in(data.path()), (Names{"pauschale.dat", "Verbrauch2.kwd", "verbrauch_Wasser.dat"}));
 }
 
 TEST_F(YearFilesTest, NamesWithoutABaseHaveNoSideFiles) {

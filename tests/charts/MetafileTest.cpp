@@ -2,11 +2,11 @@
 
 #include <gtest/gtest.h>
 
-#include <cstdlib>
 #include <fstream>
 #include <sstream>
 
 #include "SampleChart.h"
+#include "support/Command.h"
 #include "support/TemporaryFolder.h"
 
 namespace {
@@ -100,14 +100,6 @@ TEST(Metafile, OfAnEndlessSheetStaysWithinSixteenBits) {
   EXPECT_GT(charts::toEmf(scene, sample::PlainMeasure()).size(), 108u);
 }
 
-bool hasProgram(const std::string& name) {
-#ifdef _WIN32
-  return std::system(("where " + name + " >nul 2>nul").c_str()) == 0;
-#else
-  return std::system(("command -v " + name + " >/dev/null 2>&1").c_str()) == 0;
-#endif
-}
-
 std::string read(const std::string& path) {
   std::ifstream file(path, std::ios::binary);
   std::ostringstream text;
@@ -129,18 +121,19 @@ class IndependentReader : public testing::Test {
         .write(reinterpret_cast<const char*>(bytes.data()),
                static_cast<std::streamsize>(bytes.size()));
   }
+  std::string quoted(const std::string& name) { return '"' + (folder_ / name) + '"'; }
   void run(const std::string& command) {
-    ASSERT_EQ(std::system(("cd '" + folder_.path() + "' && " + command + " >log 2>&1").c_str()), 0)
-        << read(folder_ / "log");
+    const support::CommandResult result = support::run(command);
+    ASSERT_EQ(result.exitCode, 0) << result.output;
   }
   support::TemporaryFolder folder_;
 };
 
 TEST_F(IndependentReader, LibwmfFindsEveryShapeAndText) {
-  if (!hasProgram("wmf2svg")) GTEST_SKIP() << "wmf2svg is missing (Debian: libwmf-bin)";
+  if (!support::isInstalled("wmf2svg")) GTEST_SKIP() << "wmf2svg is missing (Debian: libwmf-bin)";
   const Scene scene = barScene();
   write("a.wmf", charts::toWmf(scene));
-  run("wmf2svg -o a.svg a.wmf");
+  run("wmf2svg -o " + quoted("a.svg") + " " + quoted("a.wmf"));
   const std::string svg = read(folder_ / "a.svg");
   EXPECT_EQ(occurrences(svg, "<polygon"), count(scene, true) + 1);
   EXPECT_EQ(occurrences(svg, "<polyline"), count(scene, false));
@@ -150,12 +143,12 @@ TEST_F(IndependentReader, LibwmfFindsEveryShapeAndText) {
 
 // Reads both formats and must find the same shapes in them.
 TEST_F(IndependentReader, InkscapeFindsEveryShapeAndText) {
-  if (!hasProgram("inkscape")) GTEST_SKIP() << "inkscape is missing (Debian: inkscape)";
+  if (!support::isInstalled("inkscape")) GTEST_SKIP() << "inkscape is missing (Debian: inkscape)";
   const Scene scene = barScene();
   write("a.wmf", charts::toWmf(scene));
   write("a.emf", charts::toEmf(scene, sample::PlainMeasure()));
   for (const std::string name : {"a.wmf", "a.emf"}) {
-    run("inkscape --export-plain-svg --export-filename=out.svg " + name);
+    run("inkscape --export-plain-svg --export-filename=" + quoted("out.svg") + " " + quoted(name));
     const std::string svg = read(folder_ / "out.svg");
     EXPECT_EQ(occurrences(svg, "<path"), count(scene, true) + count(scene, false) + 1) << name;
     for (const char* text : {">Verbrauch Strom<", ">Monat Januar bis Dezember<", ">Mär<", ">313<"})

@@ -23,4 +23,8 @@ TemporaryFolder::~TemporaryFolder() {
   std::filesystem::remove_all(base::toPath(path_), failure);
 }
 
+std::string TemporaryFolder::operator/(const std::string& name) const {
+  return path_ + base::fromPath(base::toPath(name).make_preferred());
+}
+
 }  // namespace support

@@ -14,7 +14,8 @@ class TemporaryFolder {
 
   // UTF-8, ends with the separator.
   const std::string& path() const { return path_; }
-  std::string operator/(const std::string& name) const { return path_ + name; }
+  // A name in the folder, also "folder/file", with the system's separators.
+  std::string operator/(const std::string& name) const;
 
  private:
   std::string path_;
