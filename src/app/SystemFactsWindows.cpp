@@ -31,13 +31,23 @@ std::filesystem::path executable() {
   return name;
 }
 
+// A scheduled task or a service may come without drive and path; the folder is the same.
+Environment homeVariables() {
+  Environment home{variable(L"HOMEDRIVE"), variable(L"HOMEPATH"), {}};
+  const std::string profile = variable(L"USERPROFILE");
+  constexpr std::size_t kDriveLength = 2;
+  if (home.homeDrive.empty() && home.homePath.empty() && profile.size() > kDriveLength)
+    home = {profile.substr(0, kDriveLength), profile.substr(kDriveLength), {}};
+  return home;
+}
+
 }  // namespace
 
 SystemFacts readSystemFacts() {
   SystemFacts facts;
   facts.programFolder = base::withSeparator(base::fromPath(executable().parent_path()));
   facts.portable = ProgramDriveIsRemovable(facts.programFolder);
-  facts.environment = {variable(L"HomeDrive"), variable(L"HomePath"), variable(L"HOME")};
+  facts.environment = homeVariables();
   return facts;
 }
 
