@@ -8,6 +8,9 @@ else()
 endif()
 
 install(TARGETS kalvira RUNTIME DESTINATION ${program_folder})
+if(WIN32)
+  install(TARGETS kalvira_console RUNTIME DESTINATION ${program_folder})
+endif()
 install(FILES ${CMAKE_RUNTIME_OUTPUT_DIRECTORY}/Vorlverbr8.kwx
               ${CMAKE_RUNTIME_OUTPUT_DIRECTORY}/click.wav DESTINATION ${program_folder})
 install(DIRECTORY ${CMAKE_RUNTIME_OUTPUT_DIRECTORY}/beispiel DESTINATION ${program_folder})

@@ -17,8 +17,10 @@ int main(int argc, char** argv) {
   app::attachConsole();
   std::unique_ptr<QGuiApplication> fonts;
   if (line.action == app::CommandLine::Action::Pdf) {
-    // A page needs fonts, not a display.
+    // A page needs fonts, not a display; Windows itself is there without one.
+#ifndef _WIN32
     qputenv("QT_QPA_PLATFORM", "offscreen");
+#endif
     fonts = std::make_unique<QGuiApplication>(argc, argv);
   }
   const auto files = base::makeDiskFileSystem();

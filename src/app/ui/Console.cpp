@@ -6,6 +6,7 @@
 #include <shellapi.h>
 
 #include <cstdio>
+#include <cstdlib>
 
 #include "base/Paths.h"
 #endif
@@ -13,6 +14,25 @@
 namespace app {
 
 #ifdef _WIN32
+
+namespace {
+
+UINT codePageOfCaller = CP_UTF8;
+
+// Output into a file or to another program stays where the caller has led it.
+bool isRedirected(DWORD stream) {
+  const DWORD type = GetFileType(GetStdHandle(stream));
+  return type == FILE_TYPE_DISK || type == FILE_TYPE_PIPE;
+}
+
+// The console would show single bytes of a letter as letters, so lines go out whole.
+void reopen(std::FILE* stream) {
+  constexpr std::size_t kBufferSize = 1U << 16;
+  if (std::freopen("CONOUT$", "w", stream) != nullptr)
+    std::setvbuf(stream, nullptr, _IOFBF, kBufferSize);
+}
+
+}  // namespace
 
 std::vector<std::string> commandLineArguments(int, char**) {
   std::vector<std::string> arguments;
@@ -24,10 +44,17 @@ std::vector<std::string> commandLineArguments(int, char**) {
 }
 
 void attachConsole() {
-  if (!AttachConsole(ATTACH_PARENT_PROCESS)) return;
+  const bool outputRedirected = isRedirected(STD_OUTPUT_HANDLE);
+  const bool errorsRedirected = isRedirected(STD_ERROR_HANDLE);
+  if ((outputRedirected && errorsRedirected) || !AttachConsole(ATTACH_PARENT_PROCESS)) return;
+  codePageOfCaller = GetConsoleOutputCP();
   SetConsoleOutputCP(CP_UTF8);
-  std::freopen("CONOUT$", "wb", stdout);
-  std::freopen("CONOUT$", "wb", stderr);
+  if (!outputRedirected) reopen(stdout);
+  if (!errorsRedirected) reopen(stderr);
+  std::atexit([] {
+    std::fflush(nullptr);
+    SetConsoleOutputCP(codePageOfCaller);
+  });
 }
 
 #else
