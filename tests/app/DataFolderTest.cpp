@@ -2,6 +2,7 @@
 
 #include <gtest/gtest.h>
 
+#include "HomeFolder.h"
 #include "base/Drives.h"
 #include "support/TemporaryFolder.h"
 
@@ -75,17 +76,8 @@ TEST(DataFolder, PathFileHoldsOneQuotedFieldInWindowsText) {
 
 class SettledFolders : public testing::Test {
  protected:
-  SettledFolders() {
-#ifdef _WIN32
-    facts.environment.homeDrive = home.path().substr(0, 2);
-    facts.environment.homePath = home.path().substr(2);
-#else
-    facts.environment.home = home.path();
-#endif
-  }
-  ~SettledFolders() override {
-    std::filesystem::current_path("/");
-  }
+  SettledFolders() { facts.environment = environmentAt(home.path()); }
+  ~SettledFolders() override { std::filesystem::current_path("/"); }
   void write(const std::string& path, const std::string& content) {
     ASSERT_TRUE(files->replaceFile(path, base::asBytes(content)));
   }

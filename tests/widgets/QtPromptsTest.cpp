@@ -136,7 +136,7 @@ TEST_F(QtPromptsTest, CancelledDialogsGiveTheirEmptyValue) {
     EXPECT_EQ(QDir(dialog->directory()), QDir::home()) << "a start folder that is not there";
     dialog->reject();
   });
-  EXPECT_EQ(prompts.chooseFolder(&owner, u"Wählen"_s, u"C:\\"_s), QString());
+  EXPECT_EQ(prompts.chooseFolder(&owner, u"Wählen"_s, u"Q:\\weg\\"_s), QString());
   whenShown<QColorDialog>([](QColorDialog* dialog) { dialog->reject(); });
   EXPECT_EQ(prompts.chooseColor(&owner, 0, true), -1);
 }

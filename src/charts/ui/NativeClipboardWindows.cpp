@@ -60,16 +60,44 @@ bool putMetafile(const NativePicture& picture) {
   return false;
 }
 
+// The clipboard, opened for a window of its own: emptied for none it may take nothing in.
+class OpenedClipboard {
+ public:
+  OpenedClipboard()
+      : owner_(CreateWindowExW(0, L"STATIC", L"", 0, 0, 0, 0, 0, HWND_MESSAGE, nullptr, nullptr,
+                               nullptr)) {
+    // Programs that watch the clipboard hold it for a moment.
+    constexpr int kAttempts = 6;
+    constexpr DWORD kPauseMilliseconds = 20;
+    for (int attempt = 1; owner_ && !opened_ && attempt <= kAttempts; ++attempt) {
+      opened_ = OpenClipboard(owner_) != FALSE;
+      if (!opened_) Sleep(kPauseMilliseconds);
+    }
+  }
+  ~OpenedClipboard() {
+    if (opened_) CloseClipboard();
+    if (owner_) DestroyWindow(owner_);
+  }
+  OpenedClipboard(const OpenedClipboard&) = delete;
+  OpenedClipboard& operator=(const OpenedClipboard&) = delete;
+  explicit operator bool() const { return opened_; }
+
+ private:
+  HWND owner_;
+  bool opened_ = false;
+};
+
 }  // namespace
 
 bool putOnNativeClipboard(const NativePicture& picture) {
-  if (picture.metafile.size() <= kPlaceableHeader || !OpenClipboard(nullptr)) return false;
+  if (picture.metafile.size() <= kPlaceableHeader) return false;
+  const OpenedClipboard clipboard;
+  if (!clipboard) return false;
   EmptyClipboard();
   const bool put = picture.enhanced ? putEnhanced(picture) : putMetafile(picture);
   if (put && picture.bitmap.size() > kBitmapFileHeader)
     putGlobal(CF_DIB, picture.bitmap.data() + kBitmapFileHeader,
               picture.bitmap.size() - kBitmapFileHeader);
-  CloseClipboard();
   return put;
 }
 

@@ -6,6 +6,7 @@
 #include <functional>
 #include <memory>
 
+#include "../HomeFolder.h"
 #include "app/DataFolder.h"
 #include "app/ui/frmVerbrStart.h"
 #include "dialogs/Navigator.h"
@@ -40,7 +41,7 @@ class StartFixture : public testing::Test {
  protected:
   StartFixture() {
     facts.programFolder = program.path();
-    facts.environment.home = home.path();
+    facts.environment = environmentAt(home.path());
     EXPECT_TRUE(files->replaceFile(program / "Vorlverbr8.kwx", base::asBytes("leer")));
     EXPECT_TRUE(files->makeFolder(home / "Larvando"));
     EXPECT_TRUE(files->makeFolder(dataFolder()));

@@ -16,6 +16,10 @@
 #include "support/TemporaryFolder.h"
 #include "support/ui/FakePrompts.h"
 
+#ifdef _WIN32
+#include <windows.h>
+#endif
+
 using namespace Qt::Literals::StringLiterals;
 
 namespace {
@@ -286,6 +290,30 @@ TEST_F(ChartWindows, SaveNothingWhenCancelledAndFailInSilence) {
   EXPECT_EQ(files_.contents(), before);
 }
 
+#ifdef _WIN32
+
+// Forms that the system adds by itself come after those that were put there.
+UINT firstFormOnClipboard() {
+  if (!OpenClipboard(nullptr)) return 0;
+  const UINT form = EnumClipboardFormats(0);
+  CloseClipboard();
+  return form;
+}
+
+TEST_F(ChartWindows, CopyTheBitmapWithEveryForm) {
+  const auto window = monthly();
+  window->show();
+  const std::pair<QAction*, UINT> entries[] = {{window->mnuCopyWmf, CF_METAFILEPICT},
+                                               {window->mnuCopyEnhWmf, CF_ENHMETAFILE}};
+  for (const auto& [entry, form] : entries) {
+    entry->trigger();
+    EXPECT_EQ(firstFormOnClipboard(), form);
+    EXPECT_TRUE(IsClipboardFormatAvailable(CF_DIB));
+  }
+}
+
+#else
+
 TEST_F(ChartWindows, CopyTheBitmapWithEveryForm) {
   const auto window = monthly();
   window->show();
@@ -297,6 +325,8 @@ TEST_F(ChartWindows, CopyTheBitmapWithEveryForm) {
     EXPECT_EQ(data->hasFormat(u"image/x-emf"_s), entry == window->mnuCopyEnhWmf);
   }
 }
+
+#endif
 
 // Pixels for all fits but the height, which goes as lines and areas.
 TEST_F(ChartWindows, PrintOnePageInFiveWays) {
