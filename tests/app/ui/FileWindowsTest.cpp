@@ -105,6 +105,12 @@ class CopyWindows : public StartFixture {
   template <class Window>
   void show(Window& window) {
     window.show();
+#ifdef _WIN32
+    // There the windows start at the drive, not at the home folder.
+    constexpr std::size_t kRootLength = 3;
+    window.Dir1->setPath(QString::fromStdString(home.path().substr(0, kRootLength)),
+                         QString::fromStdString(home.path()));
+#endif
     QApplication::processEvents();
   }
   // Clicks the folder in the tree below the start folder.
