@@ -34,10 +34,17 @@ TEST(Money, IsShownWithCentsRoundedAwayFromZero) {
 }
 
 TEST(GermanNumber, ReadsWhatAHouseholdTypes) {
-  const std::pair<const char*, double> accepted[] = {
-      {"4", 4},          {"4,0", 4},    {"1.234,5", 1234.5}, {" -3 ", -3},      {"12.5", 12.5},
-      {"1.234", 1234},   {"0.125", .125}, {",5", .5},        {"1234.567", 1234.567},
-      {"12.345.678", 12345678}, {"5,", 5}};
+  const std::pair<const char*, double> accepted[] = {{"4", 4},
+                                                     {"4,0", 4},
+                                                     {"1.234,5", 1234.5},
+                                                     {" -3 ", -3},
+                                                     {"12.5", 12.5},
+                                                     {"1.234", 1234},
+                                                     {"0.125", .125},
+                                                     {",5", .5},
+                                                     {"1234.567", 1234.567},
+                                                     {"12.345.678", 12345678},
+                                                     {"5,", 5}};
   for (const auto& [text, value] : accepted) EXPECT_EQ(base::parseNumber(text), value) << text;
   for (const char* text : {"", " ", ",", "-", "abc", "1,2,3", "1.2.3", "12.34,5", "1,234.5", "1e5",
                            "0x10", "--1", "1 000", "nan", "inf"})
@@ -59,8 +66,8 @@ TEST(GermanDate, AcceptsOnlyDaysOfTheCalendar) {
   EXPECT_EQ(base::parseDate("1.1.2010"), year(2010) / 1 / 1);
   EXPECT_EQ(base::parseDate("29.02.2012"), year(2012) / 2 / 29);
   EXPECT_EQ(base::parseDate("31.12.09"), year(2009) / 12 / 31);
-  for (const char* text : {"31.02.2010", "1.13.2010", "", "1.1", "1.1.", "01012010", "1.1.2010.", "a.b.c",
-                           "1.1.99999", "-1.1.2010", "0.1.2010"})
+  for (const char* text : {"31.02.2010", "1.13.2010", "", "1.1", "1.1.", "01012010", "1.1.2010.",
+                           "a.b.c", "1.1.99999", "-1.1.2010", "0.1.2010"})
     EXPECT_FALSE(base::parseDate(text)) << text;
   EXPECT_EQ(base::formatLongDate(year(2026) / 11 / 14), "14 November, 2026");
   EXPECT_EQ(base::daysBetween(year(2010) / 1 / 1, year(2010) / 12 / 31), 364);
@@ -69,7 +76,8 @@ TEST(GermanDate, AcceptsOnlyDaysOfTheCalendar) {
 TEST(Records, HaveTheBytesOfTheSideFiles) {
   EXPECT_EQ(base::RecordWriter().number(3).number(18250.5F).line(), "3,18250.5\r\n");
   EXPECT_EQ(base::RecordWriter().number(12).number(0.0F).line(), "12,0\r\n");
-  EXPECT_EQ(base::RecordWriter().number(7.91).number(10.5).number(0.1 + 0.2).line(), "7.91,10.5,0.3\r\n");
+  EXPECT_EQ(base::RecordWriter().number(7.91).number(10.5).number(0.1 + 0.2).line(),
+            "7.91,10.5,0.3\r\n");
   EXPECT_EQ(base::RecordWriter().number(1234567.0F).line(), "1234567\r\n");
   EXPECT_EQ(base::RecordWriter().text("D:\\Zähler\\").line(), "\"D:\\Z\xE4hler\\\"\r\n");
   EXPECT_EQ(base::RecordWriter().boolean(true).line(), "#TRUE#\r\n");
@@ -97,7 +105,8 @@ TEST(TextCodec, EveryByteOfTheCodePageSurvivesTheRoundTrip) {
 }
 
 TEST(TextCodec, MalformedUtf8BecomesTheReplacementCharacter) {
-  for (const char* text : {"\xC3", "\xE2\x82", "\xFF", "\xC0\x80", "\xED\xA0\x80", "\xF5\x80\x80\x80"})
+  for (const char* text :
+       {"\xC3", "\xE2\x82", "\xFF", "\xC0\x80", "\xED\xA0\x80", "\xF5\x80\x80\x80"})
     EXPECT_EQ(base::toUtf32(text)[0], 0xFFFDU);
   EXPECT_EQ(base::fromUtf16(base::toUtf16("aä€😀")), "aä€😀");
 }

@@ -30,8 +30,9 @@ Button FakePrompts::message(QWidget*, const QString& text, const QString& title,
   }
   if (buttons_.empty()) {
     ADD_FAILURE() << "unexpected question: " << text.toStdString();
-    return buttons == Buttons::YesNo ? Button::No
-                                     : buttons == Buttons::OkCancel ? Button::Cancel : Button::Abort;
+    return buttons == Buttons::YesNo      ? Button::No
+           : buttons == Buttons::OkCancel ? Button::Cancel
+                                          : Button::Abort;
   }
   const Button button = buttons_.front();
   buttons_.pop_front();
@@ -40,8 +41,8 @@ Button FakePrompts::message(QWidget*, const QString& text, const QString& title,
 
 std::optional<QString> FakePrompts::input(QWidget*, const QString& prompt, const QString& title,
                                           const QString& preset) {
-  shown.push_back({QStringLiteral("input"), prompt, title, Icon::None, Buttons::OkCancel,
-                   Button::Ok, preset});
+  shown.push_back(
+      {QStringLiteral("input"), prompt, title, Icon::None, Buttons::OkCancel, Button::Ok, preset});
   if (inputs_.empty()) {
     ADD_FAILURE() << "unexpected input box: " << prompt.toStdString();
     return std::nullopt;
