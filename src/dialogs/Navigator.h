@@ -7,8 +7,6 @@ namespace dialogs {
 class Navigator {
  public:
   virtual ~Navigator() = default;
-  // Closes the start window, opens PathState::YearDatabasePath in the main window (not modal).
-  virtual void openMainWindow() = 0;
   // The new-database window over the main window, as the start window's action opens it.
   virtual void showNewDatabase() = 0;
   // Closes start and main window, shows the start window afresh.

@@ -57,12 +57,7 @@ YearWindow Program::Parts::openYear(QWidget* parent) {
     return {};
   }
   auto* window = new frmVerbrauch(services, std::move(*year), parent);
-  const auto hint = [window](const QString& text) {
-    // Beside what the window may have to say itself, such as that the year can only be read.
-    const QString own = window->lblHinweis->text();
-    window->lblHinweis->say(own.isEmpty() ? text : own + u'\n' + text);
-  };
-  return {window, hint};
+  return {window, [window](const QString& text) { window->lblHinweis->add(text); }};
 }
 
 Program::Program(QApplication& application, const CommandLine& line)
@@ -95,7 +90,7 @@ void Program::start() {
   parts.paths.YearDatabasePath = parts.line.file;
   if (parts.files->exists(parts.line.file))
     parts.paths.YearDatabaseName = base::fileName(parts.line.file);
-  parts.navigator.openMainWindow();
+  parts.navigator.openYear();
   if (QApplication::topLevelWidgets().isEmpty()) parts.navigator.showStartWindow();
 }
 

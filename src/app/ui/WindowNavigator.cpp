@@ -74,7 +74,7 @@ void WindowNavigator::followSafetyCopy(const std::shared_ptr<SafetyCopy>& copy,
   });
 }
 
-void WindowNavigator::openMainWindow() {
+void WindowNavigator::openYear() {
   QWidget* window = makeMainWindow(nullptr);
   if (window == nullptr) return;
   // The other way round the last window would have closed in between, which ends the program.

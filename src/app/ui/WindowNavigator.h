@@ -31,10 +31,9 @@ class WindowNavigator final : public dialogs::Navigator, public YearOpener {
   // The start window afresh.
   void showStartWindow();
 
-  void openYear() override { openMainWindow(); }
+  void openYear() override;
   void openYearOver(QWidget* start) override;
 
-  void openMainWindow() override;
   void showNewDatabase() override;
   void restartAtStartWindow() override;
   void showHelp() override;

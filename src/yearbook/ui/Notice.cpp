@@ -6,7 +6,7 @@ namespace yearbook {
 
 Notice::Notice(QWidget* parent) : QLabel(parent) {
   setObjectName(QStringLiteral("lblHinweis"));
-  setAccessibleName(tr("Hinweis"));
+  setAccessibleName(QStringLiteral("Hinweis"));
   setContentsMargins(10, 4, 10, 4);
   setWordWrap(true);
   setTextInteractionFlags(Qt::TextSelectableByMouse);
@@ -16,6 +16,10 @@ Notice::Notice(QWidget* parent) : QLabel(parent) {
 void Notice::say(const QString& text) {
   setText(text);
   setVisible(!text.isEmpty());
+}
+
+void Notice::add(const QString& text) {
+  say(this->text().isEmpty() ? text : this->text() + u'\n' + text);
 }
 
 // A tint of the ground, so that it stays quiet in light and dark.

@@ -11,6 +11,8 @@ class Notice final : public QLabel {
   explicit Notice(QWidget* parent);
   // "" hides it.
   void say(const QString& text);
+  // Below what it says already.
+  void add(const QString& text);
 
  protected:
   void paintEvent(QPaintEvent* event) override;

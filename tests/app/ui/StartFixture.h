@@ -9,20 +9,10 @@
 #include "../HomeFolder.h"
 #include "app/DataFolder.h"
 #include "app/ui/frmVerbrStart.h"
-#include "dialogs/Navigator.h"
 #include "dialogs/Services.h"
 #include "support/TemporaryFolder.h"
+#include "support/ui/FakeNavigator.h"
 #include "support/ui/FakePrompts.h"
-
-class FakeNavigator final : public dialogs::Navigator {
- public:
-  void openMainWindow() override {}
-  void showNewDatabase() override {}
-  void restartAtStartWindow() override {}
-  void showHelp() override {}
-  void showMeterChangeHelp() override {}
-  void endProgram() override {}
-};
 
 class FakeOpener final : public app::YearOpener {
  public:

@@ -114,8 +114,8 @@ TEST_F(Navigation, OpeningLeavesASafetyCopyAndAFailureOnlyAHint) {
   clock.set(base::Date{std::chrono::year{2024} / 3 / 2});
   put("Verbrauch.kwd", "geändert");
   put("Sicherungen/2024-03-02", "kein Ordner");
-  navigator.openMainWindow();
-  QTest::qWait(600);
+  navigator.openYear();
+  ASSERT_TRUE(QTest::qWaitFor([this] { return !hints.isEmpty(); }));
   ASSERT_EQ(hints.size(), 1);
   EXPECT_TRUE(hints[0].contains(u"2024-03-02"_s)) << hints[0].toStdString();
 }

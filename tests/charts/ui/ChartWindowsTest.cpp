@@ -11,9 +11,9 @@
 #include "../SampleChart.h"
 #include "charts/ui/frmDiagrVergleich.h"
 #include "charts/ui/frmDiagramm.h"
-#include "dialogs/Navigator.h"
 #include "support/MemoryFileSystem.h"
 #include "support/TemporaryFolder.h"
+#include "support/ui/FakeNavigator.h"
 #include "support/ui/FakePrompts.h"
 
 #ifdef _WIN32
@@ -23,17 +23,6 @@
 using namespace Qt::Literals::StringLiterals;
 
 namespace {
-
-class FakeNavigator final : public dialogs::Navigator {
- public:
-  void openMainWindow() override {}
-  void showNewDatabase() override {}
-  void restartAtStartWindow() override {}
-  void showHelp() override { ++helps; }
-  void showMeterChangeHelp() override {}
-  void endProgram() override {}
-  int helps = 0;
-};
 
 class FakeYears final : public charts::ComparisonSource {
  public:
@@ -363,7 +352,7 @@ TEST_F(ChartWindows, PrintNothingWithoutAPrinter) {
 TEST_F(ChartWindows, ShowHelp) {
   const auto window = monthly();
   window->mnuHilfe->trigger();
-  EXPECT_EQ(navigator_.helps, 1);
+  EXPECT_EQ(navigator_.calls, QStringList{u"showHelp"_s});
 }
 
 TEST_F(ChartWindows, CompareWithTheYearThatIsChosen) {

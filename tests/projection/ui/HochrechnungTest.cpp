@@ -4,24 +4,15 @@
 #include <QTest>
 
 #include "base/File.h"
-#include "dialogs/Navigator.h"
 #include "projection/ui/frmHochrechnung.h"
 #include "support/TemporaryFolder.h"
+#include "support/ui/FakeNavigator.h"
 #include "support/ui/FakePrintSystem.h"
 #include "support/ui/FakePrompts.h"
 
 using namespace Qt::StringLiterals;
 
 namespace {
-
-struct NoNavigator final : dialogs::Navigator {
-  void openMainWindow() override {}
-  void showNewDatabase() override {}
-  void restartAtStartWindow() override {}
-  void showHelp() override {}
-  void showMeterChangeHelp() override {}
-  void endProgram() override {}
-};
 
 class Hochrechnung : public testing::Test {
  protected:
@@ -61,10 +52,10 @@ class Hochrechnung : public testing::Test {
   support::TemporaryFolder folder_;
   yearbook::PathState paths_;
   std::unique_ptr<base::FileSystem> files_ = base::makeDiskFileSystem();
-  base::SystemClock clock_;
+  base::FixedClock clock_{std::chrono::year(2026) / 11 / 14};
   FakePrompts prompts_;
   FakeShell shell_;
-  NoNavigator navigator_;
+  FakeNavigator navigator_;
   dialogs::Services services_{paths_, *files_, clock_, prompts_, shell_, navigator_};
   std::vector<std::string> stored_;
   bool refuse_ = false;

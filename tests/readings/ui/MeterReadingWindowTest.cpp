@@ -329,5 +329,5 @@ TEST_F(MeterReadingWindow, TheHelpButtonShowsTheMeterChangeHelp) {
   openEmpty();
   const auto window = show<frmEingabeVerbrauchS>();
   click(window->Command5);
-  EXPECT_EQ(navigator.meterChangeHelp, 1);
+  EXPECT_EQ(navigator.calls, QStringList{u"showMeterChangeHelp"_s});
 }

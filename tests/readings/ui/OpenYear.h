@@ -6,11 +6,11 @@
 #include <QWidget>
 
 #include "SampleYear.h"
-#include "dialogs/Navigator.h"
 #include "dialogs/Services.h"
 #include "support/EmptyYear.h"
 #include "support/FailingFileSystem.h"
 #include "support/MemoryFileSystem.h"
+#include "support/ui/FakeNavigator.h"
 #include "support/ui/FakePrompts.h"
 #include "yearbook/YearSession.h"
 
@@ -56,17 +56,6 @@ class OpenYear : public testing::Test {
   static constexpr char kFolder[] = "/daten/";
   static constexpr char kPath[] = "/daten/Verbrauch2025.kwd";
 
-  class HelpCounter final : public dialogs::Navigator {
-   public:
-    void openMainWindow() override {}
-    void showNewDatabase() override {}
-    void restartAtStartWindow() override {}
-    void showHelp() override {}
-    void showMeterChangeHelp() override { ++meterChangeHelp; }
-    void endProgram() override {}
-    int meterChangeHelp = 0;
-  };
-
   base::FixedClock clock{
       base::Date{std::chrono::year(2025), std::chrono::month(9), std::chrono::day(3)}};
   support::MemoryFileSystem disk;
@@ -74,7 +63,7 @@ class OpenYear : public testing::Test {
   yearbook::PathState paths;
   FakePrompts prompts;
   FakeShell shell;
-  HelpCounter navigator;
+  FakeNavigator navigator;
   dialogs::Services services{paths, files, clock, prompts, shell, navigator};
   std::unique_ptr<yearbook::YearSession> year;
 };

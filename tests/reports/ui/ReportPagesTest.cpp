@@ -9,26 +9,17 @@
 #include <QTest>
 
 #include "base/File.h"
-#include "dialogs/Navigator.h"
 #include "reports/ui/DetailPage.h"
 #include "reports/ui/GridColors.h"
 #include "reports/ui/OverviewPage.h"
 #include "support/SampleYears.h"
 #include "support/TemporaryFolder.h"
+#include "support/ui/FakeNavigator.h"
 #include "support/ui/FakePrompts.h"
 
 using namespace Qt::StringLiterals;
 
 namespace {
-
-struct NoNavigator final : dialogs::Navigator {
-  void openMainWindow() override {}
-  void showNewDatabase() override {}
-  void restartAtStartWindow() override {}
-  void showHelp() override {}
-  void showMeterChangeHelp() override {}
-  void endProgram() override {}
-};
 
 class ReportPages : public testing::Test {
  protected:
@@ -44,7 +35,7 @@ class ReportPages : public testing::Test {
   base::FixedClock clock_{std::chrono::year(2026) / 11 / 14};
   FakePrompts prompts_;
   FakeShell shell_;
-  NoNavigator navigator_;
+  FakeNavigator navigator_;
   dialogs::Services services_{paths_, *files_, clock_, prompts_, shell_, navigator_};
   reports::OverviewInput overview_ = sample::overview2025();
   reports::DetailInput detail_ = sample::detail2025();

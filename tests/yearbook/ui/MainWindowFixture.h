@@ -8,23 +8,12 @@
 #include <QTimer>
 
 #include "SampleYear.h"
-#include "dialogs/Navigator.h"
 #include "support/EmptyYear.h"
 #include "support/FailingFileSystem.h"
 #include "support/MemoryFileSystem.h"
+#include "support/ui/FakeNavigator.h"
 #include "support/ui/FakePrompts.h"
 #include "yearbook/ui/frmVerbrauch.h"
-
-class FakeNavigator final : public dialogs::Navigator {
- public:
-  void openMainWindow() override { calls << QStringLiteral("openMainWindow"); }
-  void showNewDatabase() override { calls << QStringLiteral("showNewDatabase"); }
-  void restartAtStartWindow() override { calls << QStringLiteral("restartAtStartWindow"); }
-  void showHelp() override { calls << QStringLiteral("showHelp"); }
-  void showMeterChangeHelp() override { calls << QStringLiteral("showMeterChangeHelp"); }
-  void endProgram() override { calls << QStringLiteral("endProgram"); }
-  QStringList calls;
-};
 
 // The main window on a year of the sample household or on an empty one, shown and settled.
 class MainWindowFixture : public testing::Test {
