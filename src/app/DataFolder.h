@@ -74,9 +74,6 @@ base::Result<bool> resetBaseFolder(base::FileSystem& files, const SystemFacts& f
 // "8.08.0040" is "8.8.40": each number plain, without leading zeros.
 std::string plainVersion(std::string_view version);
 
-// Windows rely on the data folder being the current one.
-base::Result<void> makeCurrent(const std::string& folder);
-
 // Selects a year: YearDatabasePath, and YearDatabaseName as the file system reports it.
 void selectYear(yearbook::PathState& paths, const base::FileSystem& files, const std::string& name);
 

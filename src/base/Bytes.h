@@ -8,6 +8,7 @@
 #include <span>
 #include <string_view>
 #include <type_traits>
+#include <utility>
 #include <vector>
 
 #include "base/Result.h"
@@ -58,9 +59,6 @@ using le32s = Stored<std::int32_t, std::endian::little>;
 using le64s = Stored<std::int64_t, std::endian::little>;
 using lef32 = Stored<float, std::endian::little>;
 using lef64 = Stored<double, std::endian::little>;
-using be16 = Stored<std::uint16_t, std::endian::big>;
-using be32 = Stored<std::uint32_t, std::endian::big>;
-using be64 = Stored<std::uint64_t, std::endian::big>;
 
 // A read-only window on bytes. Every access is checked against its end; a miss is
 // ErrorCode::Damaged without a page (the caller, who knows it, adds file and page).

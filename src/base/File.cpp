@@ -71,6 +71,16 @@ Result<void> compareContent(const File& source, const File& target, std::uint64_
   return {};
 }
 
+Result<void> writeCopy(FileSystem& files, const File& source, const std::string& to,
+                       const FileSystem::Progress& progress) {
+  const auto size = source.size();
+  if (!size) return Failure(size.error());
+  auto target = files.open(temporaryName(to), OpenMode::Create);
+  if (!target) return Failure(target.error());
+  if (auto copied = copyContent(source, **target, *size, progress); !copied) return copied;
+  return compareContent(source, **target, *size);
+}
+
 // An error about the temporary file is about the file that it was to become.
 Result<void> renamed(Result<void> result, const std::string& path) {
   if (!result && result.error().file == temporaryName(path)) result.error().file = path;
@@ -121,26 +131,9 @@ Result<void> FileSystem::copyFile(const std::string& from, const std::string& to
   const auto write = [&]() -> Result<void> {
     const auto source = open(from, OpenMode::Read);
     if (!source) return Failure(source.error());
-    return writeCopy(**source, to, progress);
+    return writeCopy(*this, **source, to, progress);
   };
   return renamed(putInPlace(*this, to, write()), to);
-}
-
-Result<void> FileSystem::copyFile(const File& from, const std::string& to,
-                                  const Progress& progress) {
-  if (toPath(from.path()).lexically_normal() == toPath(to).lexically_normal()) return {};
-  if (auto allowed = checkReplaceable(*this, to); !allowed) return allowed;
-  return renamed(putInPlace(*this, to, writeCopy(from, to, progress)), to);
-}
-
-Result<void> FileSystem::writeCopy(const File& source, const std::string& to,
-                                   const Progress& progress) {
-  const auto size = source.size();
-  if (!size) return Failure(size.error());
-  auto target = open(temporaryName(to), OpenMode::Create);
-  if (!target) return Failure(target.error());
-  if (auto copied = copyContent(source, **target, *size, progress); !copied) return copied;
-  return compareContent(source, **target, *size);
 }
 
 }  // namespace base

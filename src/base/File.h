@@ -86,11 +86,6 @@ class FileSystem {
   using Progress = std::function<bool(std::uint64_t, std::uint64_t)>;
   Result<void> copyFile(const std::string& from, const std::string& to,
                         const Progress& progress = {});
-  // The same from a file that the caller holds open (an open year database).
-  Result<void> copyFile(const File& from, const std::string& to, const Progress& progress = {});
-
- private:
-  Result<void> writeCopy(const File& source, const std::string& to, const Progress& progress);
 };
 
 // The real one (POSIX or Windows). DiskFile*.cpp.

@@ -52,12 +52,6 @@ std::optional<Date> parseDate(std::string_view text) {
   return date;
 }
 
-std::string formatDate(Date date) {
-  return twoDigits(static_cast<unsigned>(date.day())) + '.' +
-         twoDigits(static_cast<unsigned>(date.month())) + '.' +
-         std::to_string(static_cast<int>(date.year()));
-}
-
 std::string formatLongDate(Date date) {
   return twoDigits(static_cast<unsigned>(date.day())) + ' ' +
          std::string(kMonthNames[static_cast<unsigned>(date.month()) - 1]) + ", " +

@@ -21,8 +21,6 @@ int monthNumber(std::string_view name);
 // allowed. Years 100 to 9999. A day that the calendar does not have is no date.
 std::optional<Date> parseDate(std::string_view text);
 
-// "14.11.2026"
-std::string formatDate(Date date);
 // "14 November, 2026"
 std::string formatLongDate(Date date);
 

@@ -2,6 +2,7 @@
 
 #include <algorithm>
 #include <cmath>
+#include <limits>
 
 namespace projection {
 namespace {
@@ -15,8 +16,9 @@ ProjectionFigures figuresOf(const ProjectionInput& input, int days) {
   ProjectionFigures figures;
   figures.days = days;
   // Without days there is no average: it stays 0, and the figures below follow from that.
-  const auto average = static_cast<float>(input.consumption.value_or(0) / days);
-  if (days != 0 && std::isfinite(average)) figures.averagePerDay = average;
+  const double average = days == 0 ? 0 : input.consumption.value_or(0) / days;
+  if (std::fabs(average) <= std::numeric_limits<float>::max())
+    figures.averagePerDay = static_cast<float>(average);
   const double perDay = input.unitPrice.value_or(0) * figures.averagePerDay / 100;
   if (std::isfinite(perDay * kYear)) figures.pricePerDay = perDay;
   figures.netYear = figures.pricePerDay * kYear;

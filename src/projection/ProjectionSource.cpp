@@ -1,5 +1,7 @@
 #include "projection/ProjectionSource.h"
 
+#include "base/Single.h"
+
 namespace projection {
 
 ProjectionSource projectionSource(yearbook::YearSession& year) {
@@ -10,7 +12,7 @@ ProjectionSource projectionSource(yearbook::YearSession& year) {
   if (!values.cleared[yearbook::at(Utility::Electricity)])
     source.consumption = values.electricity.day.consumption;
   source.unitPrice = values.dayPrice;
-  source.vatRate = static_cast<float>(values.vatElectricity.value_or(0));
+  source.vatRate = base::toSingle(values.vatElectricity.value_or(0));
   source.baseFee = values.baseFeeElectricity.value_or(base::Money());
   source.startMonth = year.monthNames(Utility::Electricity).front();
   source.storeStartDate = [&year](const std::string& date) { return year.storeStartDate(date); };

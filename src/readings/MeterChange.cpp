@@ -2,6 +2,7 @@
 
 #include "base/CsvRecord.h"
 #include "base/Paths.h"
+#include "base/Single.h"
 #include "readings/SideFile.h"
 
 namespace readings {
@@ -28,7 +29,7 @@ base::Result<void> writeMeterChange(base::FileSystem& files, const std::string& 
   // Single precision, as the file has always held it.
   return writeSideFile(
       files, path,
-      base::RecordWriter().number(change.position).number(static_cast<float>(change.newStart)));
+      base::RecordWriter().number(change.position).number(base::toSingle(change.newStart)));
 }
 
 }  // namespace readings

@@ -1,5 +1,7 @@
 #include "readings/MeterReading.h"
 
+#include "base/Single.h"
+
 namespace readings {
 namespace {
 
@@ -25,7 +27,7 @@ PerMonth<MeterMonth> workOut(PriceRule rule, const MeterYear& year) {
   PerMonth<MeterMonth> months;
   // The reading before is carried in single precision, as it always was: from eight digits on it
   // is rounded.
-  auto previous = static_cast<float>(year.startReading);
+  auto previous = base::toSingle(year.startReading);
   int skipped = 0;
   for (std::size_t k = 0; k < months.size(); ++k) {
     const double reading = year.readings[k];
@@ -40,7 +42,7 @@ PerMonth<MeterMonth> workOut(PriceRule rule, const MeterYear& year) {
     month.amount = priceOf(rule, month.consumption, year.prices[k], year.gasFactor);
     month.months = 1 + skipped;
     skipped = 0;
-    previous = static_cast<float>(reading);
+    previous = base::toSingle(reading);
   }
   return months;
 }

@@ -4,8 +4,9 @@
 #include <QHBoxLayout>
 
 #include "app/DataFolder.h"
-#include "app/RunTimeError.h"
 #include "app/YearFiles.h"
+#include "app/ui/FileBoxes.h"
+#include "base/CurrentFolder.h"
 #include "dialogs/Prompts.h"
 
 using namespace Qt::Literals::StringLiterals;
@@ -102,13 +103,12 @@ void frmNeuVerbrauch::Command1Click() {
                            u"  eingegeben\nSoll die Datenbank mit dem Namen   "_s + name +
                            u"  angelegt werden?"_s;
   if (!services_.prompts.confirm(this, question, u" Eingabe prüfen"_s)) return;
-  base::ignore(app::makeCurrent(services_.paths.DataFolder), "the copy names what is wrong");
+  base::ignore(base::makeCurrent(services_.paths.DataFolder), "the copy names what is wrong");
   const QString target = QString::fromStdString(services_.paths.DataFolder) + name + u".kwd"_s;
   if (!mayReplace(target)) return;
   const auto created = app::createYear(services_.files, services_.paths, target.toStdString());
   if (!created) {
-    services_.prompts.tell(this, QString::fromStdString(app::runTimeErrorText(created.error())),
-                           u"Fehler"_s, Icon::Critical);
+    app::tellFileError(services_, this, created.error());
     return;
   }
   services_.prompts.tell(this, u"Neue Datenbank wurde angelegt unter  \n"_s + target);

@@ -7,11 +7,12 @@
 
 #include "app/Backup.h"
 #include "app/DataFolder.h"
-#include "app/RunTimeError.h"
 #include "app/SafetyCopy.h"
 #include "app/YearFiles.h"
 #include "app/ui/CopyProgressBox.h"
+#include "app/ui/FileBoxes.h"
 #include "app/ui/FileLists.h"
+#include "base/CurrentFolder.h"
 #include "dialogs/Prompts.h"
 
 using namespace Qt::Literals::StringLiterals;
@@ -36,7 +37,7 @@ frmRuecksichern::frmRuecksichern(dialogs::Services& services, QWidget* parent)
   Dir1->setLister(app::subfoldersOf(services.files));
   File3->setLister(app::filesOf(services.files, app::kYearExtension));
   FilesWechsel->setLister(app::filesOf(services.files, app::kSideExtension));
-  base::ignore(app::makeCurrent(services.paths.DataFolder), "the copies name what is wrong");
+  base::ignore(base::makeCurrent(services.paths.DataFolder), "the copies name what is wrong");
   connectControls();
 }
 
@@ -185,27 +186,15 @@ void frmRuecksichern::Command1Click() {
   if (services_.prompts.message(this, question, restoreTitle(), Icon::None, Buttons::OkCancel,
                                 Button::Ok) != Button::Ok)
     return;
-  base::ignore(app::makeCurrent(services_.paths.DataFolder), "the copies name what is wrong");
+  base::ignore(base::makeCurrent(services_.paths.DataFolder), "the copies name what is wrong");
   base::Result<void> outcome;
   {
     app::CopyProgressBox box(this, restoreTitle());
     outcome = app::restore(services_.files, Dir1->path().toStdString(), services_.paths.DataFolder,
                            File3->selectedName().toStdString(), sideFiles(), box.progress());
   }
-  report(outcome);
-}
-
-void frmRuecksichern::report(const base::Result<void>& outcome) {
-  if (outcome) {
-    services_.prompts.tell(this,
-                           u"Die oben ausgewählten, markierten Daten wurden wiederhergestellt."_s,
-                           restoreTitle(), Icon::Information);
-  } else if (outcome.error().code == base::ErrorCode::Cancelled) {
-    services_.prompts.tell(
-        this, u"Das Wiederherstellen wurde abgebrochen. Was schon kopiert ist, bleibt kopiert."_s,
-        restoreTitle(), Icon::Information);
-  } else {
-    services_.prompts.tell(this, QString::fromStdString(app::runTimeErrorText(outcome.error())),
-                           u"Fehler"_s, Icon::Critical);
-  }
+  app::tellCopyOutcome(
+      services_, this, outcome,
+      {restoreTitle(), u"Die oben ausgewählten, markierten Daten wurden wiederhergestellt."_s,
+       u"Das Wiederherstellen wurde abgebrochen. Was schon kopiert ist, bleibt kopiert."_s});
 }

@@ -47,7 +47,6 @@ class frmRuecksichern final : public QDialog {
   void showSafetyCopies();
   std::vector<std::string> sideFiles() const;
   void markSideFiles();
-  void report(const base::Result<void>& outcome);
 
   dialogs::Services& services_;
 };

@@ -6,14 +6,14 @@
 
 #include "app/Backup.h"
 #include "app/DataFolder.h"
-#include "app/RunTimeError.h"
 #include "app/YearFiles.h"
 #include "app/ui/CopyProgressBox.h"
+#include "app/ui/FileBoxes.h"
 #include "app/ui/FileLists.h"
+#include "base/CurrentFolder.h"
 #include "dialogs/Prompts.h"
 
 using namespace Qt::Literals::StringLiterals;
-using dialogs::Icon;
 
 frmSichern::frmSichern(dialogs::Services& services, QWidget* parent)
     : QDialog(parent), services_(services) {
@@ -25,7 +25,7 @@ frmSichern::frmSichern(dialogs::Services& services, QWidget* parent)
   Dir1->setLister(app::subfoldersOf(services.files));
   FileVerbrauch->setLister(app::filesOf(services.files, app::kYearExtension));
   FilesWechsel->setLister(app::filesOf(services.files, app::kSideExtension));
-  base::ignore(app::makeCurrent(services.paths.DataFolder), "the copies name what is wrong");
+  base::ignore(base::makeCurrent(services.paths.DataFolder), "the copies name what is wrong");
   connect(Drive1, &widgets::DriveList::chosen, this, &frmSichern::Drive1Change);
   connect(Dir1, &widgets::FolderList::chosen, this, &frmSichern::Dir1Change);
   connect(Command1, &QPushButton::clicked, this, &frmSichern::Command1Click);
@@ -116,32 +116,22 @@ void frmSichern::Dir1Change() {
 
 void frmSichern::Command1Click() {
   const std::string dataFolder = services_.paths.DataFolder;
-  base::ignore(app::makeCurrent(dataFolder), "the copies name what is wrong");
+  base::ignore(base::makeCurrent(dataFolder), "the copies name what is wrong");
   const QString target = Dir1->path();
+  const QString title = u"Datensicherung"_s;
   FileVerbrauch->refresh();
   FilesWechsel->setFolder(QString::fromStdString(dataFolder));
   base::Result<void> outcome;
   if (const auto names = app::backupNames(services_.files, dataFolder); !names) {
     outcome = base::Failure(names.error());
   } else {
-    app::CopyProgressBox box(this, u"Datensicherung"_s);
+    app::CopyProgressBox box(this, title);
     outcome =
         app::copyFiles(services_.files, dataFolder, target.toStdString(), *names, box.progress());
   }
   Dir1->refresh();
-  report(outcome, target);
-}
-
-void frmSichern::report(const base::Result<void>& outcome, const QString& target) {
-  if (outcome) {
-    services_.prompts.tell(this, u"Die Daten wurden nach "_s + target + u" kopiert."_s,
-                           u"Datensicherung"_s, Icon::Information);
-  } else if (outcome.error().code == base::ErrorCode::Cancelled) {
-    services_.prompts.tell(
-        this, u"Die Datensicherung wurde abgebrochen. Was schon kopiert ist, bleibt kopiert."_s,
-        u"Datensicherung"_s, Icon::Information);
-  } else {
-    services_.prompts.tell(this, QString::fromStdString(app::runTimeErrorText(outcome.error())),
-                           u"Fehler"_s, Icon::Critical);
-  }
+  app::tellCopyOutcome(
+      services_, this, outcome,
+      {title, u"Die Daten wurden nach "_s + target + u" kopiert."_s,
+       u"Die Datensicherung wurde abgebrochen. Was schon kopiert ist, bleibt kopiert."_s});
 }

@@ -39,7 +39,6 @@ class frmSichern final : public QDialog {
   void Drive1Change(const QString& root);
   void Dir1Change();
   void Command1Click();
-  void report(const base::Result<void>& outcome, const QString& target);
 
   dialogs::Services& services_;
 };

@@ -6,10 +6,12 @@
 
 #include "app/RunTimeError.h"
 #include "app/YearFiles.h"
+#include "app/ui/FileBoxes.h"
 #include "app/ui/FileLists.h"
 #include "app/ui/frmNeuVerbrauch.h"
 #include "app/ui/frmRuecksichern.h"
 #include "app/ui/frmSichern.h"
+#include "base/CurrentFolder.h"
 #include "dialogs/Prompts.h"
 #include "dialogs/Shell.h"
 
@@ -62,7 +64,7 @@ void frmVerbrStart::activate() {
   refillLists();
   std::optional<base::Error> problem = std::exchange(loadProblem_, std::nullopt);
   if (filFiles->count() == 0) {
-    base::ignore(app::makeCurrent(services_.paths.DataFolder), "the copy names what is wrong");
+    base::ignore(base::makeCurrent(services_.paths.DataFolder), "the copy names what is wrong");
     const auto created = app::CreateDefaultYearDatabase(services_.files, services_.paths);
     if (!created && !problem) problem = created.error();
   }
@@ -164,8 +166,7 @@ void frmVerbrStart::mnuDatDelClick() {
         this, u"Die Datei  "_s + name + u"  ist geöffnet und kann nicht gelöscht werden."_s,
         u"Fehler"_s, Icon::Critical);
   } else if (!deleted) {
-    services_.prompts.tell(this, QString::fromStdString(app::runTimeErrorText(deleted.error())),
-                           u"Fehler"_s, Icon::Critical);
+    app::tellFileError(services_, this, deleted.error());
   }
   FilesWechsel->refresh();
   filFiles->refresh();
@@ -194,15 +195,14 @@ void frmVerbrStart::mnuImportClick() {
 }
 
 void frmVerbrStart::mnuPfadLRVClick() {
+  const QString title = u"Pfadeinstellungen ändern"_s;
   const QString chosen =
       services_.prompts.chooseFolder(this, u"Wählen Sie einen Ordner aus"_s, u"C:\\"_s);
   if (chosen.isEmpty()) return;
   const std::string before = services_.paths.DataFolder;
   const auto changed =
       app::changeBaseFolder(services_.paths, services_.files, facts_, chosen.toStdString());
-  if (!changed)
-    services_.prompts.tell(this, QString::fromStdString(app::runTimeErrorText(changed.error())),
-                           u"Pfadeinstellungen ändern"_s, Icon::Critical);
+  if (!changed) app::tellFileError(services_, this, changed.error(), title);
   if (!changed && services_.paths.DataFolder == before) return;
   // A year of the same name here is another one.
   filFiles->setFolder({});
@@ -211,19 +211,19 @@ void frmVerbrStart::mnuPfadLRVClick() {
   services_.prompts.tell(this,
                          u"Der Pfad zur Datenbank wurde geändert auf:  "_s +
                              QString::fromStdString(services_.paths.DataFolder),
-                         u"Pfadeinstellungen ändern"_s, Icon::Information);
+                         title, Icon::Information);
 }
 
 void frmVerbrStart::mnuPfadDelClick() {
+  const QString title = u"Pfadeinstellungen löschen"_s;
   const auto removed = app::resetBaseFolder(services_.files, facts_);
   if (!removed)
-    services_.prompts.tell(this, QString::fromStdString(app::runTimeErrorText(removed.error())),
-                           u"Pfadeinstellungen löschen"_s, Icon::Critical);
+    app::tellFileError(services_, this, removed.error(), title);
   else if (*removed)
     services_.prompts.tell(this,
                            u"Die Datei Pfad_von_LRV.txt wurde gelöscht!\n"
                            "Sie müssen jetzt die Verbrauchserfassung neu starten!"_s,
-                           u"Pfadeinstellungen löschen"_s, Icon::Information);
+                           title, Icon::Information);
 }
 
 void frmVerbrStart::mnuHilfeClick() {

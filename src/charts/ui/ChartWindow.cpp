@@ -2,9 +2,8 @@
 
 #include <QEvent>
 #include <QKeyEvent>
-#include <filesystem>
 
-#include "base/Paths.h"
+#include "base/CurrentFolder.h"
 #include "charts/SvgWriter.h"
 #include "dialogs/Navigator.h"
 #include "dialogs/Prompts.h"
@@ -59,8 +58,7 @@ ChartWindow::ChartWindow(const char* name, const QString& caption,
 }
 
 void ChartWindow::enterDataFolder() {
-  std::error_code missing;
-  std::filesystem::current_path(base::toPath(services_.paths.DataFolder), missing);
+  base::ignore(base::makeCurrent(services_.paths.DataFolder), "file dialogs then begin elsewhere");
 }
 
 void ChartWindow::connectControls() {

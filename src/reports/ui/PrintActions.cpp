@@ -66,7 +66,10 @@ void exportPage(const Grid& grid, const std::string& path, const dialogs::Servic
     const HourGlass waiting;
     FlexGridHTML::write(grid, path, services.files, screenOf(*owner, owner->palette()), &written);
   }
-  if (written) services.prompts.tell(owner, u"Datei gespeichert unter "_s + shown);
+  if (written)
+    services.prompts.tell(owner, u"Datei gespeichert unter "_s + shown);
+  else
+    base::ignore(written, "the page that does not open is the message");
   services.shell.openDocument(shown);
 }
 

@@ -1,7 +1,6 @@
 #include "yearbook/ui/frmVerbrauch.h"
 
 #include <QCloseEvent>
-#include <QDir>
 #include <QMenuBar>
 #include <QScreen>
 #include <QShowEvent>
@@ -9,6 +8,7 @@
 #include <QTimer>
 #include <QVBoxLayout>
 
+#include "base/CurrentFolder.h"
 #include "base/GermanNumber.h"
 #include "dialogs/Navigator.h"
 #include "dialogs/Prompts.h"
@@ -31,7 +31,7 @@ frmVerbrauch::frmVerbrauch(dialogs::Services& services,
           services, [this] { return reports::detailInput(*session_, services_.clock.today()); },
           int(unsigned(session_->openedOn().month())), TabStrip)) {
   setObjectName(u"frmVerbrauch"_s);
-  QDir::setCurrent(QString::fromStdString(session_->dataFolder()));
+  base::ignore(base::makeCurrent(session_->dataFolder()), "file dialogs then begin elsewhere");
   setWindowTitle(u"Verbrauchsberechnung       "_s + QString::fromStdString(session_->path()));
   buildPages();
   buildMenus();
@@ -120,7 +120,7 @@ void frmVerbrauch::offerIndexRepair() {
   const auto tables = yearbook::tablesWithDamagedIndex(session_->database());
   if (tables.empty() || indexRepairDeclined_) return;
   if (session_->readOnlyReason()) {
-    lblHinweis->say(lblHinweis->text() + u" "_s + yearbook::damagedIndexNotice(tables));
+    lblHinweis->add(yearbook::damagedIndexNotice(tables));
     indexRepairDeclined_ = true;
     return;
   }

@@ -1,4 +1,3 @@
-#include <QDir>
 #include <QMenuBar>
 
 #include "dialogs/Navigator.h"
