@@ -95,12 +95,6 @@ std::string withUnit(double value, const std::string& unit) {
 
 }  // namespace
 
-bool ChartModel::isEmpty() const {
-  return std::all_of(series.begin(), series.end(), [](const Series& one) {
-    return std::none_of(one.values.begin(), one.values.end(), [](const auto& v) { return !!v; });
-  });
-}
-
 Selection selectionOf(std::string_view mode) {
   for (std::size_t i = 1; i < kRows.size(); ++i)
     if (kRows[i].mode == mode) return static_cast<Selection>(i);

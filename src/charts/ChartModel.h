@@ -32,8 +32,6 @@ struct ChartModel {
   std::array<std::string, kMonthCount> labels;  // "Jan"
   std::array<std::string, kMonthCount> months;  // "Januar"
   std::vector<Series> series;
-
-  bool isEmpty() const;  // no value anywhere
 };
 
 // Index of the selection buttons; 0 is the button that nobody sees.

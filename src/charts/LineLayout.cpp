@@ -1,3 +1,5 @@
+#include <cmath>
+
 #include "charts/Depth.h"
 
 namespace charts {

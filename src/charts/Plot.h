@@ -29,7 +29,6 @@ struct Plot {
     const Axis& scale = onSecond && second ? *second : axis;
     return front.bottom() - scale.share(value) * front.height;
   }
-  double zeroY() const { return y(0, false); }
   Point at(double x, double y, double z) const { return {x + z * depth.x, y + z * depth.y}; }
   Point at(Point place, double z) const { return at(place.x, place.y, z); }
 };

@@ -67,7 +67,4 @@ struct Scene {
   const Mark* findMark(int series, int point) const;
 };
 
-// The scene as text, one item per line, coordinates with one decimal.
-std::string toText(const Scene& scene);
-
 }  // namespace charts

@@ -9,23 +9,32 @@
 namespace charts {
 namespace {
 
+using yearbook::Field;
+using yearbook::Utility;
+namespace strom = yearbook::strom;
+namespace wasser = yearbook::wasser;
+namespace gas = yearbook::gas;
+namespace verbrMonat = yearbook::verbrMonat;
+
 struct Source {
   Meter meter;
-  const char* column;
-  const char* table;
-  const yearbook::Field* chartField;
-  yearbook::Utility utility;
+  Utility utility;
+  const yearbook::Table* table;
+  const Field* month;
+  const Field* consumption;
+  const Field* chartField;
 };
 
 constexpr std::array<Source, kMeterCount> kSources = {{
-    {Meter::DayElectricity, "VTagStrom", "Strom", &yearbook::verbrMonat::day,
-     yearbook::Utility::Electricity},
-    {Meter::Gas, "VGas", "Gas", &yearbook::verbrMonat::gas, yearbook::Utility::Gas},
-    {Meter::Water, "VWasser", "Wasser", &yearbook::verbrMonat::water, yearbook::Utility::Water},
-    {Meter::WasteWater, "VAbwasser", "Wasser", &yearbook::verbrMonat::wasteWater,
-     yearbook::Utility::Water},
-    {Meter::NightElectricity, "VNachtStrom", "Strom", &yearbook::verbrMonat::night,
-     yearbook::Utility::Electricity},
+    {Meter::DayElectricity, Utility::Electricity, &yearbook::kStrom, &strom::month,
+     &strom::dayConsumption, &verbrMonat::day},
+    {Meter::Gas, Utility::Gas, &yearbook::kGas, &gas::month, &gas::consumption, &verbrMonat::gas},
+    {Meter::Water, Utility::Water, &yearbook::kWasser, &wasser::month, &wasser::consumption,
+     &verbrMonat::water},
+    {Meter::WasteWater, Utility::Water, &yearbook::kWasser, &wasser::month,
+     &wasser::wasteConsumption, &verbrMonat::wasteWater},
+    {Meter::NightElectricity, Utility::Electricity, &yearbook::kStrom, &strom::month,
+     &strom::nightConsumption, &verbrMonat::night},
 }};
 
 struct ToNumber {
@@ -48,10 +57,10 @@ struct ToNumber {
 
 MonthRows readRows(jet::Database& database, const Source& source) {
   MonthRows rows;
-  auto records = database.openTable(source.table);
+  auto records = database.openTable(source.table->name);
   if (!records) return rows;
-  const auto value = records->columnIndex(source.column);
-  const auto month = records->columnIndex("Monat");
+  const auto value = records->columnIndex(source.consumption->name);
+  const auto month = records->columnIndex(source.month->name);
   for (std::size_t i = 0; i < rows.size() && i < records->count(); ++i) {
     const auto fields = records->row(i);
     if (!fields) continue;

@@ -5,6 +5,7 @@
 #include <cmath>
 
 #include "SampleChart.h"
+#include "SceneText.h"
 #include "support/Golden.h"
 
 namespace {
@@ -74,7 +75,7 @@ std::vector<Case> approvedCases() {
 TEST(ChartLayout, DrawsTheApprovedScenes) {
   for (const Case& one : approvedCases())
     EXPECT_TRUE(matchesGolden(std::string("chart-") + one.name + ".txt",
-                              charts::toText(layout(one.model, one.options))));
+                              sample::toText(layout(one.model, one.options))));
 }
 
 // Where a text lies on the sheet.
@@ -209,8 +210,8 @@ TEST(ChartLayout, WithoutTurnLooksFlat) {
   for (const charts::View3D view : {charts::View3D{100, 0, 0}, {0, 45, 45}}) {
     ChartOptions o = options(ChartType::Bar, true);
     o.view = view;
-    EXPECT_EQ(charts::toText(layout(sample::twoYears(), o)),
-              charts::toText(layout(sample::twoYears(), options(ChartType::Bar))));
+    EXPECT_EQ(sample::toText(layout(sample::twoYears(), o)),
+              sample::toText(layout(sample::twoYears(), options(ChartType::Bar))));
   }
 }
 

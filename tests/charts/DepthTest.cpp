@@ -73,8 +73,10 @@ std::vector<Solid> areaSolids(const Plot& plot, const ChartModel& model) {
       if (!a || !b) continue;
       const Point left{plot.slotCenter(i), plot.y(*a, false)};
       const Point right{plot.slotCenter(i + 1), plot.y(*b, false)};
-      solids.push_back(
-          {s, {left, right, {right.x, plot.zeroY()}, {left.x, plot.zeroY()}}, layer.z0, layer.z1});
+      solids.push_back({s,
+                        {left, right, {right.x, plot.y(0, false)}, {left.x, plot.y(0, false)}},
+                        layer.z0,
+                        layer.z1});
     }
   }
   return solids;
