@@ -1,6 +1,6 @@
 #pragma once
 
-#include <array>
+#include <optional>
 #include <string_view>
 
 #include "readings/PriceRule.h"
@@ -133,9 +133,6 @@ inline constexpr MeterVariant kWasteWaterMeter{
     yearbook::EntryKind::WholeCubicMetres,
     false};
 
-inline constexpr std::array kMeters = {&kDayMeter, &kNightMeter, &kGasMeter, &kWaterMeter,
-                                       &kWasteWaterMeter};
-
 // --- unit prices ---------------------------------------------------------------------------------
 struct PriceVariant {
   std::string_view window;
@@ -189,9 +186,6 @@ inline constexpr PriceVariant kWasteWaterPrice{"frmPreisJeKubikAbW",
                                                "&Markierung umkehren",
                                                &kWasteWaterMeter};
 
-inline constexpr std::array kPrices = {&kDayPrice, &kNightPrice, &kGasPrice, &kWaterPrice,
-                                       &kWasteWaterPrice};
-
 // --- base fees -----------------------------------------------------------------------------------
 struct FeeVariant {
   std::string_view window;
@@ -210,7 +204,5 @@ inline constexpr FeeVariant kGasFee{"frmGrdGebMoG", "Grundgebühr Gas monatlich"
 inline constexpr FeeVariant kWasteWaterFee{"frmGrdGebMoAW", "Grundgebühr Abwasser monatlich",
                                            "GrdGebAWMon.dat",
                                            &yearbook::zstaende::baseFeeWasteWater};
-
-inline constexpr std::array kFees = {&kElectricityFee, &kWaterFee, &kGasFee, &kWasteWaterFee};
 
 }  // namespace readings

@@ -119,7 +119,7 @@ void EntryField::inputMethodEvent(QInputMethodEvent* event) {
 void EntryField::contextMenuEvent(QContextMenuEvent* event) {
   const std::unique_ptr<QMenu> menu(createStandardContextMenu());
   if (QAction* paste = pasteAction(*menu)) {
-    paste->disconnect(SIGNAL(triggered(bool)));
+    disconnect(paste, &QAction::triggered, nullptr, nullptr);
     connect(paste, &QAction::triggered, this, &EntryField::pasteFiltered);
   }
   menu->exec(event->globalPos());

@@ -44,15 +44,18 @@ constexpr MoneySetting kMoneySettings[] = {
 };
 
 struct UtilityFields {
+  RecordSource YearSession::*rows;
   const Field* month;
   const Field* advance;
   const Field* remark;
   const Field* shownConsumption;  // beside the month on the utility's page
 };
 constexpr UtilityFields kUtilityFields[] = {
-    {&strom::month, &strom::advance, &strom::remark, &strom::dayConsumption},
-    {&wasser::month, &wasser::advance, &wasser::remark, &wasser::consumption},
-    {&gas::month, &gas::advance, &gas::remark, &gas::consumption},
+    {&YearSession::adoStrom, &strom::month, &strom::advance, &strom::remark,
+     &strom::dayConsumption},
+    {&YearSession::adoWasser, &wasser::month, &wasser::advance, &wasser::remark,
+     &wasser::consumption},
+    {&YearSession::adoGas, &gas::month, &gas::advance, &gas::remark, &gas::consumption},
 };
 
 const UtilityFields& fieldsOf(Utility utility) {
@@ -84,7 +87,7 @@ Result<std::unique_ptr<YearSession>> YearSession::open(base::FileSystem& files,
   auto database = jet::Database::open(files, path, options);
   if (!database) return Failure(database.error());
   std::vector<RecordSource> sources;
-  for (const Table* table : {&kStrom, &kWasser, &kGas, &kVerbrMonat, &kZStaende}) {
+  for (const Table* table : allTables()) {
     auto source = RecordSource::open(*database, *table);
     if (!source) return Failure(source.error());
     sources.push_back(std::move(*source));
@@ -103,10 +106,8 @@ std::string YearSession::currentMonthName() const {
 }
 
 bool YearSession::holdsLongRemarks(Utility utility) const {
-  const RecordSource& rows = utility == Utility::Electricity ? adoStrom
-                             : utility == Utility::Water     ? adoWasser
-                                                             : adoGas;
-  return rows.isMemo(*fieldsOf(utility).remark);
+  const UtilityFields& fields = fieldsOf(utility);
+  return (this->*fields.rows).isMemo(*fields.remark);
 }
 
 Result<void> YearSession::load() {
@@ -125,15 +126,7 @@ Result<void> YearSession::load() {
 }
 
 RecordSource& YearSession::source(Utility utility) {
-  switch (utility) {
-    case Utility::Water:
-      return adoWasser;
-    case Utility::Gas:
-      return adoGas;
-    case Utility::Electricity:
-      break;
-  }
-  return adoStrom;
+  return this->*fieldsOf(utility).rows;
 }
 
 Result<void> YearSession::refreshSources() {

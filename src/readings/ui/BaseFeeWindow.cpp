@@ -2,6 +2,8 @@
 
 #include <QGridLayout>
 
+#include "widgets/Rule.h"
+
 using namespace Qt::Literals::StringLiterals;
 
 namespace readings {
@@ -73,7 +75,7 @@ QGridLayout* BaseFeeWindow::arrangeMonths() {
     grid->addWidget(txtVerbrauch(k), k, 1);
     grid->addWidget(new QLabel(u"Euro"_s, this), k, 2);
   }
-  grid->addWidget(makeRule(this), kMonths, 0, 1, 3);
+  grid->addWidget(widgets::makeRule(this), kMonths, 0, 1, 3);
   grid->addWidget(new QLabel(u"Summe im Jahr"_s, this), kMonths + 1, 0);
   lblSum->setAlignment(Qt::AlignRight | Qt::AlignVCenter);
   constexpr int kFieldFrame = 4;

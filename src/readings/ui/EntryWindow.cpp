@@ -1,6 +1,5 @@
 #include "readings/ui/EntryWindow.h"
 
-#include <QFrame>
 #include <QHBoxLayout>
 #include <QKeyEvent>
 
@@ -83,14 +82,6 @@ QHBoxLayout* buttonRow(std::initializer_list<QPushButton*> left,
   row->addStretch();
   for (QPushButton* button : right) row->addWidget(button);
   return row;
-}
-
-QWidget* makeRule(QWidget* parent) {
-  auto* rule = new QFrame(parent);
-  rule->setFrameShape(QFrame::HLine);
-  rule->setFrameShadow(QFrame::Plain);
-  rule->setForegroundRole(QPalette::PlaceholderText);
-  return rule;
 }
 
 }  // namespace readings

@@ -49,7 +49,5 @@ void setDigits(widgets::NumberField* field, int digits);
 // Buttons at both ends of a line.
 QHBoxLayout* buttonRow(std::initializer_list<QPushButton*> left,
                        std::initializer_list<QPushButton*> right);
-// A thin line across a grid.
-QWidget* makeRule(QWidget* parent);
 
 }  // namespace readings

@@ -7,6 +7,7 @@
 #include "base/GermanNumber.h"
 #include "dialogs/Navigator.h"
 #include "readings/ReadingHints.h"
+#include "widgets/Rule.h"
 
 using namespace Qt::Literals::StringLiterals;
 
@@ -106,7 +107,7 @@ void MeterReadingWindow::arrange() {
   grid->setContentsMargins(16, 12, 16, 12);
   grid->addWidget(lblHeader, kHeader, 0, 1, kColumns);
   lblHeader->setColumns({lblMo(0), optWechsel(0), lblMoV(0)});
-  grid->addWidget(makeRule(this), kHeaderRule, 0, 1, kColumns);
+  grid->addWidget(widgets::makeRule(this), kHeaderRule, 0, 1, kColumns);
   grid->addWidget(lblAnfStand, kStart, kMonth);
   grid->addWidget(txtAnfStand, kStart, kReading);
   grid->addWidget(Label4, kStart, kOption);
@@ -131,7 +132,7 @@ void MeterReadingWindow::arrange() {
   grid->setColumnMinimumWidth(
       kHint, fontMetrics().horizontalAdvance(u"ergibt −1000000: "_s + doubtText(Doubt::Unusual)));
   grid->setColumnMinimumWidth(kConsumption, fontMetrics().horizontalAdvance(u"00000000"_s));
-  grid->addWidget(makeRule(this), kButtonRule, 0, 1, kColumns);
+  grid->addWidget(widgets::makeRule(this), kButtonRule, 0, 1, kColumns);
   grid->addLayout(buttonRow({Command5, Command3}, {Command1, Command2}), kButtons, 0, 1, kColumns);
   grid->setRowMinimumHeight(kButtons, 40);
   tameButtons();

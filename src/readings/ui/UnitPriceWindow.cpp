@@ -2,6 +2,8 @@
 
 #include <QGridLayout>
 
+#include "widgets/Rule.h"
+
 using namespace Qt::Literals::StringLiterals;
 
 namespace readings {
@@ -62,7 +64,7 @@ void UnitPriceWindow::arrange() {
   frame->setContentsMargins(12, 8, 12, 12);
   frame->setSpacing(8);
   frame->addLayout(entry);
-  frame->addWidget(makeRule(Frame1));
+  frame->addWidget(widgets::makeRule(Frame1));
   frame->addWidget(lblHint);
   frame->addLayout(arrangeMonths());
   frame->addWidget(cmdAbschlW2, 0, Qt::AlignLeft);

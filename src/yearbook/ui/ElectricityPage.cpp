@@ -5,6 +5,7 @@
 using namespace Qt::Literals::StringLiterals;
 
 namespace yearbook {
+
 ElectricityPage::ElectricityPage(QWidget* parent, YearEditor& editor)
     : UtilityPage(parent, "Frame1", editor),
       FrameNachtstrom(new FigureGroup(content(), "FrameNachtstrom", u"Nachtstrom"_s)),
@@ -17,8 +18,7 @@ ElectricityPage::ElectricityPage(QWidget* parent, YearEditor& editor)
                             u"kWh"_s)),
       day_(new FigureGroup(content(), "FrameTagstrom", u"Tagstrom"_s)),
       result_(new ResultGroup(content(), u"Istwert Strom"_s, txtIstwertS)) {
-  buildDay();
-  buildNight();
+  buildMeters();
   buildContract();
   buildResult();
   bindFields();
@@ -30,44 +30,20 @@ ElectricityPage::ElectricityPage(QWidget* parent, YearEditor& editor)
   connect(&editor, &YearEditor::changed, this, &ElectricityPage::showValues);
 }
 
-void ElectricityPage::buildDay() {
-  day_->addLine(u"Anfangszählerstand"_s, txtAnfStandST, u"kWh"_s);
-  day_->addLine(u"Endzählerstand"_s, txtEndStandST, u"kWh"_s);
-  day_->addLine(u"Verbrauch"_s, txtVerbrauchTS, u"kWh"_s);
-  day_->addLine(u"Preis je Einheit"_s, txtTPreis, u"Cent/kWh"_s);
-  txtTPreis->setToolTip(
-      u"Preis des letzten Monats. Eine Eingabe hier gilt für alle zwölf Monate."_s);
-  day_->addLine(u"Betrag netto"_s, txtBetragTS, u"Euro"_s);
-  day_->addLine(u"MwSt"_s, txtMwStTS, u"Euro"_s);
-  day_->addRule();
-  txtSummeS->emphasize();
-  day_->addLine(u"Summe"_s, txtSummeS, u"Euro"_s);
-  button(cmdEingabeVerbrauchS, u"Eingabe Zählerstand..."_s, u"Eingabe Zählerstand Strom"_s);
-  button(cmdPreisJeEinheitS, u"Preise je Monat..."_s, u"Preise Strom je Monat eingeben"_s);
+void ElectricityPage::buildMeters() {
+  addMeterLines(day_, dayFields_, u"kWh"_s, u"Cent/kWh"_s);
+  entryButtons(cmdEingabeVerbrauchS, u"Eingabe Zählerstand Strom"_s, cmdPreisJeEinheitS,
+               u"Preise Strom je Monat eingeben"_s);
   day_->setFoot(buttonRow(day_, "FrameTasten", {cmdEingabeVerbrauchS, cmdPreisJeEinheitS}));
-}
-
-void ElectricityPage::buildNight() {
-  FrameNachtstrom->addLine(u"Anfangszählerstand"_s, txtAnfStandSN, u"kWh"_s);
-  FrameNachtstrom->addLine(u"Endzählerstand"_s, txtEndStandSN, u"kWh"_s);
-  FrameNachtstrom->addLine(u"Verbrauch"_s, txtVerbrauchNS, u"kWh"_s);
-  FrameNachtstrom->addLine(u"Preis je Einheit"_s, txtNPreis, u"Cent/kWh"_s);
-  txtNPreis->setToolTip(
-      u"Preis des letzten Monats. Preise gibt das Fenster \"Preise je Monat\" ein."_s);
-  FrameNachtstrom->addLine(u"Betrag netto"_s, txtBetragNS, u"Euro"_s);
-  FrameNachtstrom->addLine(u"MwSt"_s, txtMwStNSt, u"Euro"_s);
-  FrameNachtstrom->addRule();
-  txtSummeNS->emphasize();
-  FrameNachtstrom->addLine(u"Summe"_s, txtSummeNS, u"Euro"_s);
-  button(cmdEingabeVerbrauchNS, u"Eingabe Zählerstand..."_s,
-         u"Eingabe Zählerstand Nacht - Strom"_s);
-  button(cmdPreisJeEinheitSN, u"Preise je Monat..."_s, u"Preise Nachtstrom je Monat eingeben"_s);
+  addMeterLines(FrameNachtstrom, nightFields_, u"kWh"_s, u"Cent/kWh"_s);
+  entryButtons(cmdEingabeVerbrauchNS, u"Eingabe Zählerstand Nacht - Strom"_s, cmdPreisJeEinheitSN,
+               u"Preise Nachtstrom je Monat eingeben"_s);
   FrameNachtstrom->setFoot(Frame23);
 }
 
 void ElectricityPage::buildContract() {
-  button(cmdMonatlStrom, u"Eingabe monatlich"_s, u"Grundgebühr Strom monatlich eingeben"_s);
-  Frame13->addLine(u"Grundgebühr im Jahr"_s, txtGrundgebS, u"Euro"_s, cmdMonatlStrom);
+  addBaseFeeLine(Frame13, u"Grundgebühr im Jahr"_s, txtGrundgebS, cmdMonatlStrom,
+                 u"Grundgebühr Strom monatlich eingeben"_s);
   Frame13->addLine(u"MwSt"_s, txtMwStS, u"%"_s);
   const QString hint =
       u"Eingabe Pauschale. (Freie kWs im Jahr, die im monatlichen Grundpreis enthalten sind)"_s;
@@ -81,18 +57,14 @@ void ElectricityPage::buildContract() {
   freeKwhLabel_ = Frame13->addLine(u"Pauschale"_s, txtKwImJahrFrei, {}, lblPauschale).label;
   Frame13->addLine(u"Start-Datum"_s, txtDatumStrom);
   txtDatumStrom->setToolTip(u"Datum des Anfangszählerstandes, zum Beispiel 01.01.2009"_s);
-  button(cmdBeginnS, u"anpassen"_s,
-         u"Hier können Sie den Start - Monat (den Monat Ihrer Abrechnung) anpassen."_s);
-  Frame13->addLine(u"Startmonat"_s, lblStartmonatS, {}, cmdBeginnS);
-  cmdBeginnS->setAccessibleName(u"Startmonat anpassen"_s);
+  addStartMonthLine(Frame13, lblStartmonatS, cmdBeginnS);
 }
 
 void ElectricityPage::buildResult() {
   result_->addButton(button(cmdDiagrammStrom, u"Strom"_s, u"Diagramm Verbrauch Strom"_s));
   button(cmdDiagrammNachtstrom, u"Nachtstrom"_s, u"Diagramm Verbrauch Nachtstrom"_s);
   result_->addButton(Frame22);
-  result_->addButton(
-      button(cmdDiagrVergleich, u"Vergleich"_s, u"Verbrauch mit einem anderen Jahr vergleichen"_s));
+  result_->addButton(comparisonButton(cmdDiagrVergleich));
 }
 
 void ElectricityPage::bindFields() {
@@ -145,17 +117,9 @@ void ElectricityPage::showDate() {
 void ElectricityPage::showValues() {
   const FieldValues& values = editor().values();
   const ElectricityTexts texts = electricityTexts(values);
-  txtEndStandST->showText(texts.day.endReading);
-  txtVerbrauchTS->showText(texts.day.consumption);
-  txtBetragTS->showText(texts.day.amount);
-  txtMwStTS->showText(texts.day.vat);
-  txtSummeS->showText(texts.day.gross);
-  txtEndStandSN->showText(texts.night.endReading);
-  txtVerbrauchNS->showText(texts.night.consumption);
+  showMeter(dayFields_, texts.day);
+  showMeter(nightFields_, texts.night);
   txtNPreis->showText(priceText(values.nightPrice));
-  txtBetragNS->showText(texts.night.amount);
-  txtMwStNSt->showText(texts.night.vat);
-  txtSummeNS->showText(texts.night.gross);
   txtIstwertS->showText(texts.gross);
   result_->setTotalNote(texts.grossNote);
   if (!txtDatumStrom->hasFocus() || !txtDatumStrom->isModified()) showDate();

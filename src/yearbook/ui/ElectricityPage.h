@@ -74,8 +74,7 @@ class ElectricityPage final : public UtilityPage {
   bool nightShown() const { return !FrameNachtstrom->isHidden(); }
 
  private:
-  void buildDay();
-  void buildNight();
+  void buildMeters();
   void buildContract();
   void buildResult();
   void bindFields();
@@ -86,6 +85,10 @@ class ElectricityPage final : public UtilityPage {
   void showValues();
   void showNight(bool shown);
 
+  const MeterFields dayFields_{txtAnfStandST, txtEndStandST, txtVerbrauchTS, txtTPreis,
+                               txtBetragTS,   txtMwStTS,     txtSummeS};
+  const MeterFields nightFields_{txtAnfStandSN, txtEndStandSN, txtVerbrauchNS, txtNPreis,
+                                 txtBetragNS,   txtMwStNSt,    txtSummeNS};
   FigureGroup* day_;
   ResultGroup* result_;
   QLabel* freeKwhLabel_ = nullptr;

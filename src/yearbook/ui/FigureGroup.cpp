@@ -3,6 +3,8 @@
 #include <QStyle>
 #include <QStyleOptionFrame>
 
+#include "widgets/Rule.h"
+
 using namespace Qt::Literals::StringLiterals;
 
 namespace yearbook {
@@ -79,11 +81,7 @@ const FigureGroup::Line& FigureGroup::addLine(const QString& label, QWidget* val
 }
 
 void FigureGroup::addRule() {
-  auto* rule = new QFrame(this);
-  rule->setFrameShape(QFrame::HLine);
-  rule->setFrameShadow(QFrame::Plain);
-  rule->setForegroundRole(QPalette::PlaceholderText);
-  rows_.push_back({{}, rule});
+  rows_.push_back({{}, widgets::makeRule(this)});
   arrange(1);
 }
 

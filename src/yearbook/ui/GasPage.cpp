@@ -5,6 +5,7 @@
 using namespace Qt::Literals::StringLiterals;
 
 namespace yearbook {
+
 GasPage::GasPage(QWidget* parent, YearEditor& editor)
     : UtilityPage(parent, "Frame3", editor),
       months(new MonthTable(content(), editor, Utility::Gas,
@@ -18,8 +19,7 @@ GasPage::GasPage(QWidget* parent, YearEditor& editor)
   buildContract();
   result_->addNote(u"Betrag Gas = Verbrauch  m³  x  Faktor  x  Cent/kwh"_s);
   result_->addButton(button(cmdDiagrammGas, u"Gas"_s, u"Diagramm Verbrauch Gas"_s));
-  result_->addButton(button(cmdDiagrVergleichG, u"Vergleich"_s,
-                            u"Verbrauch mit einem anderen Jahr vergleichen"_s));
+  result_->addButton(comparisonButton(cmdDiagrVergleichG));
   bindFields();
   placeOneMeter(gas_, contract_, months, result_);
   chainFields({txtAnfStandG, txtFaktor, txtPreisGas, txtGrundgebG, txtMwStG}, *months);
@@ -34,23 +34,19 @@ void GasPage::buildMeter() {
   txtFaktor->setToolTip(u"Brennwert mal Zustandszahl, wie auf der Rechnung des Versorgers"_s);
   gas_->addLine(u"Verbrauch in kWh"_s, txtGaskWh, u"kWh"_s);
   gas_->addLine(u"Preis je Einheit"_s, txtPreisGas, u"Cent/kWh"_s);
-  txtPreisGas->setToolTip(
-      u"Preis des letzten Monats. Eine Eingabe hier gilt für alle zwölf Monate."_s);
+  txtPreisGas->setToolTip(priceTip(*txtPreisGas));
   gas_->addLine(u"Betrag netto"_s, txtBetragG, u"Euro"_s);
   gas_->addLine(u"MwSt"_s, txtMwStGas, u"Euro"_s);
-  button(cmdEingabeVerbrauchG, u"Eingabe Zählerstand..."_s, u"Eingabe Zählerstand Gas"_s);
-  button(cmdPreisJeEinheitG, u"Preise je Monat..."_s, u"Preise Gas je Monat eingeben"_s);
+  entryButtons(cmdEingabeVerbrauchG, u"Eingabe Zählerstand Gas"_s, cmdPreisJeEinheitG,
+               u"Preise Gas je Monat eingeben"_s);
   gas_->setFoot(buttonRow(gas_, "FrameTastenG", {cmdEingabeVerbrauchG, cmdPreisJeEinheitG}));
 }
 
 void GasPage::buildContract() {
-  button(cmdMonatlGas, u"Eingabe monatlich"_s, u"Grundgebühr Gas monatlich eingeben"_s);
-  button(cmdBeginnG, u"anpassen"_s,
-         u"Hier können Sie den Start - Monat (den Monat Ihrer Abrechnung) anpassen."_s);
-  contract_->addLine(u"Grundgebühr im Jahr"_s, txtGrundgebG, u"Euro"_s, cmdMonatlGas);
+  addBaseFeeLine(contract_, u"Grundgebühr im Jahr"_s, txtGrundgebG, cmdMonatlGas,
+                 u"Grundgebühr Gas monatlich eingeben"_s);
   contract_->addLine(u"MwSt"_s, txtMwStG, u"%"_s);
-  contract_->addLine(u"Startmonat"_s, lblStartmonatG, {}, cmdBeginnG);
-  cmdBeginnG->setAccessibleName(u"Startmonat anpassen"_s);
+  addStartMonthLine(contract_, lblStartmonatG, cmdBeginnG);
 }
 
 void GasPage::bindFields() {

@@ -3,6 +3,7 @@
 #include <QGridLayout>
 #include <algorithm>
 
+#include "widgets/Rule.h"
 #include "yearbook/FieldTexts.h"
 #include "yearbook/ui/ConsumptionBar.h"
 
@@ -26,6 +27,10 @@ QLabel* heading(const QString& text, QWidget* parent) {
   label->setFont(bold);
   label->setSizePolicy(QSizePolicy::Preferred, QSizePolicy::Fixed);
   return label;
+}
+
+QString advanceHint() {
+  return u"Geben Sie hier Ihre monatlichen Abschläge ein. ( Brutto )"_s;
 }
 
 QString monthName(const MonthTexts& texts, int i) {
@@ -65,7 +70,7 @@ MonthTable::MonthTable(QWidget* parent, YearEditor& editor, Utility utility,
 
 void MonthTable::buildHeader(QGridLayout* grid) {
   grid->setRowMinimumHeight(kHeaderRow, 22);
-  auto* hint = new QLabel(u"Geben Sie hier Ihre monatlichen Abschläge ein. ( Brutto )"_s, this);
+  auto* hint = new QLabel(advanceHint(), this);
   hint->setContentsMargins(4, 0, 0, 0);
   hint->setSizePolicy(QSizePolicy::Preferred, QSizePolicy::Fixed);
   hint->setForegroundRole(QPalette::PlaceholderText);
@@ -89,7 +94,7 @@ void MonthTable::buildLines(QGridLayout* grid) {
     bars_[std::size_t(i)] = new ConsumptionBar(this);
     consumption(i)->setAlignment(Qt::AlignRight | Qt::AlignVCenter);
     advance(i)->setFixedWidth(numberWidth(advance(i)));
-    advance(i)->setToolTip(u"Geben Sie hier Ihre monatlichen Abschläge ein. ( Brutto )"_s);
+    advance(i)->setToolTip(advanceHint());
     month(i)->setContentsMargins(4, 0, 0, 0);
     check(i)->hide();
     check(i)->setFocusPolicy(Qt::NoFocus);
@@ -106,11 +111,7 @@ void MonthTable::buildLines(QGridLayout* grid) {
 }
 
 void MonthTable::buildSums(QGridLayout* grid) {
-  auto* rule = new QFrame(this);
-  rule->setFrameShape(QFrame::HLine);
-  rule->setFrameShadow(QFrame::Plain);
-  rule->setForegroundRole(QPalette::PlaceholderText);
-  grid->addWidget(rule, kRuleRow, 0, 1, kColumns);
+  grid->addWidget(widgets::makeRule(this), kRuleRow, 0, 1, kColumns);
   auto* sum = heading(u"Summe"_s, this);
   sum->setContentsMargins(4, 0, 0, 0);
   grid->addWidget(sum, kSumRow, kMonth);

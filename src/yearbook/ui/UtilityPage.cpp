@@ -91,6 +91,58 @@ QPushButton* UtilityPage::button(QPushButton* made, const QString& caption,
   return made;
 }
 
+void UtilityPage::entryButtons(QPushButton* readings, const QString& readingsTip,
+                               QPushButton* prices, const QString& pricesTip) const {
+  button(readings, u"Eingabe Zählerstand..."_s, readingsTip);
+  button(prices, u"Preise je Monat..."_s, pricesTip);
+}
+
+QPushButton* UtilityPage::comparisonButton(QPushButton* made) const {
+  return button(made, u"Vergleich"_s, u"Verbrauch mit einem anderen Jahr vergleichen"_s);
+}
+
+QString UtilityPage::priceTip(const QLineEdit& price) {
+  if (price.isReadOnly())
+    return u"Preis des letzten Monats. Preise gibt das Fenster \"Preise je Monat\" ein."_s;
+  return u"Preis des letzten Monats. Eine Eingabe hier gilt für alle zwölf Monate."_s;
+}
+
+void UtilityPage::addMeterLines(FigureGroup* frame, const MeterFields& fields, const QString& unit,
+                                const QString& priceUnit) const {
+  frame->addLine(u"Anfangszählerstand"_s, fields.startReading, unit);
+  frame->addLine(u"Endzählerstand"_s, fields.endReading, unit);
+  frame->addLine(u"Verbrauch"_s, fields.consumption, unit);
+  frame->addLine(u"Preis je Einheit"_s, fields.price, priceUnit);
+  fields.price->setToolTip(priceTip(*fields.price));
+  frame->addLine(u"Betrag netto"_s, fields.amount, u"Euro"_s);
+  frame->addLine(u"MwSt"_s, fields.vat, u"Euro"_s);
+  frame->addRule();
+  fields.gross->emphasize();
+  frame->addLine(u"Summe"_s, fields.gross, u"Euro"_s);
+}
+
+void UtilityPage::showMeter(const MeterFields& fields, const MeterTexts& texts) {
+  fields.endReading->showText(texts.endReading);
+  fields.consumption->showText(texts.consumption);
+  fields.amount->showText(texts.amount);
+  fields.vat->showText(texts.vat);
+  fields.gross->showText(texts.gross);
+}
+
+void UtilityPage::addBaseFeeLine(FigureGroup* contract, const QString& label, QWidget* fee,
+                                 QPushButton* monthly, const QString& monthlyTip) const {
+  button(monthly, u"Eingabe monatlich"_s, monthlyTip);
+  contract->addLine(label, fee, u"Euro"_s, monthly);
+}
+
+void UtilityPage::addStartMonthLine(FigureGroup* contract, QLabel* month,
+                                    QPushButton* adapt) const {
+  button(adapt, u"anpassen"_s,
+         u"Hier können Sie den Start - Monat (den Monat Ihrer Abrechnung) anpassen."_s);
+  adapt->setAccessibleName(u"Startmonat anpassen"_s);
+  contract->addLine(u"Startmonat"_s, month, {}, adapt);
+}
+
 void UtilityPage::clearPlaces() {
   while (QLayoutItem* item = places_->takeAt(0)) delete item;
   places_->setColumnStretch(2, 1);

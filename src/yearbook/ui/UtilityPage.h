@@ -27,6 +27,19 @@ class ResultGroup final : public TitledFrame {
   QLabel* totalNote_;
 };
 
+struct MeterTexts;
+
+// What a meter's frame shows of it, from top to bottom.
+struct MeterFields {
+  QLineEdit* startReading;
+  DerivedField* endReading;
+  DerivedField* consumption;
+  QLineEdit* price;  // typed, or of the last month only
+  DerivedField* amount;
+  DerivedField* vat;
+  DerivedField* gross;
+};
+
 // A page of the main window that reads like the bill that it works out: meters, contract, months
 // and result. Scrolls only where the screen is too small for it.
 class UtilityPage : public QScrollArea {
@@ -41,6 +54,20 @@ class UtilityPage : public QScrollArea {
   YearEditor& editor() const { return editor_; }
   QWidget* content() const { return content_; }
   QPushButton* button(QPushButton* made, const QString& caption, const QString& toolTip) const;
+  // The ways to a meter's readings and prices, and to another year.
+  void entryButtons(QPushButton* readings, const QString& readingsTip, QPushButton* prices,
+                    const QString& pricesTip) const;
+  QPushButton* comparisonButton(QPushButton* made) const;
+
+  void addMeterLines(FigureGroup* frame, const MeterFields& fields, const QString& unit,
+                     const QString& priceUnit) const;
+  // All but the two fields above that may be typed.
+  static void showMeter(const MeterFields& fields, const MeterTexts& texts);
+  static QString priceTip(const QLineEdit& price);
+  void addBaseFeeLine(FigureGroup* contract, const QString& label, QWidget* fee,
+                      QPushButton* monthly, const QString& monthlyTip) const;
+  void addStartMonthLine(FigureGroup* contract, QLabel* month, QPushButton* adapt) const;
+
   void placeTwoMeters(QWidget* first, QWidget* second, FigureGroup* contract, MonthTable* months,
                       ResultGroup* result);
   void placeOneMeter(QWidget* meter, FigureGroup* contract, MonthTable* months,

@@ -75,6 +75,10 @@ class WaterPage final : public UtilityPage {
   void bindContract();
   void showValues();
 
+  const MeterFields waterFields_{txtAnfStandW, txtEndStandW,  txtVerbrauchW, txtPreisW,
+                                 txtBetragW,   txtMwstWasser, txtSummeW};
+  const MeterFields wasteWaterFields_{txtAnfStandAbW, txtEndStandAbW,  txtVerbrauchAbW, txtPreisAbW,
+                                      txtBetragAbW,   txtMwstAbwasser, txtSummeAbW};
   FigureGroup* water_;
   FigureGroup* wasteWater_;
   FigureGroup* contract_;
