@@ -66,12 +66,6 @@ std::string Grid::text(int row, int column) const {
   return std::visit(Shown{this->column(column).format}, cell(row, column).value);
 }
 
-bool Grid::isVisible(int row, int column) const {
-  const Row& r = this->row(row);
-  const Column& c = this->column(column);
-  return !r.hidden && r.height > 0 && !c.hidden && c.width > 0;
-}
-
 Font Grid::font(int row, int column) const {
   const Cell& c = cell(row, column);
   return {c.fontName.empty() ? fontName : c.fontName, c.pointSize > 0 ? c.pointSize : pointSize,

@@ -107,7 +107,6 @@ class Grid {
 
   // What is read in the cell: texts as they are, numbers in the column's format.
   std::string text(int row, int column) const;
-  bool isVisible(int row, int column) const;
   // The cell's font with the grid's name and size where it has none of its own.
   Font font(int row, int column) const;
   Alignment placement(int row, int column) const;

@@ -155,10 +155,6 @@ GridPrinter::Frame GridPrinter::frameOn(const QPagedPaintDevice& device) const {
   return frame;
 }
 
-int GridPrinter::pageCount(const QPagedPaintDevice& device) const {
-  return static_cast<int>(frameOn(device).pages.size());
-}
-
 base::Result<void> GridPrinter::paint(QPagedPaintDevice& device, int firstPage,
                                       int lastPage) const {
   const Frame frame = frameOn(device);

@@ -17,6 +17,8 @@ struct PrintMargins {
   int leftRight = 0;
   int topBottom = 0;
 };
+// Of the overview, on the printer as in a PDF file.
+inline constexpr PrintMargins kOverviewMargins{640, 640};
 
 // Puts a grid on pages: widths and heights as the grid says, made smaller in proportion where the
 // paper is too narrow; merged cells, bands, border lines and fonts; breaks between rows, heads
@@ -31,9 +33,6 @@ class GridPrinter {
   base::Result<void> print(QPrinter& printer) const;
   // All pages on A4. Needs a QGuiApplication, no screen and no printer.
   QByteArray toPdf() const;
-
-  // Pages on the device's paper.
-  int pageCount(const QPagedPaintDevice& device) const;
 
  private:
   struct Frame;

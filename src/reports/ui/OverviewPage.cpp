@@ -12,11 +12,6 @@
 using namespace Qt::StringLiterals;
 
 namespace reports {
-namespace {
-
-constexpr PrintMargins kMargins = {640, 640};
-
-}  // namespace
 
 OverviewPage::OverviewPage(const dialogs::Services& services, Provider provider, QWidget* parent)
     : QFrame(parent), services_(services), provider_(std::move(provider)) {
@@ -85,7 +80,8 @@ void OverviewPage::rebuild() {
 
 GridPrinter OverviewPage::pages() const {
   return GridPrinter(grdDruck->grid(),
-                     QString::fromStdString(documentName(services_.clock.today())), kMargins);
+                     QString::fromStdString(documentName(services_.clock.today())),
+                     kOverviewMargins);
 }
 
 void OverviewPage::cmdDruckenClick() {

@@ -8,7 +8,7 @@ base::Result<void> exportPdf(base::FileSystem& files, const std::string& path,
                              const OverviewInput& input, const std::string& documentName) {
   const Grid grid = buildOverview(input);
   const QByteArray pdf =
-      GridPrinter(grid, QString::fromStdString(documentName), {640, 640}).toPdf();
+      GridPrinter(grid, QString::fromStdString(documentName), kOverviewMargins).toPdf();
   return files.replaceFile(path,
                            base::asBytes({pdf.constData(), static_cast<std::size_t>(pdf.size())}));
 }
