@@ -1,15 +1,8 @@
 #include "dialogs/DeviceMode.h"
 
 #include <algorithm>
-#include <cstring>
 
 namespace dialogs {
-
-DeviceMode readDeviceMode(base::ByteSpan bytes) {
-  DeviceMode mode{};
-  std::memcpy(&mode, bytes.data(), std::min(bytes.size(), sizeof(mode)));
-  return mode;
-}
 
 std::array<char, 32> deviceModeText(std::string_view utf8) {
   std::array<char, 32> field{};

@@ -72,9 +72,6 @@ struct DeviceMode {
 };
 static_assert(sizeof(DeviceMode) == 146);
 
-// Takes as many bytes as there are, the rest of the record is 0.
-DeviceMode readDeviceMode(base::ByteSpan bytes);
-
 // Texts of the record: as many whole UTF-8 characters as the field holds, and back.
 std::array<char, 32> deviceModeText(std::string_view utf8);
 std::string textOf(const std::array<char, 32>& field);
