@@ -138,8 +138,8 @@ struct PriceVariant {
   std::string_view window;
   std::string_view caption;
   std::string_view frame;
-  std::string_view newPriceName;    // name of the entry field
-  std::string_view monthPriceName;  // name of the twelve fields
+  const char* newPriceName;    // name of the entry field
+  const char* monthPriceName;  // name of the twelve fields
   std::string_view unit;
   std::string_view invert;
   const MeterVariant* meter;  // whose months are priced

@@ -3,6 +3,8 @@
 #include <QHBoxLayout>
 #include <QKeyEvent>
 
+#include "dialogs/Texts.h"
+
 using namespace Qt::Literals::StringLiterals;
 
 namespace readings {
@@ -23,10 +25,8 @@ void EntryWindow::reject() {
 
 bool EntryWindow::told(const base::Result<void>& done) {
   if (done) return true;
-  services_.prompts.tell(this,
-                         u"Die Änderung konnte nicht gespeichert werden.\n"_s +
-                             QString::fromStdString(base::germanMessage(done.error())),
-                         u"Fehler"_s, dialogs::Icon::Critical);
+  services_.prompts.tell(this, dialogs::notStoredText(done.error()), u"Fehler"_s,
+                         dialogs::Icon::Critical);
   return false;
 }
 

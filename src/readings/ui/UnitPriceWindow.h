@@ -27,9 +27,8 @@ class UnitPriceWindow : public EntryWindow {
   QLabel* const lblHint = widgets::control<QLabel>(this, "lblHint");
   // "txtJeKwsTag" and its like, "txtJeEinheitT" and its like.
   widgets::NumberField* const newPrice =
-      widgets::control<widgets::NumberField>(this, variant_.newPriceName.data());
-  const widgets::ControlArray<widgets::NumberField, 12> monthPrice{this,
-                                                                   variant_.monthPriceName.data()};
+      widgets::control<widgets::NumberField>(this, variant_.newPriceName);
+  const widgets::ControlArray<widgets::NumberField, 12> monthPrice{this, variant_.monthPriceName};
   const widgets::ControlArray<QCheckBox, 12> Check1{this, "Check1"};
   QPushButton* const Command1 = widgets::control<QPushButton>(this, "Command1");
   QPushButton* const Command2 = widgets::control<QPushButton>(this, "Command2");

@@ -1,5 +1,7 @@
 #include "yearbook/ui/YearEditor.h"
 
+#include "dialogs/Texts.h"
+
 using namespace Qt::Literals::StringLiterals;
 
 namespace yearbook {
@@ -91,9 +93,7 @@ void YearEditor::leave(const NumberBinding& binding) {
 bool YearEditor::run(const std::function<base::Result<void>()>& change) {
   const auto done = change();
   if (!done) {
-    refuse(u"Die Änderung konnte nicht gespeichert werden.\n"_s +
-               QString::fromStdString(base::germanMessage(done.error())),
-           u"Fehler"_s, dialogs::Icon::Critical);
+    refuse(dialogs::notStoredText(done.error()), u"Fehler"_s, dialogs::Icon::Critical);
     typedIn_ = nullptr;
   }
   showAll();
