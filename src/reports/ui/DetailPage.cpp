@@ -48,31 +48,16 @@ MeterChoice DetailPage::ticked() const {
 }
 
 void DetailPage::setCaptions() {
-  struct Caption {
-    QAbstractButton* button;
-    QString text;
-    QString hint;
-  };
-  const Caption captions[] = {
-      {chkStrom, u"Strom"_s, {}},
-      {chkStromNS, u"Nachtstrom"_s, {}},
-      {chkWasser, u"Wasser"_s, {}},
-      {chkAbwasser, u"Abwasser"_s, {}},
-      {chkGas, u"Gas"_s, {}},
-      {cmdTabelle, u"Werte in Tabelle aktualisieren"_s,
-       u"Baut die Tabelle aus den angekreuzten Zählern neu auf"_s},
-      {Command11, u"&Drucken"_s, u"Übersicht drucken"_s},
-      {cmdVorschauAlle, u"Vo&rschau"_s, u"Zeigt die Seiten, wie sie gedruckt werden"_s},
-      {Command10, u"&Export HTML"_s,
-       u"Speichert die Tabelle als HTML-Seite im Datenordner und öffnet sie"_s},
-      {cmdCsv, u"Als &CSV speichern…"_s, u"Für Tabellenkalkulationen, alle Stellen der Beträge"_s},
-      {cmdKopierenAlle, u"Tabelle &kopieren"_s,
-       u"Kopiert die Tabelle, zum Einfügen in eine Tabellenkalkulation"_s}};
-  for (const Caption& caption : captions) {
-    caption.button->setText(caption.text);
-    caption.button->setToolTip(caption.hint);
-    caption.button->setAccessibleName(QString(caption.text).remove(u'&'));
-  }
+  caption(chkStrom, u"Strom"_s);
+  caption(chkStromNS, u"Nachtstrom"_s);
+  caption(chkWasser, u"Wasser"_s);
+  caption(chkAbwasser, u"Abwasser"_s);
+  caption(chkGas, u"Gas"_s);
+  caption(cmdTabelle, u"Werte in Tabelle aktualisieren"_s,
+          u"Baut die Tabelle aus den angekreuzten Zählern neu auf"_s);
+  captionAll({Command11, cmdVorschauAlle, Command10, cmdKopierenAlle}, u"Tabelle"_s);
+  caption(cmdCsv, u"Als &CSV speichern…"_s,
+          u"Für Tabellenkalkulationen, alle Stellen der Beträge"_s);
   grdDruckAlle->setAccessibleName(u"Monate der angekreuzten Zähler"_s);
 }
 

@@ -24,25 +24,11 @@ OverviewPage::OverviewPage(const dialogs::Services& services, Provider provider,
 }
 
 void OverviewPage::buildLayout() {
-  struct Caption {
-    QPushButton* button;
-    QString text;
-    QString hint;
-  };
-  const Caption captions[] = {
-      {cmdDrucken, u"&Drucken"_s, u"Übersicht drucken"_s},
-      {cmdVorschau, u"Vo&rschau"_s, u"Zeigt die Seiten, wie sie gedruckt werden"_s},
-      {cmdExpHtml, u"&Export HTML"_s,
-       u"Speichert die Übersicht als HTML-Seite im Datenordner und öffnet sie"_s},
-      {cmdKopieren, u"Tabelle &kopieren"_s,
-       u"Kopiert die Tabelle, zum Einfügen in eine Tabellenkalkulation"_s}};
+  captionAll({cmdDrucken, cmdVorschau, cmdExpHtml, cmdKopieren}, u"Übersicht"_s);
   auto* buttons = new QVBoxLayout;
-  for (const Caption& caption : captions) {
-    caption.button->setText(caption.text);
-    caption.button->setToolTip(caption.hint);
-    caption.button->setAccessibleName(QString(caption.text).remove(u'&'));
-    caption.button->setMinimumWidth(caption.button->fontMetrics().averageCharWidth() * 20);
-    buttons->addWidget(caption.button);
+  for (QPushButton* button : {cmdDrucken, cmdVorschau, cmdExpHtml, cmdKopieren}) {
+    button->setMinimumWidth(button->fontMetrics().averageCharWidth() * 20);
+    buttons->addWidget(button);
   }
   buttons->addStretch();
 

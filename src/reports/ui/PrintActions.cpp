@@ -23,6 +23,21 @@ class HourGlass {
 
 }  // namespace
 
+void caption(QAbstractButton* button, const QString& text, const QString& hint) {
+  button->setText(text);
+  button->setToolTip(hint);
+  button->setAccessibleName(QString(text).remove(u'&'));
+}
+
+void captionAll(const PrintButtons& buttons, const QString& table) {
+  caption(buttons.print, u"&Drucken"_s, u"Übersicht drucken"_s);
+  caption(buttons.preview, u"Vo&rschau"_s, u"Zeigt die Seiten, wie sie gedruckt werden"_s);
+  caption(buttons.html, u"&Export HTML"_s,
+          u"Speichert die %1 als HTML-Seite im Datenordner und öffnet sie"_s.arg(table));
+  caption(buttons.copy, u"Tabelle &kopieren"_s,
+          u"Kopiert die Tabelle, zum Einfügen in eine Tabellenkalkulation"_s);
+}
+
 bool choosePrinter(QPrinter& printer, QWidget* owner) {
   QPrintDialog dialog(&printer, owner);
   dialog.setOption(QAbstractPrintDialog::PrintPageRange);

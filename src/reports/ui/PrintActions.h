@@ -1,6 +1,7 @@
 #pragma once
 
 #include <QPrinter>
+#include <QPushButton>
 #include <QWidget>
 #include <functional>
 
@@ -9,6 +10,17 @@
 
 // Printing a table from a window: dialog, preview, and what the user is told.
 namespace reports {
+
+// Text, tooltip and spoken name of a button.
+void caption(QAbstractButton* button, const QString& text, const QString& hint = {});
+// The buttons that both tables have beside them; table is what the export's tooltip calls it.
+struct PrintButtons {
+  QPushButton* print;
+  QPushButton* preview;
+  QPushButton* html;
+  QPushButton* copy;
+};
+void captionAll(const PrintButtons& buttons, const QString& table);
 
 // Lets the user choose the printer and its settings; false when cancelled.
 using PrinterChoice = std::function<bool(QPrinter& printer, QWidget* owner)>;
