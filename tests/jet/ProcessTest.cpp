@@ -1,7 +1,18 @@
-#ifndef _WIN32
-
-#include <fcntl.h>
 #include <gmock/gmock.h>
+
+#include <random>
+#include <thread>
+
+#include "YearUnderTest.h"
+#include "base/File.h"
+#include "base/Paths.h"
+#include "jet/Database.h"
+#include "support/TemporaryFolder.h"
+
+#ifdef _WIN32
+#include <windows.h>
+#else
+#include <fcntl.h>
 #include <poll.h>
 #include <sys/wait.h>
 #include <unistd.h>
@@ -9,12 +20,7 @@
 #include <csignal>
 #include <cstdio>
 #include <filesystem>
-#include <random>
-
-#include "YearUnderTest.h"
-#include "base/File.h"
-#include "jet/Database.h"
-#include "support/TemporaryFolder.h"
+#endif
 
 // Real processes on the real disk: one that is killed while it edits, several that want the same
 // file.
@@ -59,19 +65,142 @@ int roundIn(Database& database) {
   return round;
 }
 
+// Edits until the process is killed, and tells which rounds are stored.
+template <class Tell>
+void editForEver(const std::string& path, int start, Tell tell) {
+  const auto files = base::makeDiskFileSystem();
+  auto database = Database::open(*files, path);
+  for (int round = start; database; ++round)
+    if (!writeRound(*database, round) || !tell(round)) return;
+}
+
+constexpr int kPatienceMilliseconds = 20000;
+
+#ifdef _WIN32
+
+constexpr int kKills = 60;  // a process costs more there
+constexpr const wchar_t* kFileVariable = L"KALVIRA_EDITED_FILE";
+constexpr const wchar_t* kRoundVariable = L"KALVIRA_EDITED_ROUND";
+constexpr const wchar_t* kPipeVariable = L"KALVIRA_EDITED_PIPE";
+
+std::wstring variable(const wchar_t* name) {
+  std::wstring value(32768, L'\0');
+  value.resize(GetEnvironmentVariableW(name, value.data(), static_cast<DWORD>(value.size())));
+  return value;
+}
+
+// The part of the process that edits; Editor starts this program again for it alone.
+TEST(EditorProcess, DISABLED_EditsUntilItIsKilled) {
+  const auto pipe = reinterpret_cast<HANDLE>(std::stoull(variable(kPipeVariable)));
+  editForEver(base::fromPath(variable(kFileVariable)), std::stoi(variable(kRoundVariable)),
+              [pipe](int round) {
+                DWORD count = 0;
+                return WriteFile(pipe, &round, sizeof(round), &count, nullptr) != FALSE;
+              });
+}
+
+class Editor {
+ public:
+  Editor(const std::string& path, int start) {
+    SECURITY_ATTRIBUTES inherited{sizeof(inherited), nullptr, TRUE};
+    HANDLE told = nullptr;
+    EXPECT_TRUE(CreatePipe(&pipe_, &told, &inherited, 0));
+    SetEnvironmentVariableW(kFileVariable, base::toPath(path).c_str());
+    SetEnvironmentVariableW(kRoundVariable, std::to_wstring(start).c_str());
+    SetEnvironmentVariableW(kPipeVariable,
+                            std::to_wstring(reinterpret_cast<std::uintptr_t>(told)).c_str());
+    std::wstring program(32768, L'\0');
+    program.resize(GetModuleFileNameW(nullptr, program.data(), static_cast<DWORD>(program.size())));
+    std::wstring line = L'"' + program +
+                        L"\" --gtest_also_run_disabled_tests --gtest_brief=1"
+                        L" --gtest_filter=EditorProcess.*";
+    STARTUPINFOW startup{};
+    startup.cb = sizeof(startup);
+    EXPECT_TRUE(CreateProcessW(nullptr, line.data(), nullptr, nullptr, TRUE, 0, nullptr, nullptr,
+                               &startup, &process_));
+    CloseHandle(told);
+  }
+  ~Editor() {
+    for (const HANDLE handle : {pipe_, process_.hThread, process_.hProcess}) CloseHandle(handle);
+  }
+  Editor(const Editor&) = delete;
+  Editor& operator=(const Editor&) = delete;
+
+  bool waitForItsFirstRound() {
+    DWORD available = 0;
+    for (int waited = 0; available == 0 && waited < kPatienceMilliseconds; ++waited) {
+      if (!PeekNamedPipe(pipe_, nullptr, 0, nullptr, &available, nullptr)) return false;
+      Sleep(1);
+    }
+    return available > 0;
+  }
+  bool kill() {
+    constexpr UINT kMark = 77;
+    TerminateProcess(process_.hProcess, kMark);
+    WaitForSingleObject(process_.hProcess, INFINITE);
+    DWORD code = 0;
+    return GetExitCodeProcess(process_.hProcess, &code) && code == kMark;
+  }
+  int lastRound(int otherwise) {
+    DWORD count = 0;
+    int round = otherwise;
+    while (ReadFile(pipe_, &round, sizeof(round), &count, nullptr) && count == sizeof(round))
+      otherwise = round;
+    return otherwise;
+  }
+
+ private:
+  HANDLE pipe_ = nullptr;
+  PROCESS_INFORMATION process_{};
+};
+
+#else
+
+constexpr int kKills = 300;
+
+class Editor {
+ public:
+  Editor(const std::string& path, int start) {
+    int pipe[2];
+    EXPECT_EQ(::pipe(pipe), 0);
+    child_ = ::fork();
+    if (child_ == 0) {
+      editForEver(path, start, [&pipe](int round) {
+        return ::write(pipe[1], &round, sizeof(round)) == sizeof(round);
+      });
+      ::_exit(1);
+    }
+    ::close(pipe[1]);
+    pipe_ = pipe[0];
+  }
+  ~Editor() { ::close(pipe_); }
+  Editor(const Editor&) = delete;
+  Editor& operator=(const Editor&) = delete;
+
+  bool waitForItsFirstRound() {
+    pollfd ready{pipe_, POLLIN, 0};
+    return ::poll(&ready, 1, kPatienceMilliseconds) == 1;
+  }
+  bool kill() {
+    ::kill(child_, SIGKILL);
+    int status = 0;
+    return ::waitpid(child_, &status, 0) == child_ && WIFSIGNALED(status);
+  }
+  int lastRound(int otherwise) {
+    for (int round = 0; ::read(pipe_, &round, sizeof(round)) == sizeof(round);) otherwise = round;
+    return otherwise;
+  }
+
+ private:
+  pid_t child_ = 0;
+  int pipe_ = -1;
+};
+
+#endif
+
 class Processes : public testing::Test {
  protected:
   void SetUp() override { ASSERT_TRUE(files_->replaceFile(path_, year::file())); }
-
-  // Edits until it is killed, and tells over the pipe which rounds are stored.
-  [[noreturn]] void editForEver(int start, int pipe) {
-    auto database = Database::open(*files_, path_);
-    for (int round = start; database; ++round) {
-      if (!writeRound(*database, round)) break;
-      if (::write(pipe, &round, sizeof(round)) != sizeof(round)) break;
-    }
-    ::_exit(1);
-  }
 
   support::TemporaryFolder folder_;
   std::unique_ptr<base::FileSystem> files_ = base::makeDiskFileSystem();
@@ -79,7 +208,6 @@ class Processes : public testing::Test {
 };
 
 TEST_F(Processes, KilledAtAnyMomentTheEditedFileIsWholeAndNothingStoredIsLost) {
-  constexpr int kKills = 300;
   std::mt19937 random(7);
   int stored = 0;
   {
@@ -87,22 +215,11 @@ TEST_F(Processes, KilledAtAnyMomentTheEditedFileIsWholeAndNothingStoredIsLost) {
     ASSERT_TRUE(database && writeRound(*database, stored));
   }
   for (int kill = 0; kill < kKills; ++kill) {
-    int pipe[2];
-    ASSERT_EQ(::pipe(pipe), 0);
-    const pid_t child = ::fork();
-    if (child == 0) editForEver(stored + 1, pipe[1]);
-    ::close(pipe[1]);
-    // Once it edits, at a random moment.
-    pollfd ready{pipe[0], POLLIN, 0};
-    ASSERT_EQ(::poll(&ready, 1, 20000), 1);
-    ::usleep(random() % 4000);
-    ::kill(child, SIGKILL);
-    int status = 0;
-    ASSERT_EQ(::waitpid(child, &status, 0), child);
-    ASSERT_TRUE(WIFSIGNALED(status));
-    int told = stored;
-    for (int round = 0; ::read(pipe[0], &round, sizeof(round)) == sizeof(round);) told = round;
-    ::close(pipe[0]);
+    Editor editor(path_, stored + 1);
+    ASSERT_TRUE(editor.waitForItsFirstRound());
+    std::this_thread::sleep_for(std::chrono::microseconds(random() % 4000));
+    ASSERT_TRUE(editor.kill()) << "it ended by itself";
+    const int told = editor.lastRound(stored);
 
     auto database = Database::open(*files_, path_);
     ASSERT_TRUE(database) << base::germanMessage(database.error());
@@ -113,6 +230,8 @@ TEST_F(Processes, KilledAtAnyMomentTheEditedFileIsWholeAndNothingStoredIsLost) {
   }
   EXPECT_GT(stored, kKills);
 }
+
+#ifndef _WIN32
 
 // Each adds one to a field again and again; whoever finds the file in use tries again.
 TEST_F(Processes, RacingForTheFileLoseNoUpdate) {
@@ -197,6 +316,6 @@ TEST_F(Processes, AFileThatAccessHasOpenIsNotOpenedForWriting) {
   EXPECT_TRUE(Database::open(*files_, path_));
 }
 
-}  // namespace
-
 #endif
+
+}  // namespace
