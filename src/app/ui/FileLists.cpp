@@ -48,4 +48,10 @@ bool showFolder(widgets::DriveList& drives, widgets::FolderList& folders, const 
   return folders.setPath(drives.drive(), folder);
 }
 
+bool changeDrive(widgets::DriveList& drives, widgets::FolderList& folders, const QString& root) {
+  if (folders.setPath(root, root)) return true;
+  drives.showDriveOf(folders.path());
+  return false;
+}
+
 }  // namespace app

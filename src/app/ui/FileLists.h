@@ -21,5 +21,7 @@ QString firstBackupFolder();
 
 // Fills the drive list, shows the folder in both lists. False when its drive cannot be read.
 bool showFolder(widgets::DriveList& drives, widgets::FolderList& folders, const QString& folder);
+// Shows the root of the chosen drive. False when it cannot be read; the drive before is back then.
+bool changeDrive(widgets::DriveList& drives, widgets::FolderList& folders, const QString& root);
 
 }  // namespace app

@@ -128,12 +128,10 @@ void frmRuecksichern::activate() {
 }
 
 void frmRuecksichern::Drive1Change(const QString& root) {
-  if (Dir1->setPath(root, root)) {
+  if (app::changeDrive(*Drive1, *Dir1, root))
     Dir1Change();
-    return;
-  }
-  services_.prompts.tell(this, u"Laufwerksfehler!"_s, u"Error"_s);
-  Drive1->showDriveOf(Dir1->path());
+  else
+    services_.prompts.tell(this, u"Laufwerksfehler!"_s, u"Error"_s);
 }
 
 void frmRuecksichern::Dir1Change() {

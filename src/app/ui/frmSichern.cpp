@@ -102,12 +102,10 @@ void frmSichern::activate() {
 }
 
 void frmSichern::Drive1Change(const QString& root) {
-  if (Dir1->setPath(root, root)) {
+  if (app::changeDrive(*Drive1, *Dir1, root))
     Dir1Change();
-    return;
-  }
-  services_.prompts.tell(this, u"Laufwerksfehler!"_s, u"Error"_s);
-  Drive1->showDriveOf(Dir1->path());
+  else
+    services_.prompts.tell(this, u"Laufwerksfehler!"_s, u"Error"_s);
 }
 
 void frmSichern::Dir1Change() {
