@@ -12,7 +12,7 @@ namespace jet {
 struct NewColumn {
   std::string name;
   ColumnType type = ColumnType::Long;
-  int length = 0;  // Text: characters, at most 255; Binary: bytes; else ignored
+  int length = 0;           // Text: characters, at most 255; Binary: bytes; else ignored
   bool autoNumber = false;  // Long only
 };
 
