@@ -77,7 +77,9 @@ Program::Program(QApplication& application, const CommandLine& line)
                         [&parts](QWidget* parent) { return parts.openYear(parent); });
 }
 
-Program::~Program() = default;
+Program::~Program() {
+  parts_->navigator.end();
+}
 
 void Program::start() {
   Parts& parts = *parts_;

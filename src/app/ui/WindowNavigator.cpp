@@ -29,6 +29,10 @@ void showOnce(QPointer<Window>& window) {
 }  // namespace
 
 WindowNavigator::~WindowNavigator() {
+  end();
+}
+
+void WindowNavigator::end() {
   delete main_.data();
   delete start_.data();
 }

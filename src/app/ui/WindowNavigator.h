@@ -27,6 +27,8 @@ class WindowNavigator final : public dialogs::Navigator, public YearOpener {
  public:
   ~WindowNavigator() override;
   void begin(dialogs::Services& services, const SystemFacts& facts, YearWindowFactory factory);
+  // Deletes the windows that are left, while the services that they use are still there.
+  void end();
 
   // The start window afresh.
   void showStartWindow();

@@ -4,6 +4,7 @@
 
 namespace yearbook {
 
+// Gas: read in m³, billed in kWh.
 class GasPage final : public UtilityPage {
   Q_OBJECT
  public:

@@ -196,6 +196,9 @@ TEST_F(MainWindow, AYearThatCanOnlyBeReadSaysSo) {
   openWindow(kSample);
   EXPECT_TRUE(window->lblHinweis->isVisible());
   EXPECT_TRUE(window->lblHinweis->text().contains(u"nur gelesen"_s));
+  const QString said = window->lblHinweis->text();
+  window->lblHinweis->add(u"Keine Sicherheitskopie."_s);
+  EXPECT_EQ(window->lblHinweis->text(), said + u"\nKeine Sicherheitskopie."_s);
   prompts.acceptTellings();
   type(window->Frame1->txtMwStS, u"7"_s);
   EXPECT_TRUE(prompts.shown.front().text.contains(u"Verbrauch2025.kwd"_s));
