@@ -23,7 +23,9 @@ void readRecord(std::string_view text) {
     else
       copy.text(record.text(i).value_or(""));
   }
-  fuzz::require(base::RecordReader(copy.line()).size() == record.size() + 1, "fields are kept");
+  const std::string line = copy.line();
+  if (line.size() > base::RecordReader::kLongestLine) return;  // quotes have made it longer
+  fuzz::require(base::RecordReader(line).size() == record.size() + 1, "fields are kept");
 }
 
 }  // namespace

@@ -10,9 +10,6 @@
 namespace base {
 namespace {
 
-// A side file holds one short line; more than this belongs to another program.
-constexpr std::size_t kLongestLine = 4096;
-
 template <class T>
 std::string shortest(T value, int digits) {
   if (!std::isfinite(value) || value == 0) return "0";

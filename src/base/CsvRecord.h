@@ -30,6 +30,9 @@ class RecordWriter {
 // Reads only the first line of the bytes; texts come back as UTF-8.
 class RecordReader {
  public:
+  // A side file holds one short line; more than this belongs to another program and has no field.
+  static constexpr std::size_t kLongestLine = 4096;
+
   explicit RecordReader(std::string_view bytes);
   std::size_t size() const { return fields_.size(); }
   // nullopt when there is no such field or it is not of that kind.
