@@ -5,10 +5,12 @@
 #include <benchmark/benchmark.h>
 
 #include <cstdlib>
+#include <filesystem>
 #include <string>
 
 #include "base/Bytes.h"
 #include "base/File.h"
+#include "base/Paths.h"
 #include "jet/Database.h"
 
 namespace {
@@ -17,8 +19,9 @@ constexpr const char* kCopy = "commit-bench.kwd";
 
 void kalviraCommit(benchmark::State& state, const std::string& year) {
   const auto files = base::makeDiskFileSystem();
-  if (!files->copyFile(year, kCopy)) return state.SkipWithError("no copy");
-  auto database = jet::Database::open(*files, kCopy);
+  const std::string copy = base::fromPath(std::filesystem::current_path() / kCopy);
+  if (!files->copyFile(year, copy)) return state.SkipWithError("no copy");
+  auto database = jet::Database::open(*files, copy);
   if (!database) return state.SkipWithError("the year could not be opened");
   auto rows = database->openTable("Strom");
   if (!rows) return state.SkipWithError("no table Strom");

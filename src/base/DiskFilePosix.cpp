@@ -9,6 +9,7 @@
 #include <algorithm>
 #include <cerrno>
 #include <cstdio>
+#include <optional>
 #include <utility>
 
 #include "base/File.h"
@@ -88,21 +89,41 @@ Result<void> lock(int descriptor, bool exclusive, const std::string& path) {
   return {};
 }
 
+struct Identity {
+  std::uint64_t device = 0, number = 0;
+  bool operator==(const Identity&) const = default;
+};
+
+// Of an open file (path "") or of what a path means. The times of the file are not asked for: Linux
+// counts them finer once somebody has looked, and then every sync writes them as well.
+std::optional<Identity> identify(int descriptor, const char* path) {
+#ifdef __linux__
+  struct statx status = {};
+  if (::statx(descriptor, path, *path == '\0' ? AT_EMPTY_PATH : 0, STATX_INO, &status) != 0)
+    return std::nullopt;
+  return Identity{std::uint64_t{status.stx_dev_major} << 32 | status.stx_dev_minor, status.stx_ino};
+#else
+  struct stat status = {};
+  if ((*path == '\0' ? ::fstat(descriptor, &status) : ::stat(path, &status)) != 0)
+    return std::nullopt;
+  return Identity{static_cast<std::uint64_t>(status.st_dev), status.st_ino};
+#endif
+}
+
 // False when the name has come to mean another file since it was opened.
 bool stillNamed(int descriptor, const std::string& path) {
-  struct stat opened = {};
-  struct stat named = {};
-  return ::fstat(descriptor, &opened) == 0 && ::stat(path.c_str(), &named) == 0 &&
-         opened.st_dev == named.st_dev && opened.st_ino == named.st_ino;
+  const auto opened = identify(descriptor, "");
+  const auto named = identify(AT_FDCWD, path.c_str());
+  return opened && named && *opened == *named;
 }
 
 // The same for a file that is open for long: some network file systems number their files anew in
 // the meantime. A file of the same size and time is taken for the one that was opened.
 bool stillFound(int descriptor, const std::string& path) {
+  if (stillNamed(descriptor, path)) return true;
   struct stat opened = {};
   struct stat named = {};
   if (::fstat(descriptor, &opened) != 0 || ::stat(path.c_str(), &named) != 0) return false;
-  if (opened.st_dev == named.st_dev && opened.st_ino == named.st_ino) return true;
   if (opened.st_nlink == 0) return false;  // another one lies in its place, however alike
   return opened.st_size == named.st_size && opened.st_mtim.tv_sec == named.st_mtim.tv_sec &&
          opened.st_mtim.tv_nsec == named.st_mtim.tv_nsec;
@@ -124,10 +145,11 @@ class DiskFile final : public File {
     return !path_.starts_with('/') || stillFound(descriptor_.get(), path_);
   }
 
+  // Without a look at the times, see identify(). Nobody reads or writes at the file's position.
   Result<std::uint64_t> size() const override {
-    struct stat status = {};
-    if (::fstat(descriptor_.get(), &status) != 0) return systemFailure(errno, path_);
-    return static_cast<std::uint64_t>(status.st_size);
+    const off_t end = ::lseek(descriptor_.get(), 0, SEEK_END);
+    if (end < 0) return systemFailure(errno, path_);
+    return static_cast<std::uint64_t>(end);
   }
 
   Result<void> readAt(std::uint64_t offset, std::span<std::uint8_t> target) const override {
