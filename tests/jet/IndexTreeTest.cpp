@@ -1,13 +1,11 @@
 #include "jet/IndexTree.h"
 
-#include <gtest/gtest.h>
-
 #include <random>
 #include <set>
 
-#include "jet/Creator.h"
+#include "OneIndexFile.h"
+#include "jet/Database.h"
 #include "jet/UsageMap.h"
-#include "support/MemoryFileSystem.h"
 
 namespace {
 
@@ -15,8 +13,6 @@ using base::Bytes;
 using jet::IndexEntry;
 using jet::IndexPage;
 using jet::IndexTree;
-
-constexpr char kPath[] = "/tree.kwd";
 
 IndexEntry entryOf(const std::string& key, std::uint32_t row) {
   return IndexEntry::of(base::asBytes(key), {row / 200, static_cast<std::uint8_t>(row % 200)});
@@ -57,17 +53,8 @@ TEST(IndexPage, ComesBackAsItWasWritten) {
 }
 
 // The one index of a table of a new file, filled by hand: the rows do not matter to the tree.
-class IndexTrees : public testing::Test {
+class IndexTrees : public OneIndexFile {
  protected:
-  void SetUp() override {
-    jet::NewTable table{"T", {{"N", jet::ColumnType::Long}}, {{"N", {{"N", true}}}}, {}};
-    disk_.put(kPath, *jet::createDatabase({table}));
-    pager_ = std::move(*jet::Pager::open(disk_, kPath, {}));
-    ASSERT_TRUE(pager_->begin());
-    for (std::uint32_t page = 6; page < pager_->pageCount(); ++page)
-      if ((**pager_->page(page))[0] == 2) def_ = *jet::TableDef::read(*pager_, page);
-    ASSERT_EQ(def_.indexes.size(), 1u);
-  }
   IndexTree tree() { return IndexTree(*pager_, def_.page, def_.indexes[0]); }
   // The tree is whole, holds the model, and its list of pages names its pages.
   void expect(const std::set<Bytes>& model) {
@@ -80,10 +67,6 @@ class IndexTrees : public testing::Test {
     std::sort(pages.begin(), pages.end());
     EXPECT_EQ(*jet::UsageMap(*pager_, def_.indexes[0].pages).pages(), pages);
   }
-
-  support::MemoryFileSystem disk_;
-  std::unique_ptr<jet::Pager> pager_;
-  jet::TableDef def_;
 };
 
 TEST_F(IndexTrees, GrowAndShrinkThroughManyLevels) {

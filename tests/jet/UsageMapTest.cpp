@@ -1,33 +1,22 @@
 #include "jet/UsageMapEditor.h"
 
-#include <gtest/gtest.h>
-
 #include <random>
 #include <set>
 
-#include "jet/Creator.h"
+#include "OneIndexFile.h"
 #include "jet/PageAllocator.h"
-#include "jet/TableDef.h"
-#include "support/MemoryFileSystem.h"
 
 namespace {
 
 using jet::UsageMap;
 using jet::UsageMapEditor;
 
-constexpr char kPath[] = "/maps.kwd";
-
 // The list of pages of an index of a new file, and that of the free pages.
-class UsageMaps : public testing::Test {
+class UsageMaps : public OneIndexFile {
  protected:
   void SetUp() override {
-    jet::NewTable table{"T", {{"N", jet::ColumnType::Long}}, {{"N", {{"N", true}}}}, {}};
-    disk_.put(kPath, *jet::createDatabase({table}));
-    pager_ = std::move(*jet::Pager::open(disk_, kPath, {}));
-    ASSERT_TRUE(pager_->begin());
-    for (std::uint32_t page = 6; page < pager_->pageCount(); ++page)
-      if ((**pager_->page(page))[0] == 2)
-        map_ = jet::TableDef::read(*pager_, page)->indexes[0].pages;
+    OneIndexFile::SetUp();
+    map_ = def_.indexes[0].pages;
   }
   UsageMapEditor editor() {
     return UsageMapEditor(*pager_, map_, UsageMapEditor::Beyond::Absent,
@@ -43,8 +32,6 @@ class UsageMaps : public testing::Test {
   }
   jet::format::UsageMapForm form() { return jet::UsageMapRow::read(*pager_, map_)->form(); }
 
-  support::MemoryFileSystem disk_;
-  std::unique_ptr<jet::Pager> pager_;
   jet::RowPointer map_;
 };
 
