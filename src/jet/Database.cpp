@@ -177,11 +177,6 @@ Result<void> Database::begin() {
   return state_->pager->begin();
 }
 Result<void> Database::commit() {
-  if (!state_->pager->isStillNamed()) {
-    rollback();
-    return base::fail(base::ErrorCode::ChangedOnDisk,
-                      "sie wurde umbenannt, verschoben, ersetzt oder gelöscht", path());
-  }
   auto done = state_->pager->commit();
   if (!done) state_->forgetRebuilt();
   state_->rebuilt.clear();

@@ -255,7 +255,13 @@ PageImages Pager::originalImages() const {
   return images;
 }
 
-Result<void> Pager::checkSizeOnDisk() const {
+// Is it still the file that was opened, under its name and as long as we left it?
+Result<void> Pager::checkFileOnDisk() const {
+  if (!file_->isStillNamed()) {
+    Failure lost = base::fail(ErrorCode::ChangedOnDisk,
+                              "sie wurde umbenannt, verschoben, ersetzt oder gelöscht");
+    return located(lost.value());
+  }
   auto size = file_->size();
   if (!size) return located(size.error());
   if (*size == std::uint64_t{storedPageCount_} * version().pageSize) return {};
@@ -273,7 +279,7 @@ Result<void> Pager::commit() {
     rollback();
     return {};
   }
-  if (auto unchanged = checkSizeOnDisk(); !unchanged) {
+  if (auto unchanged = checkFileOnDisk(); !unchanged) {
     rollback();
     return unchanged;
   }

@@ -50,7 +50,6 @@ class Pager {
   const format::Version& version() const { return *header_.version; }
   const std::optional<base::Error>& readOnlyReason() const { return readOnlyReason_; }
   std::uint32_t pageCount() const { return pageCount_; }
-  bool isStillNamed() const { return file_->isStillNamed(); }
 
   // Truncated for a page beyond the file's end.
   base::Result<PageRef> page(std::uint32_t number) const;
@@ -103,7 +102,7 @@ class Pager {
   base::Result<void> measure();
   void decode(std::uint32_t number, std::span<std::uint8_t> bytes) const;
   base::Result<PageRef> readFromDisk(std::uint32_t number) const;
-  base::Result<void> checkSizeOnDisk() const;
+  base::Result<void> checkFileOnDisk() const;
   PageImages changedImages() const;
   PageImages originalImages() const;
 
