@@ -91,7 +91,7 @@ base::Result<void> makeDataFolder(base::FileSystem& files, const std::string& fo
   return files.makeFolder(folder);
 }
 
-base::Result<void> settleFolders(yearbook::PathState& paths, base::FileSystem& files,
+base::Result<void> settleFolders(base::PathState& paths, base::FileSystem& files,
                                  const SystemFacts& facts) {
   paths.ProgramFolder = base::withSeparator(facts.programFolder);
   paths.DataFolder = defaultDataFolder(facts);
@@ -112,11 +112,11 @@ base::Result<void> settleFolders(yearbook::PathState& paths, base::FileSystem& f
   return settled;
 }
 
-base::Result<void> changeBaseFolder(yearbook::PathState& paths, base::FileSystem& files,
+base::Result<void> changeBaseFolder(base::PathState& paths, base::FileSystem& files,
                                     const SystemFacts& facts, const std::string& baseFolder) {
   const std::string pathFile = paths.DataFolder + std::string(kPathFile);
   const auto oldContent = files.readText(pathFile);
-  yearbook::PathState changed = paths;
+  base::PathState changed = paths;
   changed.UserBaseFolder = base::withSeparator(baseFolder);
   changed.DataFolder = dataFolderBelow(changed.UserBaseFolder);
   auto stored = files.replaceFile(pathFile, base::asBytes(pathFileContent(changed.UserBaseFolder)));
@@ -153,8 +153,7 @@ std::string plainVersion(std::string_view version) {
   }
 }
 
-void selectYear(yearbook::PathState& paths, const base::FileSystem& files,
-                const std::string& name) {
+void selectYear(base::PathState& paths, const base::FileSystem& files, const std::string& name) {
   paths.YearDatabasePath = paths.DataFolder + name;
   // An empty name would be the folder itself, which is no file.
   const auto found = files.info(paths.YearDatabasePath);

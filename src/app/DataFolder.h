@@ -5,8 +5,8 @@
 #include <string_view>
 
 #include "base/File.h"
+#include "base/PathState.h"
 #include "base/Paths.h"
-#include "yearbook/PathState.h"
 
 // Where the year databases lie: beside the program on a removable drive, else in the home folder,
 // or where the path file says.
@@ -59,13 +59,13 @@ base::Result<void> makeDataFolder(base::FileSystem& files, const std::string& fo
 // Start-up: ProgramFolder, DataFolder and UserBaseFolder; the data folder is made if it is missing
 // and becomes the current one. The paths are settled even when that fails; the error names the
 // folder.
-base::Result<void> settleFolders(yearbook::PathState& paths, base::FileSystem& files,
+base::Result<void> settleFolders(base::PathState& paths, base::FileSystem& files,
                                  const SystemFacts& facts);
 
 // Another base folder from now on: writes the path file into the data folder still in force, then
 // moves over. A folder that cannot be used leaves paths and path file as they were; a path file
 // that could not be written is an error although the paths have changed, until the program ends.
-base::Result<void> changeBaseFolder(yearbook::PathState& paths, base::FileSystem& files,
+base::Result<void> changeBaseFolder(base::PathState& paths, base::FileSystem& files,
                                     const SystemFacts& facts, const std::string& baseFolder);
 
 // Deletes the path file of the default data folder. False when there is none.
@@ -75,6 +75,6 @@ base::Result<bool> resetBaseFolder(base::FileSystem& files, const SystemFacts& f
 std::string plainVersion(std::string_view version);
 
 // Selects a year: YearDatabasePath, and YearDatabaseName as the file system reports it.
-void selectYear(yearbook::PathState& paths, const base::FileSystem& files, const std::string& name);
+void selectYear(base::PathState& paths, const base::FileSystem& files, const std::string& name);
 
 }  // namespace app

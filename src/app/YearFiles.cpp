@@ -66,7 +66,7 @@ std::string allowedYearName(std::string_view typed) {
   return kept;
 }
 
-base::Result<void> createYear(base::FileSystem& files, const yearbook::PathState& paths,
+base::Result<void> createYear(base::FileSystem& files, const base::PathState& paths,
                               const std::string& target) {
   const std::string source = paths.ProgramFolder + std::string(kTemplate);
   if (auto copied = files.copyFile(source, target); !copied) return copied;
@@ -74,7 +74,7 @@ base::Result<void> createYear(base::FileSystem& files, const yearbook::PathState
 }
 
 base::Result<void> CreateDefaultYearDatabase(base::FileSystem& files,
-                                             const yearbook::PathState& paths) {
+                                             const base::PathState& paths) {
   const std::string source = paths.ProgramFolder + std::string(kTemplate);
   if (const auto found = files.info(source); found && !found->writable)
     base::ignore(files.makeWritable(source), "a program folder may be write-protected for good");

@@ -6,7 +6,7 @@
 #include <vector>
 
 #include "base/File.h"
-#include "yearbook/PathState.h"
+#include "base/PathState.h"
 
 // The files of the data folder: year databases ("*.kwd") and the side files ("*.dat") that are
 // named after them. Patterns match in any letter case; prefixes are compared exactly.
@@ -31,11 +31,10 @@ std::vector<std::string> filesWithExtension(const base::FileSystem& files,
 std::string allowedYearName(std::string_view typed);
 
 // A copy of the template, verified. An existing target is replaced, whole or not at all.
-base::Result<void> createYear(base::FileSystem& files, const yearbook::PathState& paths,
+base::Result<void> createYear(base::FileSystem& files, const base::PathState& paths,
                               const std::string& target);
 // "Verbrauch.kwd" from the template, if there is none yet.
-base::Result<void> CreateDefaultYearDatabase(base::FileSystem& files,
-                                             const yearbook::PathState& paths);
+base::Result<void> CreateDefaultYearDatabase(base::FileSystem& files, const base::PathState& paths);
 
 // The year database, a journal that waits beside it, and every "*.dat" file whose name begins with
 // the year's base name. Names of up to four characters have no side files. A year that is open is

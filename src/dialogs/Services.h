@@ -2,7 +2,7 @@
 
 #include "base/File.h"
 #include "base/GermanDate.h"
-#include "yearbook/PathState.h"
+#include "base/PathState.h"
 
 namespace dialogs {
 
@@ -12,7 +12,7 @@ class Shell;
 
 // What windows need from the rest of the program; made in main, handed down by reference.
 struct Services {
-  yearbook::PathState& paths;
+  base::PathState& paths;
   base::FileSystem& files;
   const base::Clock& clock;
   Prompts& prompts;

@@ -84,7 +84,7 @@ class SettledFolders : public testing::Test {
   support::TemporaryFolder home;
   std::unique_ptr<base::FileSystem> files = base::makeDiskFileSystem();
   SystemFacts facts;
-  yearbook::PathState paths;
+  base::PathState paths;
   const std::string defaultFolder = home / "Larvando/Verbrauchserfassung/";
 };
 
@@ -104,7 +104,7 @@ TEST_F(SettledFolders, ChangedFolderIsFoundAtTheNextStartAndReset) {
   EXPECT_EQ(paths.DataFolder, home / "Daten/Verbrauchserfassung/");
   EXPECT_TRUE(files->folderExists(paths.DataFolder));
 
-  yearbook::PathState next;
+  base::PathState next;
   ASSERT_TRUE(app::settleFolders(next, *files, facts));
   EXPECT_EQ(next.DataFolder, paths.DataFolder);
   EXPECT_EQ(next.UserBaseFolder, home / "Daten/");

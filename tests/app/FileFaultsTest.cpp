@@ -26,8 +26,8 @@ const Contents kBefore = {
     {"/daten/Haus_Gas.dat", bytes("Gas heute")}, {"/daten/Garten.kwd", bytes("Garten")},
     {"/stick/Haus.kwd", bytes("gesichert")},     {"/stick/Haus_Gas.dat", bytes("Gas gesichert")}};
 
-yearbook::PathState programPaths() {
-  yearbook::PathState paths;
+base::PathState programPaths() {
+  base::PathState paths;
   paths.ProgramFolder = "/programm/";
   paths.DataFolder = "/daten/";
   return paths;

@@ -28,7 +28,7 @@ class YearFilesTest : public testing::Test {
 
   support::TemporaryFolder programs, data, stick;
   std::unique_ptr<base::FileSystem> files = base::makeDiskFileSystem();
-  yearbook::PathState paths;
+  base::PathState paths;
 };
 
 TEST_F(YearFilesTest, DefaultYearComesFromTheTemplateOnlyWhenItIsMissing) {

@@ -9,8 +9,8 @@
 #include "base/Paths.h"
 #include "dialogs/QtPrompts.h"
 #include "dialogs/SystemShell.h"
+#include "mainwindow/frmVerbrauch.h"
 #include "widgets/Pictures.h"
-#include "yearbook/ui/frmVerbrauch.h"
 
 using namespace Qt::Literals::StringLiterals;
 
@@ -19,7 +19,7 @@ namespace app {
 struct Program::Parts {
   CommandLine line;
   SystemFacts facts;
-  yearbook::PathState paths;
+  base::PathState paths;
   std::unique_ptr<base::FileSystem> files = base::makeDiskFileSystem();
   base::SystemClock clock;
   dialogs::QtPrompts prompts;

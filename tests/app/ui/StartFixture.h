@@ -49,7 +49,7 @@ class StartFixture : public testing::Test {
   support::TemporaryFolder program, home;
   std::unique_ptr<base::FileSystem> files = base::makeDiskFileSystem();
   app::SystemFacts facts;
-  yearbook::PathState paths;
+  base::PathState paths;
   base::FixedClock clock{base::Date{std::chrono::year{2024} / 3 / 1}};
   FakePrompts prompts;
   FakeShell shell;

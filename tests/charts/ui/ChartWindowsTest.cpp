@@ -65,7 +65,7 @@ class ChartWindows : public testing::Test {
   }
 
   support::MemoryFileSystem files_;
-  yearbook::PathState paths_;
+  base::PathState paths_;
   base::FixedClock clock_{std::chrono::year(2026) / 1 / 1};
   FakePrompts prompts_;
   FakeShell shell_;

@@ -60,7 +60,7 @@ class OpenYear : public testing::Test {
       base::Date{std::chrono::year(2025), std::chrono::month(9), std::chrono::day(3)}};
   support::MemoryFileSystem disk;
   support::FailingFileSystem files{disk};
-  yearbook::PathState paths;
+  base::PathState paths;
   FakePrompts prompts;
   FakeShell shell;
   FakeNavigator navigator;

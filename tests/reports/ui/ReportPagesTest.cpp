@@ -30,7 +30,7 @@ class ReportPages : public testing::Test {
   }
 
   support::TemporaryFolder folder_;
-  yearbook::PathState paths_;
+  base::PathState paths_;
   std::unique_ptr<base::FileSystem> files_ = base::makeDiskFileSystem();
   base::FixedClock clock_{std::chrono::year(2026) / 11 / 14};
   FakePrompts prompts_;

@@ -1,5 +1,6 @@
 #include "charts/ui/frmDiagrVergleich.h"
 #include "charts/ui/frmDiagramm.h"
+#include "mainwindow/frmVerbrauch.h"
 #include "projection/ui/frmHochrechnung.h"
 #include "readings/ui/frmEingabeVerbrauch.h"
 #include "readings/ui/frmEingabeVerbrauchAbW.h"
@@ -15,7 +16,6 @@
 #include "readings/ui/frmPreisJeKubikW.h"
 #include "readings/ui/frmPreisJeKws.h"
 #include "readings/ui/frmPreisJeKwsN.h"
-#include "yearbook/ui/frmVerbrauch.h"
 
 // The windows that are opened from the main window, and what follows when they close.
 

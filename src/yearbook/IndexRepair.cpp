@@ -1,8 +1,6 @@
-#include "yearbook/ui/IndexRepair.h"
+#include "yearbook/IndexRepair.h"
 
 #include <algorithm>
-
-using namespace Qt::Literals::StringLiterals;
 
 namespace yearbook {
 
@@ -15,16 +13,15 @@ std::vector<std::string> tablesWithDamagedIndex(const jet::Database& database) {
   return tables;
 }
 
-QString damagedIndexNotice(const std::vector<std::string>& tables) {
-  QString names;
-  for (const std::string& table : tables)
-    names += (names.isEmpty() ? QString() : u", "_s) + QString::fromStdString(table);
-  return u"Die Zeilen dieses Jahres sind in Ordnung, ein Index ist es nicht (Tabelle "_s + names +
-         u")."_s;
+std::string damagedIndexNotice(const std::vector<std::string>& tables) {
+  std::string names;
+  for (const std::string& table : tables) names += (names.empty() ? "" : ", ") + table;
+  return "Die Zeilen dieses Jahres sind in Ordnung, ein Index ist es nicht (Tabelle " + names +
+         ").";
 }
 
-QString indexRepairQuestion(const std::vector<std::string>& tables) {
-  return damagedIndexNotice(tables) + u"\nSoll der Index aus den Zeilen neu aufgebaut werden?"_s;
+std::string indexRepairQuestion(const std::vector<std::string>& tables) {
+  return damagedIndexNotice(tables) + "\nSoll der Index aus den Zeilen neu aufgebaut werden?";
 }
 
 base::Result<void> rebuildIndexes(YearSession& session, const std::vector<std::string>& tables) {

@@ -2,7 +2,7 @@
 
 #include <string>
 
-namespace yearbook {
+namespace base {
 
 // The paths that every window works with; one instance, made at start-up and handed down.
 // Folders end with the system's path separator. UTF-8.
@@ -14,4 +14,4 @@ struct PathState {
   std::string YearDatabaseName;  // its bare name as the file system reports it, empty if missing
 };
 
-}  // namespace yearbook
+}  // namespace base

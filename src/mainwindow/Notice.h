@@ -2,7 +2,7 @@
 
 #include <QLabel>
 
-namespace yearbook {
+namespace mainwindow {
 
 // A quiet line above the pages; hidden while there is nothing to say.
 class Notice final : public QLabel {
@@ -18,4 +18,4 @@ class Notice final : public QLabel {
   void paintEvent(QPaintEvent* event) override;
 };
 
-}  // namespace yearbook
+}  // namespace mainwindow

@@ -8,12 +8,12 @@
 #include <QTimer>
 
 #include "SampleYear.h"
+#include "mainwindow/frmVerbrauch.h"
 #include "support/EmptyYear.h"
 #include "support/FailingFileSystem.h"
 #include "support/MemoryFileSystem.h"
 #include "support/ui/FakeNavigator.h"
 #include "support/ui/FakePrompts.h"
-#include "yearbook/ui/frmVerbrauch.h"
 
 // The main window on a year of the sample household or on an empty one, shown and settled.
 class MainWindowFixture : public testing::Test {
@@ -84,7 +84,7 @@ class MainWindowFixture : public testing::Test {
   support::FailingFileSystem files{disk};
   base::FixedClock clock{
       base::Date{std::chrono::year(2025), std::chrono::month(11), std::chrono::day(14)}};
-  yearbook::PathState paths;
+  base::PathState paths;
   FakePrompts prompts;
   FakeShell shell;
   FakeNavigator navigator;

@@ -1,8 +1,8 @@
-#include "yearbook/ui/Notice.h"
+#include "mainwindow/Notice.h"
 
 #include <QPainter>
 
-namespace yearbook {
+namespace mainwindow {
 
 Notice::Notice(QWidget* parent) : QLabel(parent) {
   setObjectName(QStringLiteral("lblHinweis"));
@@ -30,4 +30,4 @@ void Notice::paintEvent(QPaintEvent* event) {
   QLabel::paintEvent(event);
 }
 
-}  // namespace yearbook
+}  // namespace mainwindow

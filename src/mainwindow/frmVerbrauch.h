@@ -8,11 +8,11 @@
 #include <memory>
 
 #include "dialogs/Services.h"
+#include "mainwindow/Notice.h"
 #include "reports/ui/DetailPage.h"
 #include "reports/ui/OverviewPage.h"
 #include "yearbook/ui/ElectricityPage.h"
 #include "yearbook/ui/GasPage.h"
-#include "yearbook/ui/Notice.h"
 #include "yearbook/ui/RemarksPage.h"
 #include "yearbook/ui/WaterPage.h"
 
@@ -36,7 +36,7 @@ class frmVerbrauch final : public QMainWindow {
 
   yearbook::YearSession& session() { return *session_; }
 
-  yearbook::Notice* const lblHinweis = new yearbook::Notice(this);
+  mainwindow::Notice* const lblHinweis = new mainwindow::Notice(this);
   QTabWidget* const TabStrip = widgets::control<QTabWidget>(this, "TabStrip");
   yearbook::ElectricityPage* const Frame1 = new yearbook::ElectricityPage(TabStrip, *editor_);
   yearbook::WaterPage* const Frame2 = new yearbook::WaterPage(TabStrip, *editor_);

@@ -3,8 +3,8 @@
 #include "dialogs/Navigator.h"
 #include "dialogs/Prompts.h"
 #include "dialogs/Shell.h"
+#include "mainwindow/frmVerbrauch.h"
 #include "widgets/Pictures.h"
-#include "yearbook/ui/frmVerbrauch.h"
 
 // Menus, toolbar and what they set going.
 

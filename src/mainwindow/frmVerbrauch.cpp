@@ -1,4 +1,4 @@
-#include "yearbook/ui/frmVerbrauch.h"
+#include "mainwindow/frmVerbrauch.h"
 
 #include <QCloseEvent>
 #include <QMenuBar>
@@ -13,8 +13,8 @@
 #include "dialogs/Navigator.h"
 #include "dialogs/Prompts.h"
 #include "reports/YearReport.h"
+#include "yearbook/IndexRepair.h"
 #include "yearbook/StartMonthShift.h"
-#include "yearbook/ui/IndexRepair.h"
 
 using namespace Qt::Literals::StringLiterals;
 using yearbook::Utility;
@@ -120,12 +120,13 @@ void frmVerbrauch::offerIndexRepair() {
   const auto tables = yearbook::tablesWithDamagedIndex(session_->database());
   if (tables.empty() || indexRepairDeclined_) return;
   if (session_->readOnlyReason()) {
-    lblHinweis->add(yearbook::damagedIndexNotice(tables));
+    lblHinweis->add(QString::fromStdString(yearbook::damagedIndexNotice(tables)));
     indexRepairDeclined_ = true;
     return;
   }
-  indexRepairDeclined_ = !services_.prompts.confirm(this, yearbook::indexRepairQuestion(tables),
-                                                    u"Index wiederherstellen"_s);
+  indexRepairDeclined_ = !services_.prompts.confirm(
+      this, QString::fromStdString(yearbook::indexRepairQuestion(tables)),
+      u"Index wiederherstellen"_s);
   if (!indexRepairDeclined_)
     editor_->run([&] { return yearbook::rebuildIndexes(*session_, tables); });
 }
