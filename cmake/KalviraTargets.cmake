@@ -1,28 +1,62 @@
 # The layers as libraries. Sources are globbed with CONFIGURE_DEPENDS: a layer is all files of its
 # folder, and a file that is forgotten in a list cannot exist.
 
+# kalvira_headers(TARGET header...): lets whoever links TARGET include these headers, spelled from
+# src/ on ("base/Money.h"). The whole of src/ is on nobody's path: TARGET has a folder of its own in the
+# build folder, with a header that includes the real one for each of these and no other. So an include
+# of a layer that is not linked does not compile, and messages and tools name the real files.
+function(kalvira_headers target)
+  set(root ${CMAKE_BINARY_DIR}/include/${target})
+  file(GLOB_RECURSE outdated ${root}/*.h)
+  foreach(header ${ARGN})
+    file(RELATIVE_PATH spelled ${CMAKE_CURRENT_SOURCE_DIR} ${header})
+    file(CONFIGURE OUTPUT ${root}/${spelled} CONTENT "#include \"@header@\"\n" @ONLY)
+    list(REMOVE_ITEM outdated ${root}/${spelled})
+  endforeach()
+  if(outdated)
+    file(REMOVE ${outdated})
+  endif()
+  get_target_property(type ${target} TYPE)
+  set(scope PUBLIC)
+  if(type STREQUAL INTERFACE_LIBRARY)
+    set(scope INTERFACE)
+  endif()
+  target_include_directories(${target} ${scope} $<BUILD_INTERFACE:${root}>)
+endfunction()
+
 # kalvira_library(NAME DEPENDS lib...): pure C++, never links Qt, so a Qt include does not compile.
+# Headers in the folder itself are for everyone who links NAME; those in its subfolders are its own:
+# only NAME_internals, for its tests and tools, lets others include them.
 function(kalvira_library name)
   cmake_parse_arguments(ARG "" "" "DEPENDS" ${ARGN})
-  file(GLOB_RECURSE sources CONFIGURE_DEPENDS ${CMAKE_CURRENT_SOURCE_DIR}/${name}/*.cpp
-       ${CMAKE_CURRENT_SOURCE_DIR}/${name}/*.h)
+  set(folder ${CMAKE_CURRENT_SOURCE_DIR}/${name})
+  file(GLOB headers CONFIGURE_DEPENDS ${folder}/*.h)
+  file(GLOB_RECURSE own_headers CONFIGURE_DEPENDS ${folder}/*.h)
+  file(GLOB_RECURSE sources CONFIGURE_DEPENDS ${folder}/*.cpp)
+  list(REMOVE_ITEM own_headers ${headers})
+  list(FILTER own_headers EXCLUDE REGEX "/${name}/ui/")
   list(FILTER sources EXCLUDE REGEX "/${name}/ui/")
-  add_library(${name} STATIC ${sources})
+  add_library(${name} STATIC ${sources} ${headers} ${own_headers})
   set_target_properties(${name} PROPERTIES LINKER_LANGUAGE CXX)
-  target_include_directories(${name} PUBLIC ${CMAKE_CURRENT_SOURCE_DIR})
+  kalvira_headers(${name} ${headers})
   target_link_libraries(${name} PUBLIC project_options ${ARG_DEPENDS})
+  if(own_headers)
+    add_library(${name}_internals INTERFACE)
+    kalvira_headers(${name}_internals ${own_headers})
+    target_link_libraries(${name} PRIVATE $<BUILD_INTERFACE:${name}_internals>)
+  endif()
 endfunction()
 
 # kalvira_ui_library(NAME FOLDER folder DEPENDS lib...): windows, Qt Widgets.
 function(kalvira_ui_library name)
   cmake_parse_arguments(ARG "" "FOLDER" "DEPENDS" ${ARGN})
-  file(GLOB sources CONFIGURE_DEPENDS ${CMAKE_CURRENT_SOURCE_DIR}/${ARG_FOLDER}/*.cpp
-       ${CMAKE_CURRENT_SOURCE_DIR}/${ARG_FOLDER}/*.h)
-  add_library(${name} STATIC ${sources})
+  file(GLOB headers CONFIGURE_DEPENDS ${CMAKE_CURRENT_SOURCE_DIR}/${ARG_FOLDER}/*.h)
+  file(GLOB sources CONFIGURE_DEPENDS ${CMAKE_CURRENT_SOURCE_DIR}/${ARG_FOLDER}/*.cpp)
+  add_library(${name} STATIC ${sources} ${headers})
   set_target_properties(${name} PROPERTIES LINKER_LANGUAGE CXX AUTOMOC ON)
   target_compile_definitions(${name} PUBLIC QT_NO_CAST_FROM_ASCII QT_NO_CAST_TO_ASCII
                              QT_NO_KEYWORDS)
-  target_include_directories(${name} PUBLIC ${CMAKE_CURRENT_SOURCE_DIR})
+  kalvira_headers(${name} ${headers})
   target_link_libraries(${name} PUBLIC project_options ${ARG_DEPENDS} Qt6::Widgets
                         Qt6::PrintSupport)
 endfunction()
