@@ -13,7 +13,7 @@ constexpr int kColumns = 6;
 constexpr int kLabelWidth = 1900;
 constexpr int kNarrowest = 1300;
 // Not navy: HTML pages show that in the colour of scroll bars.
-constexpr Color kHeadingBlue = rgb(0, 0, 112);
+constexpr CellColor kHeadingBlue = rgb(0, 0, 112);
 
 struct MeterTexts {
   const char* name;
@@ -50,7 +50,7 @@ Amounts amountsOf(Money net, std::optional<double> vatPercent) {
 
 class Builder {
  public:
-  Builder(const DetailInput& input, const TextMeasure& measure) : in_(input), measure_(measure) {
+  Builder(const DetailInput& input, const TextWidth& measure) : in_(input), measure_(measure) {
     for (int column = 1; column < kColumns; ++column) {
       grid_.column(column).format = "#,##0.00";
       grid_.column(column).alignment = Alignment::RightCenter;
@@ -166,7 +166,7 @@ class Builder {
   }
 
   const DetailInput& in_;
-  const TextMeasure& measure_;
+  const TextWidth& measure_;
   Grid grid_{2, kColumns};
   int row_ = 1;
 };
@@ -174,7 +174,7 @@ class Builder {
 }  // namespace
 
 Grid buildDetailTable(const DetailInput& input, const MeterChoice& ticked,
-                      const TextMeasure& measure) {
+                      const TextWidth& measure) {
   Builder builder(input, measure);
   for (std::size_t meter = 0; meter < kMeterCount; ++meter)
     if (ticked[meter]) builder.block(static_cast<Meter>(meter));

@@ -44,7 +44,7 @@ using MeterChoice = std::array<bool, kMeterCount>;
 
 // With nothing ticked the table has its two title rows only.
 Grid buildDetailTable(const DetailInput& input, const MeterChoice& ticked,
-                      const TextMeasure& measure = plainTextWidth);
+                      const TextWidth& measure = plainTextWidth);
 
 // "Verbrauchs-Abrechnung  14 November, 2026": what the print-outs are called.
 std::string documentName(base::Date today);

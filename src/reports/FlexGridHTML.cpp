@@ -13,7 +13,7 @@ namespace {
 
 constexpr std::string_view kLineEnd = "\r\n";
 
-std::string upperHex(Color color) {
+std::string upperHex(CellColor color) {
   std::array<char, 8> digits{};
   const auto end = std::to_chars(digits.data(), digits.data() + digits.size(), color, 16).ptr;
   std::string text(digits.data(), end);
@@ -180,7 +180,7 @@ class PageWriter {
   }
 
   int pixels(int twips) const { return static_cast<int>(twips * 1.3 / screen_.twipsPerPixelX); }
-  std::string color(Color value) const { return FlexGridHTML::colorToHtml(value, screen_); }
+  std::string color(CellColor value) const { return FlexGridHTML::colorToHtml(value, screen_); }
   void line(std::string_view text) { html_.append(text).append(kLineEnd); }
 
   const Grid& grid_;
@@ -197,8 +197,8 @@ std::string_view trimmed(std::string_view text) {
 
 }  // namespace
 
-Color plainSystemColor(int index) {
-  static constexpr std::array<Color, 25> kColors = {
+CellColor plainSystemColor(int index) {
+  static constexpr std::array<CellColor, 25> kColors = {
       0x767676, 0x000000, 0xD1B499, 0xDBCDBF, 0xF0F0F0, 0xFFFFFF, 0x646464, 0x000000, 0x000000,
       0x000000, 0xB4B4B4, 0xFCF7F4, 0xABABAB, 0xD77800, 0xFFFFFF, 0xF0F0F0, 0xA0A0A0, 0x6D6D6D,
       0x000000, 0x000000, 0xFFFFFF, 0x696969, 0xE3E3E3, 0x000000, 0xE1FFFF};
@@ -223,7 +223,7 @@ bool FlexGridHTML::write(const Grid& grid, const std::string& path, base::FileSy
   return file.has_value();
 }
 
-std::string FlexGridHTML::colorToHtml(Color color, const HtmlScreen& screen) {
+std::string FlexGridHTML::colorToHtml(CellColor color, const HtmlScreen& screen) {
   std::string hex = upperHex(color);
   // System colours are told by their first digit alone. A plain colour whose blue part is 80 to
   // 8F, such as navy (800000 in this byte order), is therefore looked up as well: pages have

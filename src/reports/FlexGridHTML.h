@@ -13,12 +13,12 @@ namespace reports {
 struct HtmlScreen {
   double twipsPerPixelX = 15;
   // 0x00BBGGRR of a system colour; an index that does not exist gives 0.
-  std::function<Color(int index)> systemColor;
+  std::function<CellColor(int index)> systemColor;
 };
 
 // The colours of a plain light desktop, for output without a screen. The scroll bar's grey is one
 // that can be read as text: headings are written in it.
-Color plainSystemColor(int index);
+CellColor plainSystemColor(int index);
 HtmlScreen plainScreen();
 
 // Writes any grid as one HTML page in the dialect that the exports have always had: windows-1252,
@@ -33,7 +33,7 @@ class FlexGridHTML {
                     const HtmlScreen& screen, base::Result<void>* written = nullptr);
 
   // The attribute value with its quotes: "#RRGGBB".
-  static std::string colorToHtml(Color color, const HtmlScreen& screen);
+  static std::string colorToHtml(CellColor color, const HtmlScreen& screen);
   static std::string escape(std::string_view text);
   // Digits, commas and at most one point. "-5" is no number here, "" is one.
   static bool isNumber(std::string_view text);

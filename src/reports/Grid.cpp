@@ -37,7 +37,7 @@ struct Shown {
 
 }  // namespace
 
-int plainTextWidth(std::string_view utf8, const Font& font) {
+int plainTextWidth(std::string_view utf8, const CellFont& font) {
   double thousandths = 0;
   for (const char32_t c : base::toUtf32(utf8))
     thousandths += c >= 32 && c < 127 ? kCharWidths[c - 32] : 600;
@@ -66,7 +66,7 @@ std::string Grid::text(int row, int column) const {
   return std::visit(Shown{this->column(column).format}, cell(row, column).value);
 }
 
-Font Grid::font(int row, int column) const {
+CellFont Grid::font(int row, int column) const {
   const Cell& c = cell(row, column);
   return {c.fontName.empty() ? fontName : c.fontName, c.pointSize > 0 ? c.pointSize : pointSize,
           c.bold, c.italic, c.underline};
@@ -93,7 +93,7 @@ CellRange Grid::mergedRange(int row, int column) const {
   return {row, column, row, column};
 }
 
-void Grid::fitColumn(int column, const TextMeasure& measure) {
+void Grid::fitColumn(int column, const TextWidth& measure) {
   int widest = 0;
   for (int r = 0; r < rows(); ++r) {
     if (mergedRange(r, column) != CellRange{r, column, r, column}) continue;

@@ -17,11 +17,11 @@ namespace reports {
 inline constexpr int kTwipsPerInch = 1440;
 
 // 0x00BBGGRR, or 0x80000000 + the index of a system colour. 0 in a cell means "none of its own".
-using Color = std::uint32_t;
-constexpr Color rgb(unsigned red, unsigned green, unsigned blue) {
+using CellColor = std::uint32_t;
+constexpr CellColor rgb(unsigned red, unsigned green, unsigned blue) {
   return red | green << 8 | blue << 16;
 }
-constexpr Color systemColor(unsigned index) {
+constexpr CellColor systemColor(unsigned index) {
   return 0x80000000U | index;
 }
 
@@ -41,7 +41,7 @@ enum class Alignment {
 
 enum class DataType { Text, Number, Currency, Date, Boolean };
 
-struct Font {
+struct CellFont {
   std::string name;
   double pointSize = 9;
   bool bold = false;
@@ -56,10 +56,10 @@ struct Cell {
   bool bold = false;
   bool italic = false;
   bool underline = false;
-  Color back = 0;
-  Color fore = 0;
-  Color lineAbove = 0;  // colour of the border line, 0 = none
-  Color lineBelow = 0;
+  CellColor back = 0;
+  CellColor fore = 0;
+  CellColor lineAbove = 0;  // colour of the border line, 0 = none
+  CellColor lineBelow = 0;
   // Where the text stands on screen and paper, if not where the column says.
   std::optional<Alignment> placed;
 };
@@ -87,8 +87,8 @@ struct CellRange {
 
 // Width of a text in twips. Screen and printer measure with their fonts; plainTextWidth is the
 // same on every machine.
-using TextMeasure = std::function<int(std::string_view utf8, const Font&)>;
-int plainTextWidth(std::string_view utf8, const Font& font);
+using TextWidth = std::function<int(std::string_view utf8, const CellFont&)>;
+int plainTextWidth(std::string_view utf8, const CellFont& font);
 
 class Grid {
  public:
@@ -108,7 +108,7 @@ class Grid {
   // What is read in the cell: texts as they are, numbers in the column's format.
   std::string text(int row, int column) const;
   // The cell's font with the grid's name and size where it has none of its own.
-  Font font(int row, int column) const;
+  CellFont font(int row, int column) const;
   Alignment placement(int row, int column) const;
 
   // Merged ranges do not overlap; a cell outside of them is its own range.
@@ -119,16 +119,16 @@ class Grid {
   const std::vector<CellRange>& mergedRanges() const { return merged_; }
 
   // As wide as its widest text outside merged ranges asks for.
-  void fitColumn(int column, const TextMeasure& measure);
+  void fitColumn(int column, const TextWidth& measure);
   int totalWidth() const;  // all columns, hidden ones included
 
   std::string fontName = "Arial";
   double pointSize = 9;
-  Color backColor = rgb(255, 255, 255);
-  Color gridColor = rgb(192, 192, 192);
-  Color backColorFixed = systemColor(15);
-  Color foreColorFixed = systemColor(18);
-  Color gridColorFixed = systemColor(16);
+  CellColor backColor = rgb(255, 255, 255);
+  CellColor gridColor = rgb(192, 192, 192);
+  CellColor backColorFixed = systemColor(15);
+  CellColor foreColorFixed = systemColor(18);
+  CellColor gridColorFixed = systemColor(16);
   int fixedRows = 0;
   int fixedColumns = 0;
   int headRows = 0;      // printed again on every page

@@ -3,7 +3,7 @@
 namespace reports {
 namespace {
 
-void band(Grid& grid, int row, Color back, Color lines) {
+void band(Grid& grid, int row, CellColor back, CellColor lines) {
   for (int column = 0; column < grid.columns(); ++column) {
     Cell& cell = grid.cell(row, column);
     cell.back = back;

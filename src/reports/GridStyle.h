@@ -7,10 +7,10 @@
 // The looks that the overview and the detailed table share.
 namespace reports {
 
-inline constexpr Color kNavy = rgb(0, 0, 128);
-inline constexpr Color kBlue = rgb(0, 0, 255);
-inline constexpr Color kLightYellow = rgb(255, 255, 192);
-inline constexpr Color kLightGrey = rgb(224, 224, 224);
+inline constexpr CellColor kNavy = rgb(0, 0, 128);
+inline constexpr CellColor kBlue = rgb(0, 0, 255);
+inline constexpr CellColor kLightYellow = rgb(255, 255, 192);
+inline constexpr CellColor kLightGrey = rgb(224, 224, 224);
 
 // The text in every cell of the row, bold and centred, ready to be merged.
 void writeHeading(Grid& grid, int row, const std::string& text, double pointSize);

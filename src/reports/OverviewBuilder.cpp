@@ -60,7 +60,7 @@ void setElectricity(const OverviewInput& in, OverviewTotals& totals) {
 // Writes the rows from top to bottom; each step knows how far it is from the one before.
 class Builder {
  public:
-  Builder(const OverviewInput& input, const TextMeasure& measure)
+  Builder(const OverviewInput& input, const TextWidth& measure)
       : in_(input), totals_(overviewTotals(input)), measure_(measure) {}
 
   Grid build() {
@@ -221,7 +221,7 @@ class Builder {
 
   const OverviewInput& in_;
   const OverviewTotals totals_;
-  const TextMeasure& measure_;
+  const TextWidth& measure_;
   Grid grid_{32, 8};
   int row_ = 0;
 };
@@ -249,7 +249,7 @@ OverviewTotals overviewTotals(const OverviewInput& in) {
   return totals;
 }
 
-Grid buildOverview(const OverviewInput& input, const TextMeasure& measure) {
+Grid buildOverview(const OverviewInput& input, const TextWidth& measure) {
   return Builder(input, measure).build();
 }
 

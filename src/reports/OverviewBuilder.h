@@ -65,6 +65,6 @@ struct OverviewTotals {
 OverviewTotals overviewTotals(const OverviewInput& input);
 
 // The amount columns are sized to their contents with `measure`; the whole is 9400 twips wide.
-Grid buildOverview(const OverviewInput& input, const TextMeasure& measure = plainTextWidth);
+Grid buildOverview(const OverviewInput& input, const TextWidth& measure = plainTextWidth);
 
 }  // namespace reports

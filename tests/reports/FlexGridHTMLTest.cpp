@@ -192,12 +192,14 @@ TEST(FlexGridHTML, SubtotalsAreIndentedByTheirLevel) {
 }
 
 TEST(FlexGridHTML, ColoursAreTurnedRoundAndSystemColoursLookedUp) {
-  const reports::HtmlScreen screen{15, [](int index) -> reports::Color {
+  const reports::HtmlScreen screen{15, [](int index) -> reports::CellColor {
                                      if (index == 15) return 0x123456;
                                      if (index == 0) return 0xA;
                                      return 0;
                                    }};
-  const auto html = [&](reports::Color color) { return FlexGridHTML::colorToHtml(color, screen); };
+  const auto html = [&](reports::CellColor color) {
+    return FlexGridHTML::colorToHtml(color, screen);
+  };
   EXPECT_EQ(html(0x0000FF), "\"#FF0000\"");
   EXPECT_EQ(html(0xFF0000), "\"#0000FF\"");
   EXPECT_EQ(html(0xA), "\"#0A0000\"");

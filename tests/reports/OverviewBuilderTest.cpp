@@ -124,11 +124,11 @@ TEST(Overview, RateReadsAsEnteredAndShortNamesLeaveTheTitleOpen) {
 }
 
 TEST(Overview, IsLaidOutForItsWholeWidth) {
-  const reports::TextMeasure broad = [](std::string_view text, const reports::Font&) {
+  const reports::TextWidth broad = [](std::string_view text, const reports::CellFont&) {
     return static_cast<int>(text.size()) * 300;
   };
   for (const auto& [measure, spacers] :
-       {std::pair(reports::TextMeasure(reports::plainTextWidth), true), std::pair(broad, false)}) {
+       {std::pair(reports::TextWidth(reports::plainTextWidth), true), std::pair(broad, false)}) {
     const Grid grid = buildOverview(sample::overview2024(), measure);
     for (const int column : {0, 3, 6}) EXPECT_EQ(grid.column(column).width, 1900);
     EXPECT_EQ(grid.column(2).width, grid.column(5).width);

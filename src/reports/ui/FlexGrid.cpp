@@ -36,16 +36,16 @@ double inSteps(double zoom) {
 
 }  // namespace
 
-TextMeasure measureOn(const QPaintDevice& device) {
+TextWidth measureOn(const QPaintDevice& device) {
   const double twipsPerPixel = static_cast<double>(kTwipsPerInch) / device.logicalDpiX();
-  return [twipsPerPixel, &device](std::string_view utf8, const Font& font) {
+  return [twipsPerPixel, &device](std::string_view utf8, const CellFont& font) {
     const QFontMetricsF metrics(toQFont(font), &device);
     const QString text = QString::fromUtf8(utf8.data(), static_cast<qsizetype>(utf8.size()));
     return static_cast<int>(std::ceil(metrics.horizontalAdvance(text) * twipsPerPixel));
   };
 }
 
-QFont toQFont(const Font& font) {
+QFont toQFont(const CellFont& font) {
   QFont result(QString::fromStdString(font.name));
   result.setPointSizeF(font.pointSize);
   result.setBold(font.bold);

@@ -8,8 +8,8 @@
 namespace reports {
 
 // Widths of texts on a screen, in twips.
-TextMeasure measureOn(const QPaintDevice& device);
-QFont toQFont(const Font& font);
+TextWidth measureOn(const QPaintDevice& device);
+QFont toQFont(const CellFont& font);
 Qt::Alignment toQtAlignment(const Grid& grid, int row, int column);
 
 // Shows a Grid, read-only: merged titles, bands, border lines, colours (readable in dark palettes

@@ -12,7 +12,7 @@ namespace reports {
 namespace {
 
 #ifndef _WIN32
-Color fromQColor(const QColor& color) {
+CellColor fromQColor(const QColor& color) {
   return rgb(static_cast<unsigned>(color.red()), static_cast<unsigned>(color.green()),
              static_cast<unsigned>(color.blue()));
 }
@@ -60,7 +60,7 @@ QColor turned(const QColor& color, double saturation, double lowest, double high
 
 }  // namespace
 
-Color currentSystemColor(int index, const QPalette& palette) {
+CellColor currentSystemColor(int index, const QPalette& palette) {
 #ifdef _WIN32
   static_cast<void>(palette);
   return GetSysColor(index);
@@ -75,20 +75,20 @@ HtmlScreen screenOf(const QPaintDevice& device, const QPalette& palette) {
           [palette](int index) { return currentSystemColor(index, palette); }};
 }
 
-QColor paperColor(Color color, const QPalette& palette) {
+QColor paperColor(CellColor color, const QPalette& palette) {
   if (color & 0x80000000U) color = currentSystemColor(static_cast<int>(color & 0xFFFF), palette);
   return QColor(static_cast<int>(color & 0xFF), static_cast<int>(color >> 8 & 0xFF),
                 static_cast<int>(color >> 16 & 0xFF));
 }
 
-QColor screenBackground(Color color, const QPalette& palette) {
+QColor screenBackground(CellColor color, const QPalette& palette) {
   const QColor plain = paperColor(color, palette);
   if (!isDark(palette)) return plain;
   const double base = palette.color(QPalette::Base).lightnessF();
   return turned(plain, 0.4, base + 0.08, base + 0.2);
 }
 
-QColor screenForeground(Color color, const QPalette& palette) {
+QColor screenForeground(CellColor color, const QPalette& palette) {
   const QColor plain = paperColor(color, palette);
   return isDark(palette) ? turned(plain, 0.9, 0.72, 0.95) : plain;
 }

@@ -82,7 +82,7 @@ class PagePainter {
     return cells;
   }
 
-  void bandLine(const QPointF& from, const QPointF& to, Color color) {
+  void bandLine(const QPointF& from, const QPointF& to, CellColor color) {
     if (!color) return;
     painter_.setPen(QPen(paperColor(color, palette_), kBandLine));
     painter_.drawLine(from, to);
@@ -91,7 +91,7 @@ class PagePainter {
   void text(const QRectF& rect, int row, int column) {
     const QString text = QString::fromStdString(grid_.text(row, column));
     if (text.trimmed().isEmpty()) return;
-    const Font font = grid_.font(row, column);
+    const CellFont font = grid_.font(row, column);
     QFont shown = toQFont(font);
     shown.setPixelSize(qRound(font.pointSize * kTwipsPerPoint));
     const QRectF room = rect.adjusted(kTextInset, 0, -kTextInset, 0);
@@ -100,7 +100,7 @@ class PagePainter {
     if (needed > room.width())
       shown.setPixelSize(std::max(1, static_cast<int>(shown.pixelSize() * room.width() / needed)));
     painter_.setFont(shown);
-    const Color fore = grid_.cell(row, column).fore;
+    const CellColor fore = grid_.cell(row, column).fore;
     painter_.setPen(fore ? paperColor(fore, palette_) : QColor(Qt::black));
     painter_.drawText(
         room,

@@ -195,8 +195,8 @@ TEST(GridColors, TextStaysReadableInDarkPalettes) {
   QPalette dark;
   dark.setColor(QPalette::Base, QColor(30, 30, 32));
   dark.setColor(QPalette::Text, Qt::white);
-  const reports::Color backs[] = {reports::rgb(255, 255, 192), reports::rgb(224, 224, 224)};
-  for (const reports::Color back : backs) {
+  const reports::CellColor backs[] = {reports::rgb(255, 255, 192), reports::rgb(224, 224, 224)};
+  for (const reports::CellColor back : backs) {
     EXPECT_LT(reports::screenBackground(back, dark).lightness(), 100);
     EXPECT_GT(reports::screenBackground(back, dark).lightness(),
               dark.color(QPalette::Base).lightness());
