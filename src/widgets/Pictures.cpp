@@ -2,10 +2,16 @@
 
 #include <QApplication>
 #include <QFile>
+#include <QImageReader>
 #include <QLocale>
+#include <QPixmapCache>
 #include <QTranslator>
+#include <algorithm>
 #include <cmath>
 #include <initializer_list>
+
+#include "widgets/LateIcon.h"
+#include "widgets/ProgramStyle.h"
 
 using namespace Qt::Literals::StringLiterals;
 
@@ -25,16 +31,44 @@ QString picturePath(const QString& name, int width) {
   return u":/kalvira/%1-%2.png"_s.arg(name).arg(width);
 }
 
+// Told the format and not to look for others: Qt would load every picture plug-in to ask it first.
+QPixmap readPng(const QString& path) {
+  QImageReader reader(path, "png");
+  reader.setAutoDetectImageFormat(false);
+  return QPixmap::fromImageReader(&reader);
+}
+
+QPixmap keptPng(const QString& path) {
+  QPixmap picture;
+  if (QPixmapCache::find(path, &picture)) return picture;
+  picture = readPng(path);
+  QPixmapCache::insert(path, picture);
+  return picture;
+}
+
 }  // namespace
 
 QIcon icon(const QString& name) {
   loadResources();
-  QIcon result;
-  for (const int size : {16, 24, 32, 36, 48, 64, 72, 128, 256}) {
-    const QString path = picturePath(asFileName(name), size);
-    if (QFile::exists(path)) result.addFile(path, QSize(size, size));
+  // Window managers show no larger ones, and a window hands over all that it has.
+  constexpr int kLargestForWindows = 64;
+  const QString file = asFileName(name);
+  QList<int> widths;
+  QList<QSize> sizes;
+  for (const int width : {16, 24, 32, 36, 48, 64, 72, 128, 256}) {
+    if (!QFile::exists(picturePath(file, width))) continue;
+    widths.append(width);
+    if (width <= kLargestForWindows) sizes.append({width, width});
   }
-  return result;
+  if (widths.isEmpty()) return {};
+  return QIcon(new LateIcon(
+      [file, widths](const QSize& size) {
+        const int wanted = std::max(size.width(), size.height());
+        const auto fitting = std::lower_bound(widths.begin(), widths.end(), wanted);
+        return QIcon(
+            keptPng(picturePath(file, fitting == widths.end() ? widths.back() : *fitting)));
+      },
+      sizes));
 }
 
 QPixmap helpPicture(const QString& name, qreal scale) {
@@ -42,7 +76,7 @@ QPixmap helpPicture(const QString& name, qreal scale) {
   constexpr int kWidth = 720;
   for (const int width : {720, 1080, 1440, 2160}) {
     if (width < std::floor(kWidth * scale) && width != 2160) continue;
-    QPixmap picture(picturePath(name, width));
+    QPixmap picture = readPng(picturePath(name, width));
     picture.setDevicePixelRatio(qreal(width) / kWidth);
     return picture;
   }
@@ -51,6 +85,7 @@ QPixmap helpPicture(const QString& name, qreal scale) {
 
 void dressApplication(QApplication& application) {
   loadResources();
+  QApplication::setStyle(new ProgramStyle);
   QLocale::setDefault(QLocale(QLocale::German, QLocale::Germany));
   auto* german = new QTranslator(&application);
   if (german->load(u":/kalvira/qtbase_de.qm"_s)) QApplication::installTranslator(german);

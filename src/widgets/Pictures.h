@@ -18,7 +18,8 @@ QIcon icon(const QString& name);
 // scale; width in points is the same for every scale.
 QPixmap helpPicture(const QString& name, qreal scale);
 
-// German button texts in boxes and file dialogs, the program's name and icon. Call once, early.
+// German button texts in boxes and file dialogs, the program's name, icon and style. Call once,
+// before the first window.
 void dressApplication(QApplication& application);
 
 }  // namespace widgets
