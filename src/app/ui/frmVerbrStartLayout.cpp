@@ -89,11 +89,11 @@ void frmVerbrStart::buildLayout() {
   buildOptions();
   FilesWechsel->hide();
   Label1->setWordWrap(true);
+  // Set off by size alone: a bold face would be the second font file before the first window.
   QFont large = font();
   large.setPointSizeF(large.pointSizeF() * 1.15);
   filFiles->setFont(large);
   filFiles->setSpacing(3);
-  large.setBold(true);
   lblFilename->setFont(large);
   lblFilename->setTextFormat(Qt::PlainText);
   lblFilename->setWordWrap(true);
