@@ -10,7 +10,6 @@ namespace {
 using base::Money;
 
 constexpr int kColumns = 6;
-constexpr int kLabelWidth = 1900;
 constexpr int kNarrowest = 1300;
 // Not navy: HTML pages show that in the colour of scroll bars.
 constexpr CellColor kHeadingBlue = rgb(0, 0, 112);
@@ -86,10 +85,7 @@ class Builder {
 
   Grid finish() {
     grid_.column(0).width = kLabelWidth;
-    for (int column = 1; column < kColumns; ++column) {
-      grid_.fitColumn(column, measure_);
-      grid_.column(column).width = std::max(grid_.column(column).width, kNarrowest);
-    }
+    for (int column = 1; column < kColumns; ++column) grid_.fitColumn(column, measure_, kNarrowest);
     return std::move(grid_);
   }
 

@@ -93,13 +93,13 @@ CellRange Grid::mergedRange(int row, int column) const {
   return {row, column, row, column};
 }
 
-void Grid::fitColumn(int column, const TextWidth& measure) {
+void Grid::fitColumn(int column, const TextWidth& measure, int least) {
   int widest = 0;
   for (int r = 0; r < rows(); ++r) {
     if (mergedRange(r, column) != CellRange{r, column, r, column}) continue;
     widest = std::max(widest, measure(text(r, column), font(r, column)));
   }
-  this->column(column).width = widest + kCellPadding;
+  this->column(column).width = std::max(widest + kCellPadding, least);
 }
 
 int Grid::totalWidth() const {

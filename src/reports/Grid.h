@@ -118,8 +118,8 @@ class Grid {
   CellRange mergedRange(int row, int column) const;
   const std::vector<CellRange>& mergedRanges() const { return merged_; }
 
-  // As wide as its widest text outside merged ranges asks for.
-  void fitColumn(int column, const TextWidth& measure);
+  // As wide as its widest text outside merged ranges asks for, but no narrower than least.
+  void fitColumn(int column, const TextWidth& measure, int least = 0);
   int totalWidth() const;  // all columns, hidden ones included
 
   std::string fontName = "Arial";

@@ -12,6 +12,8 @@ inline constexpr CellColor kBlue = rgb(0, 0, 255);
 inline constexpr CellColor kLightYellow = rgb(255, 255, 192);
 inline constexpr CellColor kLightGrey = rgb(224, 224, 224);
 
+inline constexpr int kLabelWidth = 1900;  // of a column with captions
+
 // The text in every cell of the row, bold and centred, ready to be merged.
 void writeHeading(Grid& grid, int row, const std::string& text, double pointSize);
 // Light yellow between blue lines.

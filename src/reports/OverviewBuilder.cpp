@@ -13,7 +13,6 @@ using base::Money;
 using OptionalMoney = std::optional<Money>;
 
 constexpr int kTotalWidth = 9400;
-constexpr int kLabelWidth = 1900;
 constexpr std::array<int, 3> kLabelColumns = {0, 3, 6};
 constexpr std::array<int, 3> kAmountColumns = {1, 4, 7};
 constexpr std::array<int, 2> kSpacerColumns = {2, 5};
@@ -190,13 +189,10 @@ class Builder {
   }
 
   void widths() {
-    int sum = 0;
-    for (const int column : kLabelColumns) sum += grid_.column(column).width = kLabelWidth;
-    for (const int column : kAmountColumns) {
-      grid_.fitColumn(column, measure_);
-      sum += grid_.column(column).width;
-    }
-    const int spacer = static_cast<int>(std::nearbyint((kTotalWidth - sum) / 2.0));
+    for (const int column : kLabelColumns) grid_.column(column).width = kLabelWidth;
+    for (const int column : kAmountColumns) grid_.fitColumn(column, measure_);
+    for (const int column : kSpacerColumns) grid_.column(column).width = 0;
+    const int spacer = static_cast<int>(std::nearbyint((kTotalWidth - grid_.totalWidth()) / 2.0));
     for (const int column : kSpacerColumns) grid_.column(column).width = std::max(0, spacer);
   }
 
