@@ -1,20 +1,12 @@
-#include <gmock/gmock.h>
-
 #include <QAccessible>
 #include <QApplication>
 #include <QClipboard>
 #include <QFile>
 #include <QMimeData>
-#include <QTest>
 #include <QWheelEvent>
 
-#include "../SampleChart.h"
-#include "charts/ui/frmDiagrVergleich.h"
-#include "charts/ui/frmDiagramm.h"
-#include "support/MemoryFileSystem.h"
+#include "ChartWindows.h"
 #include "support/TemporaryFolder.h"
-#include "support/ui/FakeNavigator.h"
-#include "support/ui/FakePrompts.h"
 
 #ifdef _WIN32
 #include <windows.h>
@@ -23,62 +15,6 @@
 using namespace Qt::Literals::StringLiterals;
 
 namespace {
-
-class FakeYears final : public charts::ComparisonSource {
- public:
-  charts::YearData open(const std::string& path) override {
-    opened.push_back(path);
-    return year;
-  }
-  std::vector<std::string> opened;
-  charts::YearData year = sample::year2024();
-};
-
-class ChartWindows : public testing::Test {
- protected:
-  ChartWindows() {
-    paths_.DataFolder = "/daten/";
-    paths_.YearDatabaseName = "Verbrauch2025.kwd";
-    files_.put("/daten/leer", {});
-  }
-
-  std::unique_ptr<frmDiagramm> monthly(const char* mode = "strom") {
-    auto window = std::make_unique<frmDiagramm>(
-        services_, [this] { return ++reads_, year_; }, QString::fromLatin1(mode));
-    return window;
-  }
-  // Shown, with the first question answered.
-  std::unique_ptr<frmDiagrVergleich> comparison(const QString& firstAnswer) {
-    prompts_.answerPath(firstAnswer);
-    auto window = std::make_unique<frmDiagrVergleich>(
-        services_, [this] { return year_; }, years_);
-    window->show();
-    QTest::qWait(1);
-    return window;
-  }
-  std::string stored(const std::string& name) {
-    const base::Bytes bytes = files_.get("/daten/" + name);
-    return {bytes.begin(), bytes.end()};
-  }
-  void put(const std::string& name, const std::string& text) {
-    files_.put("/daten/" + name, base::asBytes(text));
-  }
-
-  support::MemoryFileSystem files_;
-  base::PathState paths_;
-  base::FixedClock clock_{std::chrono::year(2026) / 1 / 1};
-  FakePrompts prompts_;
-  FakeShell shell_;
-  FakeNavigator navigator_;
-  dialogs::Services services_{paths_, files_, clock_, prompts_, shell_, navigator_};
-  charts::YearData year_ = sample::year2025();
-  FakeYears years_;
-  int reads_ = 0;
-};
-
-const charts::ChartModel& modelOf(const charts::ChartWindow& window) {
-  return window.Chart2D1->model();
-}
 
 TEST_F(ChartWindows, OpensWithTheSavedTypeAndDepthButTheModesData) {
   put("DiagrEinst.txt", "4,3,1\r\n");
