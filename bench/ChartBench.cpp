@@ -3,14 +3,13 @@
 // from finished Qt objects. Both take turns frame by frame; medians are compared. An argument sets
 // how often the chart turns from one side to the other (5).
 
-#include <QElapsedTimer>
 #include <QGuiApplication>
 #include <QPainter>
 #include <algorithm>
 #include <cstdio>
-#include <functional>
 #include <vector>
 
+#include "Measure.h"
 #include "base/GermanDate.h"
 #include "charts/ChartLayout.h"
 #include "charts/YearComparison.h"
@@ -99,19 +98,6 @@ struct Handmade {
   }
 };
 
-double millisecondsOf(const std::function<void()>& work) {
-  QElapsedTimer timer;
-  timer.start();
-  work();
-  return static_cast<double>(timer.nsecsElapsed()) / 1e6;
-}
-
-double median(std::vector<double> values) {
-  const auto middle = values.begin() + static_cast<std::ptrdiff_t>(values.size() / 2);
-  std::nth_element(values.begin(), middle, values.end());
-  return *middle;
-}
-
 // Our frame against the handmade one.
 double compare(const char* name, charts::ChartType type, int turns) {
   const charts::ChartModel model = charts::comparisonChart(yearOf(250), yearOf(230), 1);
@@ -132,19 +118,19 @@ double compare(const char* name, charts::ChartType type, int turns) {
     // Every frame differs from the one before, as it does under a moving control.
     const int angle = frame % kAngles;
     charts::Scene scene;
-    layout.push_back(millisecondsOf([&] { scene = sceneAt(angle); }));
-    ours.push_back(layout.back() + millisecondsOf([&] {
+    layout.push_back(bench::millisecondsOf([&] { scene = sceneAt(angle); }));
+    ours.push_back(layout.back() + bench::millisecondsOf([&] {
                      QPainter painter(&image);
                      charts::paintScene(painter, scene);
                    }));
-    byHand.push_back(millisecondsOf([&] {
+    byHand.push_back(bench::millisecondsOf([&] {
       QPainter painter(&image);
       frames[static_cast<std::size_t>(angle)].paint(painter);
     }));
   }
-  const double ratio = median(ours) / median(byHand);
-  std::printf("%-13s %5.2f ms (layout %4.2f)   by hand %5.2f ms   ratio %.2f\n", name, median(ours),
-              median(layout), median(byHand), ratio);
+  const double ratio = bench::median(ours) / bench::median(byHand);
+  std::printf("%-13s %5.2f ms (layout %4.2f)   by hand %5.2f ms   ratio %.2f\n", name,
+              bench::median(ours), bench::median(layout), bench::median(byHand), ratio);
   return ratio;
 }
 

@@ -1,83 +1,79 @@
 // What a household waits for when it enters readings or a price: twelve readings taken over, and a
 // price change that prices twelve months anew, stored and summed up, against the two syncs that no
-// stored change can do without. Environment: KALVIRA_YEAR (a year file; a copy is edited).
+// stored change can do without.
 
-#include <benchmark/benchmark.h>
+#include <algorithm>
+#include <cstdio>
 
-#include <cstdlib>
-#include <string>
-
+#include "Measure.h"
 #include "readings/MeterReading.h"
 #include "readings/UnitPrices.h"
 
 namespace {
 
-constexpr const char* kCopy = "./readings-bench.kwd";
+constexpr int kRounds = 101;
 
-void bareTwoSyncs(benchmark::State& state) {
-  constexpr std::size_t kPage = 4096;
-  const auto files = base::makeDiskFileSystem();
-  auto journal = files->open("readings-bench.a", base::OpenMode::Create);
-  auto data = files->open("readings-bench.b", base::OpenMode::Create);
-  if (!journal || !data) return state.SkipWithError("no files");
-  base::Bytes page(kPage, 7);
-  for (auto _ : state) {
+struct BareFiles {
+  std::unique_ptr<base::File> journal, data;
+  base::Bytes page = base::Bytes(4096, 7);
+
+  bool writeTwice() {
     ++page[9];
-    const bool written = (*journal)->writeAt(0, page) && (*journal)->sync() &&
-                         (*data)->writeAt(0, page) && (*data)->sync();
-    if (!written) return state.SkipWithError("not written");
+    return journal->writeAt(0, page) && journal->sync() && data->writeAt(0, page) && data->sync();
   }
+};
+
+bool takeOver(yearbook::YearSession& year, int run) {
+  yearbook::PerMonth<double> readings{};
+  for (int k = 0; k < yearbook::kMonths; ++k)
+    readings[static_cast<std::size_t>(k)] = 50000 + run + 250.0 * k;
+  return static_cast<bool>(readings::takeOver(year, readings::kDayMeter, readings, {}));
 }
 
-// Runs the edit on a copy of the year; it is told how often it ran.
-template <class Edit>
-void editYear(benchmark::State& state, const std::string& original, Edit edit) {
-  const auto files = base::makeDiskFileSystem();
-  if (!files->copyFile(original, kCopy)) return state.SkipWithError("no copy");
-  const base::SystemClock clock;
-  auto year = yearbook::YearSession::open(*files, kCopy, "./", clock);
-  if (!year) return state.SkipWithError("the year could not be opened");
-  int run = 0;
-  for (auto _ : state)
-    if (!edit(**year, ++run)) return state.SkipWithError("not stored");
+bool monthlyPrice(yearbook::YearSession& year, int run) {
+  readings::MonthTicks all;
+  all.fill(true);
+  return static_cast<bool>(
+      readings::storePrices(year, readings::kDayPrice, all, 20 + run % 1000 * 0.01));
 }
 
-void takeOver(benchmark::State& state, const std::string& original) {
-  editYear(state, original, [](yearbook::YearSession& year, int run) {
-    yearbook::PerMonth<double> readings{};
-    for (int k = 0; k < yearbook::kMonths; ++k)
-      readings[static_cast<std::size_t>(k)] = 50000 + run + 250.0 * k;
-    return readings::takeOver(year, readings::kDayMeter, readings, {});
-  });
-}
-
-void monthlyPrice(benchmark::State& state, const std::string& original) {
-  editYear(state, original, [](yearbook::YearSession& year, int run) {
-    readings::MonthTicks all;
-    all.fill(true);
-    return readings::storePrices(year, readings::kDayPrice, all, 20 + run % 1000 * 0.01);
-  });
-}
-
-void priceField(benchmark::State& state, const std::string& original) {
-  editYear(state, original, [](yearbook::YearSession& year, int run) {
-    return year.storeDayPrice(20 + run % 1000 * 0.01);
-  });
+bool priceField(yearbook::YearSession& year, int run) {
+  return static_cast<bool>(year.storeDayPrice(20 + run % 1000 * 0.01));
 }
 
 }  // namespace
 
-int main(int argc, char** argv) {
-  const char* path = std::getenv("KALVIRA_YEAR");
-  const std::string year = path ? path : "";
-  const auto timed = [](benchmark::internal::Benchmark* bench) {
-    bench->MinTime(2)->UseRealTime()->Unit(benchmark::kMillisecond);
-  };
-  timed(benchmark::RegisterBenchmark("bare two syncs", bareTwoSyncs));
-  timed(benchmark::RegisterBenchmark("twelve readings taken over", takeOver, year));
-  timed(benchmark::RegisterBenchmark("twelve months priced anew", monthlyPrice, year));
-  timed(benchmark::RegisterBenchmark("price field of the main window", priceField, year));
-  benchmark::Initialize(&argc, argv);
-  benchmark::RunSpecifiedBenchmarks();
+int main(int, char** argv) {
+  const auto original = bench::beside(argv[0], "beispiel/Verbrauch2025.kwd");
+  if (!original) return 1;
+  const auto files = base::makeDiskFileSystem();
+  const std::string copy = bench::scratch(argv[0], "readings-bench.kwd");
+  const std::string paths[] = {bench::scratch(argv[0], "readings-bench.a"),
+                               bench::scratch(argv[0], "readings-bench.b")};
+  auto journal = files->open(paths[0], base::OpenMode::Create);
+  auto data = files->open(paths[1], base::OpenMode::Create);
+  if (!journal || !data || !files->copyFile(*original, copy)) {
+    std::fprintf(stderr, "%s cannot be written\n", copy.c_str());
+    return 1;
+  }
+  std::optional<std::vector<double>> times;
+  {
+    BareFiles bare{std::move(*journal), std::move(*data)};
+    const base::SystemClock clock;
+    auto year = yearbook::YearSession::open(*files, copy, bench::scratch(argv[0], ""), clock);
+    if (!year) return 1;
+    int run = 0;
+    times = bench::compare(
+        {{"two bare syncs", [&] { return bare.writeTwice(); }},
+         {"twelve readings taken over", [&] { return takeOver(**year, ++run); }},
+         {"twelve months priced anew", [&] { return monthlyPrice(**year, ++run); }},
+         {"price field of the main window", [&] { return priceField(**year, ++run); }}},
+        kRounds);
+  }
+  for (const std::string& path : {copy, paths[0], paths[1]})
+    base::ignore(files->remove(path), "a copy that stays is overwritten by the next run");
+  if (!times) return 1;
+  std::printf("worst ratio: %.2f\n",
+              *std::max_element(times->begin() + 1, times->end()) / times->at(0));
   return 0;
 }

@@ -16,6 +16,7 @@
 #include <cstring>
 #include <vector>
 
+#include "Measure.h"
 #include "app/ui/Program.h"
 
 using namespace Qt::Literals::StringLiterals;
@@ -69,12 +70,6 @@ struct Runs {
   std::vector<double> milliseconds, megabytes;
 };
 
-double median(std::vector<double> values) {
-  const auto middle = values.begin() + static_cast<std::ptrdiff_t>(values.size() / 2);
-  std::nth_element(values.begin(), middle, values.end());
-  return *middle;
-}
-
 bool runOnce(const char* mode, const QString& folder, Runs& runs) {
   QProcess child;
   QElapsedTimer timer;
@@ -107,13 +102,9 @@ QByteArray findDisplay([[maybe_unused]] QProcess& server) {
 #endif
 }
 
-int compare(int runs) {
-  const QString emptyYear = QCoreApplication::applicationDirPath() + u"/Vorlverbr8.kwx"_s;
-  if (!QFile::exists(emptyYear)) {
-    std::fprintf(stderr, "%s is missing: the start window would begin with a message.\n",
-                 qPrintable(emptyYear));
-    return 1;
-  }
+int compare(const char* program, int runs) {
+  // Without the empty year the start window begins with a message.
+  if (!bench::beside(program, "Vorlverbr8.kwx")) return 1;
   QProcess server;
   const QByteArray platform = findDisplay(server);
   const QTemporaryDir folder;
@@ -126,14 +117,16 @@ int compare(int runs) {
   server.terminate();
   server.waitForFinished();
   const auto print = [](const char* name, const Runs& of) {
-    std::printf("%-12s %6.1f ms  %5.1f MB\n", name, median(of.milliseconds), median(of.megabytes));
+    std::printf("%-12s %6.1f ms  %5.1f MB\n", name, bench::median(of.milliseconds),
+                bench::median(of.megabytes));
   };
   std::printf("medians of %d starts, %s\n", runs, platform.constData());
   print("bare window", bare);
   print("start window", kalvira);
-  const double memory = median(bare.megabytes);
-  std::printf("ratio: time %.2f", median(kalvira.milliseconds) / median(bare.milliseconds));
-  if (memory > 0) std::printf(", memory %.2f", median(kalvira.megabytes) / memory);
+  const double memory = bench::median(bare.megabytes);
+  std::printf("ratio: time %.2f",
+              bench::median(kalvira.milliseconds) / bench::median(bare.milliseconds));
+  if (memory > 0) std::printf(", memory %.2f", bench::median(kalvira.megabytes) / memory);
   std::printf(" (wanted: 1.15)\n");
   return 0;
 }
@@ -143,5 +136,5 @@ int compare(int runs) {
 int main(int argc, char** argv) {
   if (argc == 3) return runChild(argc, argv);
   const QCoreApplication application(argc, argv);
-  return compare(argc > 1 ? std::max(1, std::atoi(argv[1])) : 41);
+  return compare(argv[0], argc > 1 ? std::max(1, std::atoi(argv[1])) : 41);
 }

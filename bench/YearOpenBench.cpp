@@ -1,13 +1,10 @@
 // Opening a year and reading its five tables: ours against libmdb on the same file, and ours on the
-// same year with a big unrelated table. The year is the one in the environment's KALVIRA_YEAR, or
-// an empty one.
+// same year with a big unrelated table.
 
-#include <benchmark/benchmark.h>
-
-#include <cstdlib>
-#include <iostream>
+#include <cstdio>
 #include <string>
 
+#include "Measure.h"
 #include "base/File.h"
 #include "jet/Creator.h"
 #include "jet/Database.h"
@@ -21,8 +18,7 @@ extern "C" {
 
 namespace {
 
-constexpr const char* kYear = "open-bench.kwd";
-constexpr const char* kBigYear = "open-bench-big.kwd";
+constexpr int kRounds = 101;
 
 // A table that no year knows, with that many rows of about 400 bytes.
 jet::NewTable diary(std::size_t rows) {
@@ -55,17 +51,16 @@ std::vector<jet::NewTable> tablesOf(base::FileSystem& files, const std::string& 
   return tables;
 }
 
-bool makeYears(base::FileSystem& files) {
-  const char* given = std::getenv("KALVIRA_YEAR");
-  auto tables = given ? tablesOf(files, given) : yearbook::templateTables();
+bool makeYears(base::FileSystem& files, const std::string& original, const std::string& year,
+               const std::string& bigYear) {
+  auto tables = tablesOf(files, original);
   if (tables.empty()) return false;
-  auto year = jet::createDatabase(tables);
+  auto small = jet::createDatabase(tables);
   tables.push_back(diary(450000));
   auto big = jet::createDatabase(tables);
-  if (!big) std::cerr << base::germanMessage(big.error()) << std::endl;
-  if (!year || !big) return false;
-  std::cerr << kBigYear << ": " << big->size() / 1000000 << " MB" << std::endl;
-  return files.replaceFile(kYear, *year) && files.replaceFile(kBigYear, *big);
+  if (!small || !big) return false;
+  std::printf("the big year has %zu MB\n", big->size() / 1000000);
+  return files.replaceFile(year, *small) && files.replaceFile(bigYear, *big);
 }
 
 // Every field of every row of the five tables; the number of values keeps it honest.
@@ -85,17 +80,6 @@ std::size_t readYear(base::FileSystem& files, const std::string& path) {
   return values;
 }
 
-void openWithKalvira(benchmark::State& state, const std::string& path) {
-  const auto files = base::makeDiskFileSystem();
-  std::size_t values = 0;
-  for (auto _ : state) {
-    values = readYear(*files, path);
-    benchmark::DoNotOptimize(values);
-  }
-  if (values == 0) state.SkipWithError("the year could not be read");
-  state.counters["values"] = static_cast<double>(values);
-}
-
 #ifdef KALVIRA_HAVE_LIBMDB
 std::size_t readTable(MdbHandle* mdb, const char* name) {
   MdbTableDef* table = mdb_read_table_by_name(mdb, const_cast<char*>(name), MDB_TABLE);
@@ -112,31 +96,45 @@ std::size_t readTable(MdbHandle* mdb, const char* name) {
   return values;
 }
 
-void openWithLibmdb(benchmark::State& state, const std::string& path) {
+std::size_t readWithLibmdb(const std::string& path) {
+  MdbHandle* mdb = mdb_open(path.c_str(), MDB_NOFLAGS);
+  if (!mdb) return 0;
+  mdb_read_catalog(mdb, MDB_TABLE);
   std::size_t values = 0;
-  for (auto _ : state) {
-    MdbHandle* mdb = mdb_open(path.c_str(), MDB_NOFLAGS);
-    mdb_read_catalog(mdb, MDB_TABLE);
-    values = 0;
-    for (const yearbook::Table* table : yearbook::allTables())
-      values += readTable(mdb, std::string(table->name).c_str());
-    mdb_close(mdb);
-    benchmark::DoNotOptimize(values);
-  }
-  state.counters["values"] = static_cast<double>(values);
+  for (const yearbook::Table* table : yearbook::allTables())
+    values += readTable(mdb, std::string(table->name).c_str());
+  mdb_close(mdb);
+  return values;
 }
 #endif
 
 }  // namespace
 
-int main(int argc, char** argv) {
-  if (!makeYears(*base::makeDiskFileSystem())) return 1;
-  benchmark::RegisterBenchmark("kalvira/year", openWithKalvira, kYear);
+int main(int, char** argv) {
+  const auto original = bench::beside(argv[0], "beispiel/Verbrauch2025.kwd");
+  if (!original) return 1;
+  const auto files = base::makeDiskFileSystem();
+  const std::string year = bench::scratch(argv[0], "open-bench.kwd");
+  const std::string bigYear = bench::scratch(argv[0], "open-bench-big.kwd");
+  if (!makeYears(*files, *original, year, bigYear)) {
+    std::fprintf(stderr, "%s cannot be made\n", bigYear.c_str());
+    return 1;
+  }
+  const std::size_t values = readYear(*files, year);
+  std::vector<bench::Work> works = {{"year", [&] { return readYear(*files, year) == values; }},
+                                    {"year with a big table beside its own",
+                                     [&] { return readYear(*files, bigYear) == values; }}};
 #ifdef KALVIRA_HAVE_LIBMDB
-  benchmark::RegisterBenchmark("libmdb/year", openWithLibmdb, kYear);
+  works.push_back({"year, libmdb", [&] { return readWithLibmdb(year) == values; }});
 #endif
-  benchmark::RegisterBenchmark("kalvira/year of 200 MB", openWithKalvira, kBigYear);
-  benchmark::Initialize(&argc, argv);
-  benchmark::RunSpecifiedBenchmarks();
+  const auto times = bench::compare(works, kRounds);
+  for (const std::string& path : {year, bigYear})
+    base::ignore(files->remove(path), "a copy that stays is replaced by the next run");
+  if (!times || values == 0) return 1;
+  std::printf("ratio of the big to the small year: %.2f\n", times->at(1) / times->at(0));
+  if (times->size() > 2)
+    std::printf("ratio to libmdb: %.2f\n", times->at(0) / times->at(2));
+  else
+    std::printf("built without libmdb (Debian: mdbtools-dev): nothing to compare with\n");
   return 0;
 }
