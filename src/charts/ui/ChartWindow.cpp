@@ -121,10 +121,9 @@ void ChartWindow::applyDepth() {
 
 void ChartWindow::opt3DClick() {
   options_.threeD = opt3D->isChecked();
-  for (QWidget* widget : {static_cast<QWidget*>(UpDown1), static_cast<QWidget*>(UpDown2),
-                          static_cast<QWidget*>(UpDown3), static_cast<QWidget*>(lblDepth),
-                          static_cast<QWidget*>(lblElevation), static_cast<QWidget*>(lblRotation)})
-    widget->setEnabled(options_.threeD);
+  for (QSlider* slider : {UpDown1, UpDown2, UpDown3}) slider->setEnabled(options_.threeD);
+  // Captions and values.
+  for (QLabel* label : frOpt->findChildren<QLabel*>()) label->setEnabled(options_.threeD);
   mnuUeblap50->setEnabled(!options_.threeD);
   mnuRahmen->setEnabled(!options_.threeD);
   applyDepth();

@@ -134,6 +134,8 @@ TEST_F(ChartUse, DepthIsGivenByThreeSlidersAndFollowsTheMouse) {
   EXPECT_EQ(window->UpDown3->value(), turned) << "the button is released";
   window->opt3D->click();
   EXPECT_FALSE(window->UpDown1->isEnabled());
+  for (const QLabel* label : window->frOpt->findChildren<QLabel*>())
+    EXPECT_FALSE(label->isEnabled()) << label->text().toStdString();
   EXPECT_TRUE(window->mnuUeblap50->isEnabled() && window->mnuRahmen->isEnabled());
   QTest::mousePress(window->Chart2D1, Qt::LeftButton, {}, {200, 200});
   QTest::mouseMove(window->Chart2D1, {300, 140});
