@@ -7,7 +7,6 @@ namespace charts {
 namespace {
 
 constexpr double kTint = 0.42;  // share of the series' colour in a flat area that others may cover
-constexpr double kLineWidth = 2.5;
 
 // A vertical cut through a band, in front plane places; top is not below bottom.
 struct Cut {
@@ -120,15 +119,15 @@ std::vector<Point> outlineOf(const std::vector<Cut>& run) {
   return outline;
 }
 
-void addFlatBands(Drawing& drawing, const std::vector<Band>& bands, bool stacked) {
+void addFlatBands(Drawing& drawing, const std::vector<Band>& bands, bool solid) {
   Scene& scene = drawing.canvas.scene();
   const Color inner = drawing.canvas.theme().inner;
   for (const Band& band : bands)
     for (const auto& run : band.runs) {
       std::vector<Point> outline = outlineOf(run);
       const Color color = drawing.color(band.series);
-      scene.fill(std::move(outline), stacked ? color : mix(inner, color, kTint),
-                 stacked ? std::optional(Stroke{inner, 1, false}) : std::nullopt);
+      scene.fill(std::move(outline), solid ? color : mix(inner, color, kTint),
+                 solid ? std::optional(Stroke{inner, 1, false}) : std::nullopt);
     }
 }
 
@@ -136,8 +135,7 @@ void addFlatEdges(Drawing& drawing, const std::vector<Band>& bands) {
   for (const Band& band : bands)
     for (const auto& run : band.runs)
       if (run.size() > 1)
-        drawing.canvas.scene().line(edgeOf(run, !band.negative),
-                                    Stroke{drawing.color(band.series), kLineWidth, false});
+        drawing.canvas.scene().line(edgeOf(run, !band.negative), drawing.lineOf(band.series));
 }
 
 // The part of a solid between two cuts.
@@ -242,17 +240,19 @@ void addMark(Drawing& drawing, std::size_t series, std::size_t month, Span span,
 void layoutAreas(Drawing& drawing) {
   const bool stacked = drawing.options.type == ChartType::StackedArea;
   const auto layers = layersOf(drawing, stacked);
+  // Where there is one stack nothing lies behind it. What others may cover is tinted, and all edges
+  // are drawn over it as lines.
+  const bool solid = stacked && layers.size() == 1;
   const StackedSpans spans = stackedSpans(drawing.model);
   std::vector<std::vector<Band>> flat;
   for (std::size_t l = layers.size(); l-- > 0;) {
     std::vector<Band> bands = bandsOf(drawing, layers[l], stacked);
     const Layer layer = layerOf(l, layers.size());
     if (drawing.plot.isFlat())
-      addFlatBands(drawing, bands, stacked);
+      addFlatBands(drawing, bands, solid);
     else
       addDeepBands(drawing, bands, layer);
-    // Flat areas that are not added up show through as lines.
-    if (stacked || !drawing.plot.isFlat())
+    if (solid || !drawing.plot.isFlat())
       dropHiddenLabels(drawing, bands, drawing.plot.isFlat() ? 0 : layer.z0);
     for (const std::size_t s : layers[l])
       for (std::size_t month = 0; month < kMonthCount; ++month)
@@ -261,11 +261,11 @@ void layoutAreas(Drawing& drawing) {
                   stacked && layers[l].size() > 1);
     flat.push_back(std::move(bands));
   }
-  if (drawing.plot.isFlat() && !stacked)
-    for (const auto& bands : flat) {
-      addFlatEdges(drawing, bands);
-      addCoveredLine(drawing, bands.front().series, kLineWidth);
-    }
+  if (!drawing.plot.isFlat() || solid) return;
+  for (const auto& bands : flat) {
+    addFlatEdges(drawing, bands);
+    if (!stacked) addCoveredLine(drawing, bands.front().series);
+  }
 }
 
 }  // namespace charts

@@ -113,11 +113,16 @@ void addLabel(Drawing& drawing, const Bar& bar, bool stacked) {
   for (const Point& corner : bar.rect.grown(stacked ? 0 : 1).corners())
     outline.push_back(plot.at(corner, z));
   drawing.mark(bar.series, bar.month, std::move(outline));
-  if (!plot.isFlat()) addHull(drawing, bar.rect);
+  if (!plot.isFlat())
+    addHull(drawing, bar.rect);
+  else if (!drawing.options.overlapBars)
+    drawing.obstacles.push_back(bar.rect);
   const double middle = bar.rect.center().x;
   LabelRequest label;
   label.text = drawing.labelText(bar.series, bar.month);
   label.weight = bar.rect.height;
+  label.series = static_cast<int>(bar.series);
+  label.outside = plot.isFlat() && !stacked;
   if (stacked) {
     label.side = LabelSide::Inside;
     label.anchor = plot.at(middle, bar.rect.center().y, z);

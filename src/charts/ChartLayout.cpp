@@ -157,6 +157,7 @@ struct MonthNames {
   int rotation = 0;
   std::size_t every = 1;
   double height = 0;
+  double below = 0;  // the plot, for labels of negative values
 };
 
 MonthNames monthNames(const Canvas& canvas, const ChartModel& model, double slotWidth) {
@@ -188,15 +189,24 @@ double labelHeight(const Drawing& drawing) {
   return tallest + drawing.options.labelDistance;
 }
 
-// What the top of the scale leaves free above the highest mark, as a share of the plot.
-double spareShare(const Plot& plot, const ChartModel& model) {
-  double highest = 0;
+// What the scale leaves free above the highest mark and below the lowest negative one, as shares
+// of the plot.
+struct Spare {
+  double above = 1;
+  double below = 1;
+};
+
+Spare spareOf(const Plot& plot, const ChartModel& model) {
+  Spare spare;
   for (const Series& series : model.series)
     for (const auto& value : series.values) {
-      const Axis& axis = series.secondAxis && plot.second ? *plot.second : plot.axis;
-      if (value) highest = std::max(highest, axis.share(*value));
+      if (!value) continue;
+      const double share =
+          (series.secondAxis && plot.second ? *plot.second : plot.axis).share(*value);
+      spare.above = std::min(spare.above, std::max(1 - share, 0.0));
+      if (*value < 0) spare.below = std::min(spare.below, std::max(share, 0.0));
     }
-  return std::max(1 - highest, 0.0);
+  return spare;
 }
 
 // Front plane and depth within the room that is left for both.
@@ -298,7 +308,7 @@ void addAxisNumbers(Canvas& canvas, const Plot& plot, const ChartModel& model) {
 }
 
 void addMonths(Canvas& canvas, const Plot& plot, const ChartModel& model, const MonthNames& names) {
-  const double bottom = plot.front.bottom() + std::max(plot.depth.y, 0.0);
+  const double bottom = plot.front.bottom() + std::max(plot.depth.y, 0.0) + names.below;
   for (std::size_t month = 0; month < kMonthCount; month += names.every)
     canvas.textAround({plot.slotCenter(month), bottom + 6 + names.height / 2}, model.labels[month],
                       kAxisFont, canvas.theme().quietText, names.rotation);
@@ -309,8 +319,9 @@ void addMonths(Canvas& canvas, const Plot& plot, const ChartModel& model, const 
                     canvas.theme().quietText);
 }
 
-void layoutOnAxes(Canvas& canvas, Rect room, const ChartModel& model, const ChartOptions& options,
-                  const std::vector<int>& order) {
+// False where the labels of a series found no room.
+bool drawOnAxes(Canvas& canvas, Rect room, const ChartModel& model, const ChartOptions& options,
+                const std::vector<int>& order) {
   Plot plot;
   Drawing drawing{canvas, plot, model, options, order, {}, {}};
   const Rect whole = room;
@@ -319,15 +330,20 @@ void layoutOnAxes(Canvas& canvas, Rect room, const ChartModel& model, const Char
   room.y += unitHeight;
   room.height -= 22 + titleHeight + unitHeight;
   makeAxes(plot, model, isStacked(options.type), room.height);
-  const double missing = labelHeight(drawing) - unitHeight - spareShare(plot, model) * room.height;
-  const double extra = std::clamp(missing, 0.0, std::max(room.height * 0.4, 0.0));
-  room.y += extra;
-  room.height -= extra;
+  const Spare spare = spareOf(plot, model);
+  const auto lacking = [&](double share, double besides) {
+    return std::clamp(labelHeight(drawing) - besides - share * room.height, 0.0,
+                      std::max(room.height * 0.4, 0.0));
+  };
+  const double above = lacking(spare.above, unitHeight), below = lacking(spare.below, 0);
+  room.y += above;
+  room.height -= above + below;
   const double left = widestLabel(canvas, plot.axis) + kTickGap;
   const double right = plot.second ? widestLabel(canvas, *plot.second) + kTickGap : 0;
   room.x += left;
   room.width -= left + right;
-  const MonthNames names = monthNames(canvas, model, std::max(room.width, 12.0) / kMonthCount);
+  MonthNames names = monthNames(canvas, model, std::max(room.width, 12.0) / kMonthCount);
+  names.below = below;
   room.height -= std::max(0.0, names.height - 14);
   placePlot(plot, options, room);
   addWalls(canvas, plot);
@@ -340,10 +356,21 @@ void layoutOnAxes(Canvas& canvas, Rect room, const ChartModel& model, const Char
     layoutBars(drawing);
   else
     layoutAreas(drawing);
-  if (!options.labels) return;
-  const double bottom = plot.front.bottom() + std::max(plot.depth.y, 0.0);
-  placeLabels(canvas, {whole.x, whole.y, whole.width, bottom - whole.y}, drawing.labels,
-              drawing.obstacles, options);
+  if (!options.labels) return true;
+  const double bottom = plot.front.bottom() + std::max(plot.depth.y, 0.0) + below;
+  return placeLabels(canvas, {whole.x, whole.y, whole.width, bottom - whole.y}, drawing.labels,
+                     drawing.obstacles, options);
+}
+
+// Labels that are too wide to stand side by side are turned, all of them.
+void layoutOnAxes(Canvas& canvas, const Rect& room, const ChartModel& model,
+                  const ChartOptions& options, const std::vector<int>& order) {
+  const Scene header = canvas.scene();
+  if (drawOnAxes(canvas, room, model, options, order) || options.labelRotation != 0) return;
+  ChartOptions turned = options;
+  turned.labelRotation = 90;
+  canvas.scene() = header;
+  drawOnAxes(canvas, room, model, turned, order);
 }
 
 }  // namespace

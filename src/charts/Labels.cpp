@@ -52,6 +52,7 @@ std::vector<Candidate> candidates(const LabelRequest& request, Size box, double 
   }
   const double direction = directionOf(request);
   const double first = request.clearance + distance + box.height / 2;
+  if (request.outside) return {{request.anchor + Point{0, direction * first}, true}};
   const double raised = first + std::min(box.height, 24.0) + 2 * kGap;
   const Point anchor = request.anchor;
   std::vector<Candidate> places;
@@ -62,23 +63,62 @@ std::vector<Candidate> candidates(const LabelRequest& request, Size box, double 
   return places;
 }
 
+// The label of the last month may reach beyond the sheet by itself.
+double within(const Rect& bounds, double center, double width) {
+  if (width > bounds.width) return center;
+  return std::clamp(center, bounds.x + width / 2, bounds.right() - width / 2);
+}
+
+// Labels of a series look alike: where one of those that stand outside has no room, all of them go.
+// A series of larger values comes first.
+void dropSeriesWithoutRoom(const Canvas& canvas, const Rect& bounds,
+                           std::vector<LabelRequest>& requests, std::vector<Rect> taken,
+                           const std::vector<Rect>& obstacles, const ChartOptions& options) {
+  std::vector<int> series;
+  for (const LabelRequest& request : requests)
+    if (request.outside && std::find(series.begin(), series.end(), request.series) == series.end())
+      series.push_back(request.series);
+  for (const int one : series) {
+    std::vector<Rect> boxes = taken;
+    const bool fits = std::all_of(requests.begin(), requests.end(), [&](const auto& request) {
+      if (!request.outside || request.series != one) return true;
+      const Size size = boxOf(canvas, request, options);
+      Point center = candidates(request, size, options.labelDistance).front().center;
+      center.x = within(bounds, center.x, size.width);
+      const Rect box = Rect::around(center, size);
+      const bool free = bounds.contains(box) && isFree(box, boxes) && isFree(box, obstacles);
+      boxes.push_back(box.grown(kGap));
+      return free;
+    });
+    if (fits)
+      taken = std::move(boxes);
+    else
+      std::erase_if(requests, [one](const LabelRequest& request) {
+        return request.outside && request.series == one;
+      });
+  }
+}
+
 }  // namespace
 
 Font labelFont(const ChartOptions& options) {
   return {options.labelSize * 96 / 72, false};
 }
 
-void placeLabels(Canvas& canvas, const Rect& bounds, std::vector<LabelRequest> requests,
+bool placeLabels(Canvas& canvas, const Rect& bounds, std::vector<LabelRequest> requests,
                  const std::vector<Rect>& obstacles, const ChartOptions& options) {
   std::stable_sort(requests.begin(), requests.end(),
                    [](const auto& a, const auto& b) { return a.weight > b.weight; });
   const Font font = labelFont(options);
   std::vector<Rect> taken = canvas.textBoxes();
+  const std::size_t before = requests.size();
+  dropSeriesWithoutRoom(canvas, bounds, requests, taken, obstacles, options);
   if (!allPreferredFit(canvas, bounds, requests, obstacles, options))
     for (LabelRequest& request : requests) request.preferred.reset();
   for (const LabelRequest& request : requests) {
     const Size size = boxOf(canvas, request, options);
-    const auto places = candidates(request, size, options.labelDistance);
+    auto places = candidates(request, size, options.labelDistance);
+    for (Candidate& place : places) place.center.x = within(bounds, place.center.x, size.width);
     const auto chosen = std::find_if(places.begin(), places.end(), [&](const Candidate& place) {
       const Rect box = Rect::around(place.center, size);
       return bounds.contains(box) && isFree(box, taken) &&
@@ -91,6 +131,7 @@ void placeLabels(Canvas& canvas, const Rect& bounds, std::vector<LabelRequest> r
     canvas.textAround(chosen->center, request.text, font, canvas.theme().labelText,
                       options.labelRotation);
   }
+  return requests.size() == before;
 }
 
 }  // namespace charts

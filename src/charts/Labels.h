@@ -20,6 +20,9 @@ struct LabelRequest {
       preferred;  // another edge, taken if no label of the chart covers an obstacle there
   std::string text;
   double weight = 0;  // the greater come first when there is no room for all
+  // Beyond its mark and clear of all others, or not at all; its series' labels then all are.
+  bool outside = false;
+  int series = 0;
 };
 
 // The font of value labels.
@@ -27,8 +30,9 @@ Font labelFont(const ChartOptions& options);
 
 // Writes the labels on their own background so that none touches another text or leaves the bounds.
 // A label that finds no free place near its mark is left out; what obstacles cover is avoided as
-// long as there is another place.
-void placeLabels(Canvas& canvas, const Rect& bounds, std::vector<LabelRequest> requests,
+// long as there is another place. Those that stand outside are there for all marks of a series or
+// for none. False where a series went without.
+bool placeLabels(Canvas& canvas, const Rect& bounds, std::vector<LabelRequest> requests,
                  const std::vector<Rect>& obstacles, const ChartOptions& options);
 
 }  // namespace charts

@@ -5,7 +5,6 @@
 namespace charts {
 namespace {
 
-constexpr double kLineWidth = 2.5;
 constexpr double kDotRadius = 4.5;
 constexpr double kMarkRadius = 10;
 
@@ -26,12 +25,12 @@ void addFlatLine(Drawing& drawing, std::size_t series) {
   Scene& scene = drawing.canvas.scene();
   const Color color = drawing.color(series);
   for (const auto& run : runsOf(drawing, series))
-    if (run.size() > 1) scene.line(run, Stroke{color, kLineWidth, false});
-  addCoveredLine(drawing, series, kLineWidth);
+    if (run.size() > 1) scene.line(run, drawing.lineOf(series));
+  addCoveredLine(drawing, series);
   for (std::size_t month = 0; month < kMonthCount; ++month)
     if (const auto point = drawing.pointOf(series, month))
-      scene.fill(circle(*point, kDotRadius + kRim * drawing.coveredBy(series, month)), color,
-                 Stroke{drawing.canvas.theme().inner, 1.5, false});
+      scene.fill(circle(*point, kDotRadius + drawing.rim() * drawing.coveredBy(series, month)),
+                 color, Stroke{drawing.canvas.theme().inner, 1.5, false});
 }
 
 void addDeepLine(Drawing& drawing, std::size_t series) {

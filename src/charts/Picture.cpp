@@ -9,6 +9,7 @@ namespace charts {
 namespace {
 
 constexpr double kTwipsPerCentimetre = 567;
+constexpr double kLeastScale = 0.8;  // the texts of 9 points then have 7 on paper
 
 std::string upperCase(std::string text) {
   for (char& c : text)
@@ -42,6 +43,8 @@ PrintPlacement placeOnPage(PrintFit fit, Size page, Size natural) {
   Size size{natural.width * scale, natural.height * scale};
   if (fit == PrintFit::Maximum) size = page;
   size = {std::min(size.width, page.width), std::min(size.height, page.height)};
+  // A large window is laid out for less room, so that its texts can still be read on paper.
+  scale = std::max(scale, kLeastScale);
   return {{0, 0, size.width, size.height}, {size.width / scale, size.height / scale}};
 }
 

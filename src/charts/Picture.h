@@ -24,7 +24,8 @@ struct PrintPlacement {
 };
 // One to one keeps the natural size, the others enlarge or reduce it: to the page's width, its
 // height, or as far as both allow; maximum then takes the whole page. What would reach beyond the
-// page is laid out anew for the room that there is, so nothing is ever cut off.
+// page is laid out anew for the room that there is, so nothing is ever cut off; what would be made
+// much smaller is laid out for less room, so that its texts are read on paper.
 PrintPlacement placeOnPage(PrintFit fit, Size page, Size natural);
 
 // "               Abmessungen  600 x 400 Pixel     [15,9 cm x 10,6 cm]". Sizes in twips; pixels are

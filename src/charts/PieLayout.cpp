@@ -14,6 +14,8 @@ constexpr double kShadeStep = kPi / 24;
 constexpr double kLeader = 16;  // from the rim to a label, sideways
 constexpr double kMinRadius = 12;
 constexpr double kNameHeight = 26;  // below a pie
+constexpr double kLeftOutHeight = 18;
+constexpr double kLeastForLeftOut = 110;  // height of a pie with its name
 constexpr double kLabelPadding = 2;
 
 // A disc that is tilted back: an ellipse with a rim below (or, seen from below, above) it.
@@ -36,12 +38,13 @@ struct Slice {
   double from = 0;
   double to = 0;
   double value = 0;
+  double share = 0;  // of what the pie shows
   Color color;
   double middle() const { return (from + to) / 2; }
 };
 
 struct SliceLabel {
-  const Slice* slice = nullptr;
+  std::size_t slice = 0;
   std::string text;
   Size size;
   bool right = true;
@@ -63,7 +66,7 @@ std::vector<Slice> slicesOf(const Theme& theme, const ChartModel& model, const S
     const double value = std::max(series.values[month].value_or(0), 0.0);
     if (value <= 0) continue;
     const double next = angle + value / sum * 2 * kPi;
-    slices.push_back({month, angle, next, value, monthColor(theme, model, month)});
+    slices.push_back({month, angle, next, value, value / sum, monthColor(theme, model, month)});
     angle = next;
   }
   return slices;
@@ -129,12 +132,12 @@ void addFaces(Canvas& canvas, const Disc& disc, const std::vector<Slice>& slices
     canvas.scene().line({disc.center, disc.at(slice.from)}, Stroke{canvas.theme().outer, 1, false});
 }
 
-std::string sliceText(const ChartModel& model, const Series& series, const Slice& slice,
-                      bool withValue) {
+std::string sliceText(const ChartModel& model, const Slice& slice, const ChartOptions& options) {
   const std::string& month = model.labels[slice.month];
-  if (!withValue) return month;
+  if (!options.labels) return month;
   return month + "  " +
-         (series.unit == "%" ? base::formatNumber(slice.value, 1) + " %" : valueText(slice.value));
+         (options.percent ? base::formatNumber(100 * slice.share, 1) + " %"
+                          : valueText(slice.value));
 }
 
 // Moves labels of one side apart, keeping their order and staying within top and bottom.
@@ -153,23 +156,6 @@ void spread(std::vector<SliceLabel*>& labels, double top, double bottom) {
   }
 }
 
-// As many labels of a side as there is height for; the smallest slices go without.
-std::vector<SliceLabel*> chooseSide(std::vector<SliceLabel>& labels, bool right, double height) {
-  std::vector<SliceLabel*> side;
-  for (SliceLabel& label : labels)
-    if (label.right == right) side.push_back(&label);
-  const auto needed = [&side] {
-    double sum = 0;
-    for (const SliceLabel* label : side) sum += label->size.height + 2;
-    return sum;
-  };
-  while (!side.empty() && needed() > height)
-    side.erase(std::min_element(side.begin(), side.end(), [](const auto* a, const auto* b) {
-      return a->slice->value < b->slice->value;
-    }));
-  return side;
-}
-
 // Half the width that the disc and its rim take at the height of a label.
 double halfWidthAt(const Disc& disc, const SliceLabel& label) {
   const double half = disc.radius * disc.squash;
@@ -180,29 +166,16 @@ double halfWidthAt(const Disc& disc, const SliceLabel& label) {
   return disc.radius * 1.05 * std::sqrt(1 - share * share);
 }
 
-void drawLabel(Canvas& canvas, const Disc& disc, const SliceLabel& label, const Font& font,
-               bool withValue) {
-  const double direction = label.right ? 1 : -1;
-  const double x = disc.center.x + direction * (halfWidthAt(disc, label) + kLeader);
-  Point rim = disc.at(label.slice->middle());
-  // Where the rim is seen the line begins at its lower edge.
-  if ((rim.y - disc.center.y) * disc.thickness > 0) rim.y += disc.thickness;
-  canvas.scene().line({rim, {x - direction * 7, label.y}, {x - direction * 2, label.y}},
-                      Stroke{canvas.theme().axis, 1, false});
-  const Point center{x + direction * label.size.width / 2, label.y};
-  if (withValue)
-    canvas.scene().fill(Rect::around(center, label.size).corners(), canvas.theme().labelFill);
-  canvas.textAround(center, label.text, font,
-                    withValue ? canvas.theme().labelText : canvas.theme().quietText);
+Font sliceFont(const ChartOptions& options) {
+  return options.labels ? labelFont(options) : Font{12, false};
 }
 
 std::vector<SliceLabel> labelsOf(const Canvas& canvas, const ChartModel& model,
-                                 const Series& series, const std::vector<Slice>& slices,
-                                 const Font& font, bool withValue) {
+                                 const std::vector<Slice>& slices, const ChartOptions& options) {
   std::vector<SliceLabel> labels;
-  for (const Slice& slice : slices) {
-    SliceLabel label{&slice, sliceText(model, series, slice, withValue), {}, true, 0};
-    const Size size = canvas.boxOf(label.text, font, 0);
+  for (std::size_t i = 0; i < slices.size(); ++i) {
+    SliceLabel label{i, sliceText(model, slices[i], options), {}, true, 0};
+    const Size size = canvas.boxOf(label.text, sliceFont(options), 0);
     label.size = {size.width + 2 * kLabelPadding, size.height};
     labels.push_back(std::move(label));
   }
@@ -227,74 +200,184 @@ Disc discIn(const Rect& room, double labelWidth, const ChartOptions& options) {
   return disc;
 }
 
-// Returns the lower end of the disc and its labels.
-double layoutPie(Canvas& canvas, const Rect& room, const ChartModel& model,
-                 const ChartOptions& options, std::size_t index, int originalIndex) {
-  const Series& series = model.series[index];
-  const std::vector<Slice> slices = slicesOf(canvas.theme(), model, series);
-  const Font font = options.labels ? labelFont(options) : Font{12, false};
-  if (slices.empty()) {
-    const Disc disc = discIn(room, 0, options);
-    canvas.scene().fill(circle(room.center(), disc.radius * 0.8, 96), canvas.theme().inner,
-                        Stroke{canvas.theme().grid, 1.5, true});
-    canvas.textAround(room.center(), "keine Werte", {13, false}, canvas.theme().quietText);
-    return room.center().y + disc.radius * 0.8;
-  }
-  auto labels = labelsOf(canvas, model, series, slices, font, options.labels);
+// A pie of one series before it is drawn. All pies of a chart get the radius of the smallest.
+struct Pie {
+  Rect room;
+  std::vector<Slice> slices;
+  std::vector<SliceLabel> labels;  // empty where there is no room for them
+  Disc disc;
+  std::string leftOut;  // the months that it does not show
+};
+
+void resize(Pie& pie, double radius) {
+  pie.disc.thickness *= radius / pie.disc.radius;
+  pie.disc.radius = radius;
+  pie.disc.center = pie.room.center() - Point{0, pie.disc.thickness / 2};
+}
+
+Pie makePie(const Canvas& canvas, const Rect& room, const ChartModel& model,
+            const ChartOptions& options, std::size_t index) {
+  Pie pie{room, slicesOf(canvas.theme(), model, model.series[index]), {}, {}, {}};
+  pie.labels = labelsOf(canvas, model, pie.slices, options);
   double widest = 0;
-  for (const SliceLabel& label : labels) widest = std::max(widest, label.size.width);
-  const bool hasRoom = widest + kLeader + 2 * kMinRadius < room.width / 2;
-  const Disc disc = discIn(room, hasRoom ? widest : 0, options);
-  addRim(canvas.scene(), disc, slices);
-  addFaces(canvas, disc, slices, originalIndex);
+  for (const SliceLabel& label : pie.labels) widest = std::max(widest, label.size.width);
+  if (widest + kLeader + 2 * kMinRadius >= room.width / 2) {
+    pie.labels.clear();
+    widest = 0;
+  }
+  pie.disc = discIn(room, widest, options);
+  return pie;
+}
+
+// As many labels of a side as there is height for; the smallest slices go without.
+std::vector<SliceLabel*> chooseSide(Pie& pie, bool right) {
+  std::vector<SliceLabel*> side;
+  for (SliceLabel& label : pie.labels)
+    if (label.right == right) side.push_back(&label);
+  const auto needed = [&side] {
+    double sum = 0;
+    for (const SliceLabel* label : side) sum += label->size.height + 2;
+    return sum;
+  };
+  while (!side.empty() && needed() > pie.room.height)
+    side.erase(std::min_element(side.begin(), side.end(), [&pie](const auto* a, const auto* b) {
+      return pie.slices[a->slice].value < pie.slices[b->slice].value;
+    }));
+  return side;
+}
+
+void drawLabel(Canvas& canvas, const Pie& pie, const SliceLabel& label,
+               const ChartOptions& options) {
+  const Disc& disc = pie.disc;
+  const double direction = label.right ? 1 : -1;
+  const double x = disc.center.x + direction * (halfWidthAt(disc, label) + kLeader);
+  Point rim = disc.at(pie.slices[label.slice].middle());
+  // Where the rim is seen the line begins at its lower edge.
+  if ((rim.y - disc.center.y) * disc.thickness > 0) rim.y += disc.thickness;
+  canvas.scene().line({rim, {x - direction * 7, label.y}, {x - direction * 2, label.y}},
+                      Stroke{canvas.theme().axis, 1, false});
+  const Point center{x + direction * label.size.width / 2, label.y};
+  if (options.labels)
+    canvas.scene().fill(Rect::around(center, label.size).corners(), canvas.theme().labelFill);
+  canvas.textAround(center, label.text, sliceFont(options),
+                    options.labels ? canvas.theme().labelText : canvas.theme().quietText);
+}
+
+// Returns the lower end of the disc and its labels.
+double drawPie(Canvas& canvas, Pie& pie, const ChartOptions& options, int originalIndex) {
+  if (pie.slices.empty()) {
+    const Point center = pie.room.center();
+    canvas.scene().fill(circle(center, pie.disc.radius * 0.8, 96), canvas.theme().inner,
+                        Stroke{canvas.theme().grid, 1.5, true});
+    canvas.textAround(center, "keine Werte", {13, false}, canvas.theme().quietText);
+    return center.y + pie.disc.radius * 0.8;
+  }
+  const Disc& disc = pie.disc;
+  addRim(canvas.scene(), disc, pie.slices);
+  addFaces(canvas, disc, pie.slices, originalIndex);
   double lowest = disc.center.y + disc.radius * disc.squash + std::max(disc.thickness, 0.0);
-  if (!hasRoom) return lowest;
-  for (SliceLabel& label : labels) {
-    const Point place = disc.at(label.slice->middle(), 1.08);
+  for (SliceLabel& label : pie.labels) {
+    const Point place = disc.at(pie.slices[label.slice].middle(), 1.08);
     label.right = place.x >= disc.center.x;
     label.y = place.y;
     if ((place.y - disc.center.y) * disc.thickness > 0) label.y += disc.thickness;
   }
   for (const bool right : {true, false}) {
-    auto side = chooseSide(labels, right, room.height);
-    spread(side, room.y, room.bottom());
+    auto side = chooseSide(pie, right);
+    spread(side, pie.room.y, pie.room.bottom());
     for (const SliceLabel* label : side) {
-      drawLabel(canvas, disc, *label, font, options.labels);
+      drawLabel(canvas, pie, *label, options);
       lowest = std::max(lowest, label->y + label->size.height / 2 - 4);
     }
   }
   return lowest;
 }
 
-// Name and sum below a pie.
-void addPieName(Canvas& canvas, const Rect& line, const Series& original) {
+// "ohne Apr -120,5; Aug -40": what has no slice.
+std::string monthsLeftOut(const ChartModel& model, const Series& series) {
+  std::string text;
+  for (std::size_t month = 0; month < kMonthCount; ++month)
+    if (const double value = series.values[month].value_or(0); value < 0)
+      text += (text.empty() ? "ohne " : "; ") + model.labels[month] + " " + valueText(value);
+  return text;
+}
+
+// Name and sum below a pie, and the months that it does not show.
+void addPieName(Canvas& canvas, const Rect& line, const Series& series,
+                const std::string& leftOut) {
   double sum = 0;
-  for (const auto& value : original.values) sum += value.value_or(0);
+  for (const auto& value : series.values) sum += value.value_or(0);
   Font font{13, true};
   const std::string text =
-      canvas.fit(original.name + "  " + valueText(sum) + " " + original.unit, font, line.width);
+      canvas.fit(series.name + "  " + valueText(sum) + " " + series.unit, font, line.width);
   canvas.textAround(line.center(), text, font, canvas.theme().text);
+  Font small{12, false};
+  const std::string missing = canvas.fit(leftOut, small, line.width);
+  if (!missing.empty())
+    canvas.textAround(line.center() + Point{0, kLeftOutHeight}, missing, small,
+                      canvas.theme().quietText);
+}
+
+// The pies in that many columns, all of one size.
+std::vector<Pie> piesIn(const Canvas& canvas, const Rect& room, const ChartModel& model,
+                        const ChartOptions& options, std::size_t columns) {
+  const std::size_t count = model.series.size();
+  const std::size_t rows = (count + columns - 1) / columns;
+  const double width = room.width / static_cast<double>(columns);
+  const double height = room.height / static_cast<double>(rows);
+  const bool roomForLeftOut = height > kLeastForLeftOut;
+  const bool someLeftOut =
+      std::any_of(model.series.begin(), model.series.end(),
+                  [&model](const Series& series) { return !monthsLeftOut(model, series).empty(); });
+  std::vector<Pie> pies;
+  double radius = 1e9;
+  for (std::size_t i = 0; i < count; ++i) {
+    Rect cell{room.x + static_cast<double>(i % columns) * width,
+              room.y + static_cast<double>(i / columns) * height, width, height};
+    cell = cell.grown(-6);
+    if (options.legend)
+      cell.height -= kNameHeight + (someLeftOut && roomForLeftOut ? kLeftOutHeight : 0);
+    pies.push_back(makePie(canvas, cell, model, options, i));
+    if (roomForLeftOut) pies.back().leftOut = monthsLeftOut(model, model.series[i]);
+    radius = std::min(radius, pies.back().disc.radius);
+  }
+  for (Pie& pie : pies) resize(pie, radius);
+  return pies;
 }
 
 }  // namespace
 
 void layoutPies(Canvas& canvas, const Rect& room, const ChartModel& model,
                 const ChartOptions& options, const std::vector<int>& order) {
+  // Side by side, unless they become much larger one above the other; labels are worth half the
+  // size.
+  constexpr double kMuchLarger = 1.25;
+  constexpr double kWithoutLabels = 0.5;
+  const auto worth = [](const std::vector<Pie>& pies) {
+    const bool labelled = std::all_of(pies.begin(), pies.end(), [](const Pie& pie) {
+      return pie.slices.empty() || !pie.labels.empty();
+    });
+    return pies[0].disc.radius * (labelled ? 1 : kWithoutLabels);
+  };
   const std::size_t count = model.series.size();
-  const ChartModel shown = options.percent ? inPercent(model, false) : model;
-  const std::size_t columns = count == 4 && room.width < 2.6 * room.height ? 2 : count;
-  const std::size_t rows = columns == 0 ? 0 : (count + columns - 1) / columns;
-  for (std::size_t i = 0; i < count; ++i) {
-    const std::size_t row = i / columns;
-    const double width = room.width / static_cast<double>(columns);
-    const double height = room.height / static_cast<double>(rows);
-    Rect cell{room.x + static_cast<double>(i % columns) * width,
-              room.y + static_cast<double>(row) * height, width, height};
-    cell = cell.grown(-6);
-    if (options.legend) cell.height -= kNameHeight;
-    const double lowest = layoutPie(canvas, cell, shown, options, i, order[i]);
-    const double y = std::min(lowest + kNameHeight, cell.bottom());
-    if (options.legend) addPieName(canvas, {cell.x, y, cell.width, kNameHeight}, model.series[i]);
+  std::size_t columns = count;
+  std::vector<Pie> pies = piesIn(canvas, room, model, options, columns);
+  for (std::size_t fewer = count; fewer-- > 1;) {
+    std::vector<Pie> other = piesIn(canvas, room, model, options, fewer);
+    if (worth(other) <= kMuchLarger * worth(pies)) continue;
+    pies = std::move(other);
+    columns = fewer;
+  }
+  for (std::size_t first = 0; first < count; first += columns) {
+    const std::size_t end = std::min(first + columns, count);
+    double lowest = 0;
+    for (std::size_t i = first; i < end; ++i)
+      lowest = std::max(lowest, drawPie(canvas, pies[i], options, order[i]));
+    for (std::size_t i = first; options.legend && i < end; ++i) {
+      const Rect& cell = pies[i].room;
+      const double y = std::min(lowest + kNameHeight, cell.bottom());
+      addPieName(canvas, {cell.x, y, cell.width, kNameHeight}, model.series[i], pies[i].leftOut);
+    }
   }
 }
 

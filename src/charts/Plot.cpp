@@ -36,14 +36,26 @@ int Drawing::coveredBy(std::size_t series, std::size_t month) const {
   return count;
 }
 
-void addCoveredLine(Drawing& drawing, std::size_t series, double lineWidth) {
+double Drawing::rim() const {
+  constexpr double kWidest = 2.5;
+  constexpr double kTogether = 2.9;
+  const auto others = static_cast<double>(model.series.size()) - 1;
+  return others > 0 ? std::min(kWidest, kTogether / others) : kWidest;
+}
+
+Stroke Drawing::lineOf(std::size_t series) const {
+  const bool other = model.series[series].hue == Hue::OtherYear;
+  return {color(series), other ? 1.8 : 2.6, other};
+}
+
+void addCoveredLine(Drawing& drawing, std::size_t series) {
   for (std::size_t month = 0; month + 1 < kMonthCount; ++month) {
     const int over =
         std::min(drawing.coveredBy(series, month), drawing.coveredBy(series, month + 1));
     if (over == 0) continue;
     drawing.canvas.scene().line(
         {*drawing.pointOf(series, month), *drawing.pointOf(series, month + 1)},
-        Stroke{drawing.color(series), lineWidth + 2 * kRim * over, false});
+        Stroke{drawing.color(series), drawing.lineOf(0).width + 2 * drawing.rim() * over, false});
   }
 }
 

@@ -56,14 +56,16 @@ struct Drawing {
   std::optional<Point> pointOf(std::size_t series, std::size_t month) const;
   // How many of the series that are drawn over this one have their value in the same place.
   int coveredBy(std::size_t series, std::size_t month) const;
+  // Each series that lies over a line or a point lets this much of it look out on every side; many
+  // of them must not reach the names of the months when all are zero.
+  double rim() const;
+  // The line of a series; that of the other year is told apart without its colour as well.
+  Stroke lineOf(std::size_t series) const;
 };
-
-// Each series that lies over a line or a point lets this much of it look out on every side.
-inline constexpr double kRim = 2.5;
 
 // The stretches of a series' line that others lie over, wide enough to be seen beside them: water
 // and waste water of one meter run along the same line.
-void addCoveredLine(Drawing& drawing, std::size_t series, double lineWidth);
+void addCoveredLine(Drawing& drawing, std::size_t series);
 
 // Begin and end of every value when the values of a stack stand on each other, positive ones
 // upwards from zero, negative ones downwards. A missing value has no height.

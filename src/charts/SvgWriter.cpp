@@ -73,6 +73,7 @@ std::string element(const Text& item) {
   if (item.rotation != 0)
     text += attribute("transform", "rotate(" + std::to_string(-item.rotation) + " " +
                                        number(item.at.x) + " " + number(item.at.y) + ")");
+  if (item.text.find("  ") != std::string::npos) text += attribute("xml:space", "preserve");
   return text + ">" + escaped(item.text) + "</text>\n";
 }
 

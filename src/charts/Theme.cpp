@@ -18,8 +18,8 @@ Theme Theme::light() {
   theme.axis = Color::rgb(0x8793a1);
   theme.labelFill = kPaper;
   theme.labelText = kInk;
-  theme.series = {Color::rgb(0xe69f00), Color::rgb(0xc04a28), Color::rgb(0x00609c),
-                  Color::rgb(0x2ba88c), Color::rgb(0x5b4b9a), Color::rgb(0xbcc6d1)};
+  theme.series = {Color::rgb(0xbd7b00), Color::rgb(0xa8321a), Color::rgb(0x1a7fd0),
+                  Color::rgb(0x0a6b57), Color::rgb(0x4b3a8f), Color::rgb(0x727a84)};
   theme.months = {Color::rgb(0x2b4c7e), Color::rgb(0x3a6ea5), Color::rgb(0x4a98b8),
                   Color::rgb(0x5fb8a4), Color::rgb(0x8fcb8c), Color::rgb(0xc5dc7a),
                   Color::rgb(0xf2d65c), Color::rgb(0xf5b945), Color::rgb(0xe88f3c),
@@ -35,8 +35,10 @@ Theme Theme::dark(Color surface, Color text) {
   theme.quietText = mix(text, surface, 0.28);
   theme.grid = mix(surface, text, 0.16);
   theme.axis = mix(surface, text, 0.5);
-  theme.series = {Color::rgb(0xf2b134), Color::rgb(0xe0643f), Color::rgb(0x3289cf),
-                  Color::rgb(0x6ed3b4), Color::rgb(0xa08ff0), Color::rgb(0x66727f)};
+  theme.labelFill = theme.inner;
+  theme.labelText = text;
+  theme.series = {Color::rgb(0xf0b73a), Color::rgb(0xe85036), Color::rgb(0x55b8fa),
+                  Color::rgb(0x4f9686), Color::rgb(0x9f74d8), Color::rgb(0x98a2ad)};
   return theme;
 }
 

@@ -153,7 +153,7 @@ TEST_F(IndependentReader, InkscapeFindsEveryShapeAndText) {
     EXPECT_EQ(occurrences(svg, "<path"), count(scene, true) + count(scene, false) + 1) << name;
     for (const char* text : {">Verbrauch Strom<", ">Monat Januar bis Dezember<", ">Mär<", ">313<"})
       EXPECT_NE(svg.find(text), std::string::npos) << text << " in " << name;
-    EXPECT_NE(svg.find("#e69f00"), std::string::npos) << "colour of the open year in " << name;
+    EXPECT_NE(svg.find("#bd7b00"), std::string::npos) << "colour of the open year in " << name;
   }
 }
 
