@@ -94,28 +94,37 @@ void WindowNavigator::openYearOver(QWidget* start) {
   QEventLoop untilClosed;
   QObject::connect(window, &QObject::destroyed, &untilClosed, &QEventLoop::quit);
   window->show();
+  yearOverStart_ = true;
   untilClosed.exec();
+  yearOverStart_ = false;
+  if (const auto next = std::exchange(afterYear_, nullptr)) next();
 }
 
 void WindowNavigator::showNewDatabase() {
   showNewDatabaseWindow(*services_, frontWindow());
 }
 
-// Later, for the caller is a handler of the window that goes.
-void WindowNavigator::restartAtStartWindow() {
-  QTimer::singleShot(0, qApp, [this] {
-    const QPointer<frmVerbrStart> old = start_;
+// Later, for the caller is a handler of the window that goes. The start window stays until the call
+// has returned that waits for a year over it: that is a handler of its own list.
+void WindowNavigator::leaveYear(std::function<void()> next) {
+  QTimer::singleShot(0, qApp, [this, next = std::move(next)] {
     const QPointer<QWidget> year = main_;
-    // The main window goes first, so that its year is closed when the new start window looks.
+    // The main window goes first, so that its year is closed when a new start window looks.
     const bool quits = QApplication::quitOnLastWindowClosed();
     QApplication::setQuitOnLastWindowClosed(false);
     const bool closed = !year || year->close();
-    if (closed) {
-      if (year) QApplication::sendPostedEvents(year, QEvent::DeferredDelete);
-      if (old) old->close();
-      showStartWindow();
-    }
+    if (closed && year) QApplication::sendPostedEvents(year, QEvent::DeferredDelete);
+    if (closed && yearOverStart_) afterYear_ = next;
+    if (closed && !yearOverStart_) next();
     QApplication::setQuitOnLastWindowClosed(quits);
+  });
+}
+
+void WindowNavigator::restartAtStartWindow() {
+  leaveYear([this] {
+    const QPointer<frmVerbrStart> old = start_;
+    showStartWindow();
+    if (old) old->close();
   });
 }
 
@@ -127,7 +136,7 @@ void WindowNavigator::showMeterChangeHelp() {
 }
 
 void WindowNavigator::endProgram() {
-  QTimer::singleShot(0, qApp, [] {
+  leaveYear([] {
     QApplication::closeAllWindows();
     QApplication::quit();
   });

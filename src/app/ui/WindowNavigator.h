@@ -44,6 +44,7 @@ class WindowNavigator final : public dialogs::Navigator, public YearOpener {
 
  private:
   QWidget* makeMainWindow(QWidget* parent);
+  void leaveYear(std::function<void()> next);
   void followSafetyCopy(const std::shared_ptr<SafetyCopy>& copy, const YearWindow& year);
 
   dialogs::Services* services_ = nullptr;
@@ -51,6 +52,8 @@ class WindowNavigator final : public dialogs::Navigator, public YearOpener {
   YearWindowFactory factory_;
   QPointer<frmVerbrStart> start_;
   QPointer<QWidget> main_;
+  bool yearOverStart_ = false;  // openYearOver() has not returned
+  std::function<void()> afterYear_;
   QPointer<frmHilfe> help_;
   QPointer<frmHilfeZaehlerWechs> meterChangeHelp_;
 };

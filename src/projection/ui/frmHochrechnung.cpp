@@ -118,8 +118,7 @@ void frmHochrechnung::buildForm() {
   lblInklGrundgeb->setAccessibleName(u"Verbrauch + Grundgebühr"_s);
   Label8->setBuddy(lblInklGrundgeb);
   form->addRow(Label8, lblInklGrundgeb);
-  Label8->hide();
-  lblInklGrundgeb->hide();
+  showBaseFee(false);
 }
 
 void frmHochrechnung::buildLayout() {
@@ -170,6 +169,8 @@ void frmHochrechnung::keyPressEvent(QKeyEvent* event) {
 
 void frmHochrechnung::Calculate() {
   if (txtDatumStrom->date()) storeStartDate();
+  // What an earlier calculation left goes even if this one is refused.
+  if (!chkGrundgeb->isChecked()) showBaseFee(false);
   projection::ProjectionInput input;
   input.startDate = txtDatumStrom->text().toStdString();
   input.readingDate = Text1->text().toStdString();
@@ -195,8 +196,12 @@ void frmHochrechnung::showFigures(const projection::ProjectionFigures& figures) 
   lblNetto->setText(amountText(figures.netYear));
   lblInklMwSt->setText(amountText(figures.grossYear));
   if (figures.grossWithBaseFee) lblInklGrundgeb->setText(amountText(*figures.grossWithBaseFee));
-  Label8->setVisible(figures.grossWithBaseFee.has_value());
-  lblInklGrundgeb->setVisible(figures.grossWithBaseFee.has_value());
+  showBaseFee(figures.grossWithBaseFee.has_value());
+}
+
+void frmHochrechnung::showBaseFee(bool shown) {
+  Label8->setVisible(shown);
+  lblInklGrundgeb->setVisible(shown);
 }
 
 void frmHochrechnung::warn(const std::string& message) {

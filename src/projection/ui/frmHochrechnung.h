@@ -65,6 +65,7 @@ class frmHochrechnung final : public QDialog {
   void storeStartDate();
   void warn(const std::string& message);
   void showFigures(const projection::ProjectionFigures& figures);
+  void showBaseFee(bool shown);
   void usePalette(const QPalette& palette);
   QPixmap pictureForPaper();
   void printOn(QPrinter& printer, const QPixmap& picture);

@@ -95,6 +95,38 @@ TEST_F(Navigation, AnotherYearStartsAtAFreshStartWindow) {
   EXPECT_EQ(lastClosed, 0);
 }
 
+// The click comes from a posted event, as the system's do: what is deleted later then goes as soon
+// as an inner loop looks for events.
+TEST_F(Navigation, StartWindowOutlivesTheHandlerOfItsList) {
+  for (const auto leave :
+       {&dialogs::Navigator::restartAtStartWindow, &dialogs::Navigator::endProgram}) {
+    const QPointer<frmVerbrStart> first = visible<frmVerbrStart>();
+    bool opened = false;
+    bool alive = false;
+    const auto doubleClick = [&] {
+      QTimer::singleShot(0, [&] {
+        opened = visible<QMainWindow>() != nullptr;
+        (navigator.*leave)();
+        settle();
+      });
+      const QListWidget* list = first->filFiles;
+      const QPoint name = list->visualItemRect(list->item(0)).center();
+      QTest::mouseClick(list->viewport(), Qt::LeftButton, {}, name);
+      QTest::mouseDClick(list->viewport(), Qt::LeftButton, {}, name);
+      alive = !first.isNull();
+    };
+    QEventLoop loop;
+    QMetaObject::invokeMethod(&loop, doubleClick, Qt::QueuedConnection);
+    QTimer::singleShot(100, &loop, &QEventLoop::quit);
+    loop.exec();
+    settle();
+    EXPECT_TRUE(opened);
+    EXPECT_TRUE(alive);
+    EXPECT_TRUE(first.isNull());
+  }
+  EXPECT_EQ(visible<frmVerbrStart>(), nullptr);
+}
+
 TEST_F(Navigation, HelpIsOneWindow) {
   navigator.showHelp();
   navigator.showHelp();

@@ -107,6 +107,24 @@ TEST_F(Hochrechnung, ShowsTheFiguresRounded) {
   EXPECT_TRUE(prompts_.shown.empty());
 }
 
+TEST_F(Hochrechnung, SumWithBaseFeeGoesWithItsTickEvenWhenTheDateIsRefused) {
+  frmHochrechnung& window = openAndAnswer();
+  window.Text1->setText(u"30.06.2024"_s);
+  window.chkGrundgeb->click();
+  window.Text1->setText(u"30.06."_s);
+  window.Command12->click();
+  EXPECT_EQ(prompts_.shown.size(), 1U);
+  EXPECT_EQ(window.lblInklGrundgeb->text(), u"1.279,52"_s);
+  EXPECT_FALSE(window.lblInklGrundgeb->isHidden());
+  window.chkGrundgeb->click();
+  EXPECT_EQ(prompts_.shown.size(), 2U);
+  EXPECT_TRUE(window.Label8->isHidden());
+  EXPECT_TRUE(window.lblInklGrundgeb->isHidden());
+  window.chkGrundgeb->click();
+  EXPECT_TRUE(window.lblInklGrundgeb->isHidden());
+  EXPECT_EQ(window.lblNetto->text(), u"920,43"_s);
+}
+
 TEST_F(Hochrechnung, WrongMonthPutsTheCursorIntoTheStartDate) {
   frmHochrechnung& window = openAndAnswer();
   window.Text1->setText(u"30.06.2024"_s);
