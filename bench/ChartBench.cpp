@@ -24,9 +24,10 @@ constexpr int kAngles = 90;
 charts::YearData yearOf(double base) {
   charts::YearData year;
   year.databaseName = "Verbrauch.kwd";
-  for (std::size_t i = 0; i < charts::kMonthCount; ++i)
-    year.rows(charts::Meter::DayElectricity)[i] = {std::string(base::kMonthNames[i]),
-                                                   base + static_cast<double>((i * 37) % 60)};
+  for (int i = 0; i < charts::kMonthCount; ++i)
+    year.meters[charts::Meter::Day][i] = {
+        std::string(base::kMonthNames[static_cast<std::size_t>(i)]),
+        base + static_cast<double>((i * 37) % 60)};
   return year;
 }
 

@@ -25,20 +25,19 @@ struct BareFiles {
 
 bool takeOver(yearbook::YearSession& year, int run) {
   yearbook::PerMonth<double> readings{};
-  for (int k = 0; k < yearbook::kMonths; ++k)
-    readings[static_cast<std::size_t>(k)] = 50000 + run + 250.0 * k;
-  return static_cast<bool>(readings::takeOver(year, readings::kDayMeter, readings, {}));
+  for (int k = 0; k < yearbook::kMonths; ++k) readings[k] = 50000 + run + 250.0 * k;
+  return static_cast<bool>(readings::takeOver(year, yearbook::Meter::Day, readings, {}));
 }
 
 bool monthlyPrice(yearbook::YearSession& year, int run) {
   readings::MonthTicks all;
   all.fill(true);
   return static_cast<bool>(
-      readings::storePrices(year, readings::kDayPrice, all, 20 + run % 1000 * 0.01));
+      readings::storePrices(year, yearbook::Meter::Day, all, 20 + run % 1000 * 0.01));
 }
 
 bool priceField(yearbook::YearSession& year, int run) {
-  return static_cast<bool>(year.storeDayPrice(20 + run % 1000 * 0.01));
+  return static_cast<bool>(year.storePrice(yearbook::Meter::Day, 20 + run % 1000 * 0.01));
 }
 
 }  // namespace

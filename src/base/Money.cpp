@@ -26,6 +26,11 @@ std::optional<Money> Money::tryRoundHalfEven(double euro) {
   return Money(static_cast<std::int64_t>(scaled));
 }
 
+Money Money::roundHalfEven(double euro) {
+  if (const auto money = tryRoundHalfEven(euro)) return *money;
+  return Money(euro < 0 ? kMin : kMax);
+}
+
 Money operator+(Money a, Money b) {
   return Money(clampedSum(a.count_, b.count_));
 }

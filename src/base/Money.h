@@ -16,8 +16,8 @@ class Money {
   static constexpr Money fromTenThousandths(std::int64_t count) { return Money(count); }
   // Rounds half to even to four decimals; out of range or not a number becomes nullopt.
   static std::optional<Money> tryRoundHalfEven(double euro);
-  // As above for values that a bill can hold; what cannot be represented counts as 0.
-  static Money roundHalfEven(double euro) { return tryRoundHalfEven(euro).value_or(Money()); }
+  // For figures that are shown and never stored: beyond the range they stay at its end, as sums do.
+  static Money roundHalfEven(double euro);
 
   constexpr std::int64_t tenThousandths() const { return count_; }
   double toDouble() const { return static_cast<double>(count_) / 10000.0; }

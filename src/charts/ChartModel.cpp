@@ -35,9 +35,9 @@ const SelectionRow& rowOf(Selection selection) {
 std::vector<Meter> metersOf(Selection selection) {
   switch (selection) {
     case Selection::None:
-      return {Meter::DayElectricity, Meter::Gas, Meter::Water, Meter::WasteWater};
+      return {Meter::Day, Meter::Gas, Meter::Water, Meter::WasteWater};
     case Selection::Electricity:
-      return {Meter::DayElectricity};
+      return {Meter::Day};
     case Selection::Gas:
       return {Meter::Gas};
     case Selection::Water:
@@ -47,7 +47,7 @@ std::vector<Meter> metersOf(Selection selection) {
     case Selection::BothWaters:
       return {Meter::Water, Meter::WasteWater};
     case Selection::Night:
-      return {Meter::NightElectricity};
+      return {Meter::Night};
   }
   return {};
 }
@@ -58,12 +58,12 @@ struct MeterLook {
   Hue hue;
 };
 
-// By Meter. The night tariff goes by the name of the day tariff.
-constexpr std::array<MeterLook, kMeterCount> kLooks = {{{"Strom", "kWh", Hue::Electricity},
-                                                        {"Gas", "m³", Hue::Gas},
-                                                        {"Wasser", "m³", Hue::Water},
-                                                        {"Abwasser", "m³", Hue::WasteWater},
-                                                        {"Strom", "kWh", Hue::NightElectricity}}};
+// The night tariff goes by the name of the day tariff.
+constexpr PerMeter<MeterLook> kLooks = {{{{"Strom", "kWh", Hue::Electricity},
+                                          {"Strom", "kWh", Hue::NightElectricity},
+                                          {"Wasser", "m³", Hue::Water},
+                                          {"Abwasser", "m³", Hue::WasteWater},
+                                          {"Gas", "m³", Hue::Gas}}}};
 
 // The values in the order of the given months, if every month is found among the rows; else by
 // position.
@@ -102,13 +102,13 @@ Selection selectionOf(std::string_view mode) {
 }
 
 std::string openingCaption(const YearData& year, Selection selection) {
-  return "Startmonat ist  " + year.rows(metersOf(selection).front())[0].month;
+  return "Startmonat ist  " + year.meters[metersOf(selection).front()][0].month;
 }
 
 ChartModel monthlyChart(const YearData& year, Selection selection) {
   const SelectionRow& row = rowOf(selection);
   const std::vector<Meter> meters = metersOf(selection);
-  const MonthRows& first = year.rows(meters.front());
+  const MonthRows& first = year.meters[meters.front()];
   ChartModel model;
   model.title = row.title;
   model.caption = std::string(row.captionPrefix) + first[0].month;
@@ -118,8 +118,8 @@ ChartModel monthlyChart(const YearData& year, Selection selection) {
     model.labels[i] = shortMonth(first[i].month);
   }
   for (const Meter meter : meters) {
-    const MeterLook& look = kLooks.at(static_cast<std::size_t>(meter));
-    Series series{look.name, look.hue, alignedValues(year.rows(meter), first), look.unit};
+    const MeterLook& look = kLooks[meter];
+    Series series{look.name, look.hue, alignedValues(year.meters[meter], first), look.unit};
     series.secondAxis = series.unit != model.unit;
     series.stack = series.secondAxis ? 1 : 0;
     if (series.secondAxis) model.secondUnit = series.unit;

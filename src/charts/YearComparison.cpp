@@ -16,16 +16,16 @@ struct ComparisonRow {
 
 // By index - 1. The night tariff goes by the name of the day tariff.
 constexpr std::array<ComparisonRow, kLastComparison> kComparisons = {{
-    {Meter::DayElectricity, "Strom / ", "Verbrauch Strom", "kWh", Hue::Electricity},
+    {Meter::Day, "Strom / ", "Verbrauch Strom", "kWh", Hue::Electricity},
     {Meter::Gas, "Gas / ", "Verbrauch Gas", "m³", Hue::Gas},
     {Meter::Water, "Wasser / ", "Verbrauch Wasser", "m³", Hue::Water},
     {Meter::WasteWater, "Abwasser / ", "Verbrauch Abwasser", "m³", Hue::WasteWater},
-    {Meter::NightElectricity, "Strom / ", "Verbrauch Nachtstrom", "kWh", Hue::NightElectricity},
+    {Meter::Night, "Strom / ", "Verbrauch Nachtstrom", "kWh", Hue::NightElectricity},
 }};
 
 Series yearSeries(const YearData& year, const ComparisonRow& row, Hue hue) {
   return {row.prefix + base::baseName(year.databaseName), hue,
-          byCalendarMonth(year.rows(row.meter)), row.unit};
+          byCalendarMonth(year.meters[row.meter]), row.unit};
 }
 
 }  // namespace

@@ -1,7 +1,5 @@
 #include "charts/YearData.h"
 
-#include <cmath>
-
 #include "base/Paths.h"
 #include "jet/Database.h"
 #include "yearbook/YearSession.h"
@@ -9,62 +7,23 @@
 namespace charts {
 namespace {
 
-using yearbook::Field;
-using yearbook::Utility;
-namespace strom = yearbook::strom;
-namespace wasser = yearbook::wasser;
-namespace gas = yearbook::gas;
-namespace verbrMonat = yearbook::verbrMonat;
+using yearbook::MeterFacts;
 
-struct Source {
-  Meter meter;
-  Utility utility;
-  const yearbook::Table* table;
-  const Field* month;
-  const Field* consumption;
-  const Field* chartField;
-};
-
-constexpr std::array<Source, kMeterCount> kSources = {{
-    {Meter::DayElectricity, Utility::Electricity, &yearbook::kStrom, &strom::month,
-     &strom::dayConsumption, &verbrMonat::day},
-    {Meter::Gas, Utility::Gas, &yearbook::kGas, &gas::month, &gas::consumption, &verbrMonat::gas},
-    {Meter::Water, Utility::Water, &yearbook::kWasser, &wasser::month, &wasser::consumption,
-     &verbrMonat::water},
-    {Meter::WasteWater, Utility::Water, &yearbook::kWasser, &wasser::month,
-     &wasser::wasteConsumption, &verbrMonat::wasteWater},
-    {Meter::NightElectricity, Utility::Electricity, &yearbook::kStrom, &strom::month,
-     &strom::nightConsumption, &verbrMonat::night},
-}};
-
-struct ToNumber {
-  std::optional<double> operator()(jet::Null) const { return 0.0; }
-  std::optional<double> operator()(std::int64_t value) const { return static_cast<double>(value); }
-  std::optional<double> operator()(float value) const { return finite(value); }
-  std::optional<double> operator()(double value) const { return finite(value); }
-  std::optional<double> operator()(base::Money value) const { return value.toDouble(); }
-  std::optional<double> operator()(const jet::Decimal& value) const {
-    return finite(value.toDouble());
-  }
-  template <class Other>
-  std::optional<double> operator()(const Other&) const {
-    return std::nullopt;
-  }
-  static std::optional<double> finite(double value) {
-    return std::isfinite(value) ? std::optional(value) : std::nullopt;
-  }
-};
-
-MonthRows readRows(jet::Database& database, const Source& source) {
+MonthRows readRows(jet::Database& database, const MeterFacts& meter) {
+  const yearbook::UtilityFacts& utility = factsOf(meter.utility);
   MonthRows rows;
-  auto records = database.openTable(source.table->name);
+  auto records = database.openTable(utility.table->name);
   if (!records) return rows;
-  const auto value = records->columnIndex(source.consumption->name);
-  const auto month = records->columnIndex(source.month->name);
-  for (std::size_t i = 0; i < rows.size() && i < records->count(); ++i) {
-    const auto fields = records->row(i);
+  const auto value = records->columnIndex(meter.consumption->name);
+  const auto month = records->columnIndex(utility.month->name);
+  for (int i = 0; i < kMonthCount && static_cast<std::size_t>(i) < records->count(); ++i) {
+    const auto fields = records->row(static_cast<std::size_t>(i));
     if (!fields) continue;
-    if (value) rows[i].value = std::visit(ToNumber{}, fields->at(*value));
+    if (value) {
+      const jet::Value& stored = fields->at(*value);
+      rows[i].value = std::holds_alternative<jet::Null>(stored) ? std::optional(0.0)
+                                                                : yearbook::numberOf(stored);
+    }
     if (!month) continue;
     if (const auto* name = std::get_if<std::string>(&fields->at(*month))) rows[i].month = *name;
   }
@@ -76,11 +35,12 @@ MonthRows readRows(jet::Database& database, const Source& source) {
 YearData readChartTable(const yearbook::YearSession& year) {
   YearData data;
   data.databaseName = base::fileName(year.path());
-  for (const Source& source : kSources) {
-    const auto months = year.monthNames(source.utility);
-    for (std::size_t i = 0; i < kMonthCount; ++i)
-      data.rows(source.meter)[i] = {
-          months[i], year.adoVerbrM.number(static_cast<int>(i), *source.chartField).value_or(0)};
+  for (Meter meter : yearbook::kMeters) {
+    const MeterFacts& facts = factsOf(meter);
+    const auto months = year.monthNames(facts.utility);
+    for (int i = 0; i < kMonthCount; ++i)
+      data.meters[meter][i] = {months[i],
+                               yearbook::orZero(year.adoVerbrM.number(i, *facts.chartCopy))};
   }
   return data;
 }
@@ -88,7 +48,7 @@ YearData readChartTable(const yearbook::YearSession& year) {
 YearData readYear(jet::Database& database) {
   YearData data;
   data.databaseName = base::fileName(database.path());
-  for (const Source& source : kSources) data.rows(source.meter) = readRows(database, source);
+  for (Meter meter : yearbook::kMeters) data.meters[meter] = readRows(database, factsOf(meter));
   return data;
 }
 

@@ -5,6 +5,7 @@
 #include <string>
 
 #include "base/File.h"
+#include "yearbook/Meter.h"
 
 namespace jet {
 class Database;
@@ -15,9 +16,9 @@ class YearSession;
 
 namespace charts {
 
-enum class Meter { DayElectricity, Gas, Water, WasteWater, NightElectricity };
-inline constexpr int kMeterCount = 5;
-inline constexpr int kMonthCount = 12;
+using yearbook::Meter;
+using yearbook::PerMeter;
+inline constexpr int kMonthCount = yearbook::kMonths;
 
 // One month row: its month's German name and its consumption. nullopt = could not be read; an empty
 // field counts as 0.
@@ -26,15 +27,12 @@ struct MonthRow {
   std::optional<double> value;
   bool operator==(const MonthRow&) const = default;
 };
-using MonthRows = std::array<MonthRow, kMonthCount>;
+using MonthRows = yearbook::PerMonth<MonthRow>;
 
 // The consumptions of a year by position; position 0 is the start month.
 struct YearData {
-  std::string databaseName;                   // file name of the year database without its folder
-  std::array<MonthRows, kMeterCount> meters;  // by Meter
-
-  const MonthRows& rows(Meter meter) const { return meters[static_cast<std::size_t>(meter)]; }
-  MonthRows& rows(Meter meter) { return meters[static_cast<std::size_t>(meter)]; }
+  std::string databaseName;  // file name of the year database without its folder
+  PerMeter<MonthRows> meters;
 };
 
 // What the monthly chart shows of the open year: its chart table and the captions of its months.

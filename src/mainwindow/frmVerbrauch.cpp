@@ -132,7 +132,7 @@ void frmVerbrauch::offerIndexRepair() {
 }
 
 void frmVerbrauch::askStartReading() {
-  if (editor_->values().startDay) return;
+  if (editor_->values().startReadings[yearbook::Meter::Day]) return;
   const auto answer = services_.prompts.input(this, u"Anfangszählerstand eingeben"_s,
                                               u"Eingabe Anfangszählerstand"_s, {});
   if (!answer) return;
@@ -142,7 +142,7 @@ void frmVerbrauch::askStartReading() {
     editor_->tellWholeUnits(yearbook::EntryKind::WholeKwh);
     return;
   }
-  editor_->run([&] { return session_->storeNumber(yearbook::zstaende::startDay, reading); });
+  editor_->run([&] { return session_->storeStartReading(yearbook::Meter::Day, reading); });
 }
 
 void frmVerbrauch::followModes() {
@@ -164,7 +164,8 @@ void frmVerbrauch::followModes() {
 }
 
 void frmVerbrauch::mnuPauschaleClick(bool checked) {
-  editor_->run([&] { return session_->setFlatRate(checked); });
+  session_->setFlatRate(checked);
+  editor_->showAll();
   if (const auto saved = session_->saveFlatRate(); !saved)
     lblHinweis->say(u"Die Einstellung der Pauschale gilt nur, bis das Programm endet: "_s +
                     QString::fromStdString(base::germanReason(saved.error())));
@@ -207,12 +208,12 @@ std::optional<Utility> frmVerbrauch::selectedUtility() const {
 }
 
 void frmVerbrauch::clearSelected() {
-  const QString questions[] = {
+  const yearbook::PerUtility<QString> questions = {
       u"Sollen alle Eingaben für Strom in diesem Fenster gelöscht werden?"_s,
       u"Sollen alle Eingaben für Wasser in diesem Fenster gelöscht werden?"_s,
       u"Sollen alle Eingaben für Gas in diesem Fenster gelöscht werden?"_s};
   const auto utility = selectedUtility();
   if (!utility) return;
-  if (!services_.prompts.confirm(this, questions[at(*utility)], u"Alle Werte löschen"_s)) return;
+  if (!services_.prompts.confirm(this, questions[*utility], u"Alle Werte löschen"_s)) return;
   editor_->run([&] { return session_->clear(*utility); });
 }

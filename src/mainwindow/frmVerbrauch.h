@@ -86,8 +86,7 @@ class frmVerbrauch final : public QMainWindow {
   void takeFittingSize();
 
   template <class Window>
-  void opens(QPushButton* button, yearbook::Utility utility);
-  void rowsChanged(yearbook::Utility utility);
+  void opens(QPushButton* button);
   void showProjection();
   void showChart(const QString& mode);
   void showComparison();

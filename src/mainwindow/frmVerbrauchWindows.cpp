@@ -20,41 +20,32 @@
 // The windows that are opened from the main window, and what follows when they close.
 
 using namespace Qt::Literals::StringLiterals;
-using yearbook::Utility;
 
-// Opens the window on the year; when it has closed, what it wrote about the utility is read again.
+// Opens the window on the year.
 template <class Window>
-void frmVerbrauch::opens(QPushButton* button, Utility utility) {
-  connect(button, &QPushButton::clicked, this, [this, utility] {
+void frmVerbrauch::opens(QPushButton* button) {
+  connect(button, &QPushButton::clicked, this, [this] {
     Window window(services_, *session_, this);
     window.exec();
-    rowsChanged(utility);
     reactivate();
   });
 }
 
-void frmVerbrauch::rowsChanged(Utility utility) {
-  editor_->run([&]() -> base::Result<void> {
-    if (auto read = session_->reload(utility); !read) return read;
-    return session_->copyToChartTable();
-  });
-}
-
 void frmVerbrauch::connectEntryWindows() {
-  opens<frmEingabeVerbrauchS>(Frame1->cmdEingabeVerbrauchS, Utility::Electricity);
-  opens<frmEingabeVerbrauchNS>(Frame1->cmdEingabeVerbrauchNS, Utility::Electricity);
-  opens<frmEingabeVerbrauchW>(Frame2->cmdEingabeVerbrauchW, Utility::Water);
-  opens<frmEingabeVerbrauchAbW>(Frame2->cmdEingabeVerbrauchAbW, Utility::Water);
-  opens<frmEingabeVerbrauch>(Frame3->cmdEingabeVerbrauchG, Utility::Gas);
-  opens<frmPreisJeKws>(Frame1->cmdPreisJeEinheitS, Utility::Electricity);
-  opens<frmPreisJeKwsN>(Frame1->cmdPreisJeEinheitSN, Utility::Electricity);
-  opens<frmPreisJeKubikW>(Frame2->cmdPreisJeEinheitW, Utility::Water);
-  opens<frmPreisJeKubikAbW>(Frame2->cmdPreisJeEinheitAbW, Utility::Water);
-  opens<frmPreisJeKubikG>(Frame3->cmdPreisJeEinheitG, Utility::Gas);
-  opens<frmGrdGebMo>(Frame1->cmdMonatlStrom, Utility::Electricity);
-  opens<frmGrdGebMoW>(Frame2->cmdWMonatl, Utility::Water);
-  opens<frmGrdGebMoAW>(Frame2->cmdWWMonatl, Utility::Water);
-  opens<frmGrdGebMoG>(Frame3->cmdMonatlGas, Utility::Gas);
+  opens<frmEingabeVerbrauchS>(Frame1->cmdEingabeVerbrauchS);
+  opens<frmEingabeVerbrauchNS>(Frame1->cmdEingabeVerbrauchNS);
+  opens<frmEingabeVerbrauchW>(Frame2->cmdEingabeVerbrauchW);
+  opens<frmEingabeVerbrauchAbW>(Frame2->cmdEingabeVerbrauchAbW);
+  opens<frmEingabeVerbrauch>(Frame3->cmdEingabeVerbrauchG);
+  opens<frmPreisJeKws>(Frame1->cmdPreisJeEinheitS);
+  opens<frmPreisJeKwsN>(Frame1->cmdPreisJeEinheitSN);
+  opens<frmPreisJeKubikW>(Frame2->cmdPreisJeEinheitW);
+  opens<frmPreisJeKubikAbW>(Frame2->cmdPreisJeEinheitAbW);
+  opens<frmPreisJeKubikG>(Frame3->cmdPreisJeEinheitG);
+  opens<frmGrdGebMo>(Frame1->cmdMonatlStrom);
+  opens<frmGrdGebMoW>(Frame2->cmdWMonatl);
+  opens<frmGrdGebMoAW>(Frame2->cmdWWMonatl);
+  opens<frmGrdGebMoG>(Frame3->cmdMonatlGas);
 }
 
 void frmVerbrauch::showProjection() {
@@ -75,7 +66,7 @@ void frmVerbrauch::connectCharts() {
 }
 
 void frmVerbrauch::showChart(const QString& mode) {
-  if (!editor_->run([this] { return session_->copyToChartTable(); })) return;
+  if (!editor_->run([this] { return session_->bringUpToDate(); })) return;
   frmDiagramm(
       services_, [this] { return charts::readChartTable(*session_); }, mode, this)
       .exec();
@@ -83,7 +74,7 @@ void frmVerbrauch::showChart(const QString& mode) {
 }
 
 void frmVerbrauch::showComparison() {
-  if (!editor_->run([this] { return session_->copyToChartTable(); })) return;
+  if (!editor_->run([this] { return session_->bringUpToDate(); })) return;
   charts::FileComparisonSource other(services_.files);
   frmDiagrVergleich(
       services_, [this] { return charts::readYear(session_->database()); }, other, this)

@@ -4,6 +4,8 @@
 #include <cmath>
 #include <limits>
 
+#include "yearbook/Bill.h"
+
 namespace projection {
 namespace {
 
@@ -25,7 +27,7 @@ ProjectionFigures figuresOf(const ProjectionInput& input, int days) {
   const double gross = 100.0 + input.vatRate;
   figures.grossYear = figures.netYear / 100 * gross;
   if (input.addBaseFee) {
-    const auto fee = base::Money::roundHalfEven(input.baseFee.toDouble() / 100 * gross);
+    const auto fee = yearbook::grossOf(input.baseFee, input.vatRate);
     figures.grossWithBaseFee = figures.grossYear + fee.toDouble();
   }
   return figures;

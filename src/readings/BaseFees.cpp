@@ -6,10 +6,18 @@
 
 namespace readings {
 
+namespace {
+
+// Behind the name of the year.
+constexpr yearbook::PerMeter<const char*> kSuffixes = {"_GrdGebStrMon.dat", "", "_GrdGebWMon.dat",
+                                                       "_GrdGebAWMon.dat", "_GrdGebGMon.dat"};
+
+}  // namespace
+
 using base::Result;
 
-std::string baseFeePath(const YearSession& session, const FeeVariant& fee) {
-  return base::baseName(session.path()) + "_" + std::string(fee.sideFile);
+std::string baseFeePath(const YearSession& session, Meter meter) {
+  return base::baseName(session.path()) + kSuffixes[meter];
 }
 
 MonthlyFees readBaseFees(base::FileSystem& files, const std::string& path) {
@@ -17,7 +25,8 @@ MonthlyFees readBaseFees(base::FileSystem& files, const std::string& path) {
   if (!bytes) return {};
   const base::RecordReader record(*bytes);
   MonthlyFees fees{};
-  for (std::size_t k = 0; k < fees.size(); ++k) fees[k] = record.number(k).value_or(0);
+  for (int k = 0; k < yearbook::kMonths; ++k)
+    fees[k] = record.number(static_cast<std::size_t>(k)).value_or(0);
   return fees;
 }
 
@@ -35,10 +44,11 @@ std::optional<base::Money> yearFee(const MonthlyFees& fees) {
   return base::Money::tryRoundHalfEven(sum);
 }
 
-Result<void> storeYearFee(YearSession& session, const FeeVariant& fee, const MonthlyFees& fees) {
+Result<void> storeYearFee(YearSession& session, Meter meter, const MonthlyFees& fees) {
   const auto sum = yearFee(fees);
-  if (!sum) return amountTooLarge(yearbook::kZStaende, *fee.yearFee);
-  return session.storeBaseFee(*fee.yearFee, sum);
+  if (!sum)
+    return base::fail(base::ErrorCode::InvalidValue, "die Summe der Grundgebühren ist zu groß");
+  return session.storeBaseFee(meter, sum);
 }
 
 }  // namespace readings

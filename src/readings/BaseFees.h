@@ -3,16 +3,19 @@
 #include <optional>
 #include <string>
 
-#include "readings/Variants.h"
+#include "yearbook/YearSession.h"
 
 // The twelve monthly base fees of a utility. The year keeps their sum, a side file the months; it
 // holds them by position. Euro, without VAT.
 namespace readings {
 
+using yearbook::Meter;
+using yearbook::YearSession;
+
 using MonthlyFees = yearbook::PerMonth<double>;
 
-// Beside the year database, named after it.
-std::string baseFeePath(const YearSession& session, const FeeVariant& fee);
+// Beside the year database, named after it. The night tariff has no base fee.
+std::string baseFeePath(const YearSession& session, Meter meter);
 
 // A month whose number is missing or cannot be read is 0, all are without the file.
 MonthlyFees readBaseFees(base::FileSystem& files, const std::string& path);
@@ -24,7 +27,6 @@ base::Result<void> writeBaseFees(base::FileSystem& files, const std::string& pat
 std::optional<base::Money> yearFee(const MonthlyFees& fees);
 
 // Stores the sum as the year's base fee.
-base::Result<void> storeYearFee(YearSession& session, const FeeVariant& fee,
-                                const MonthlyFees& fees);
+base::Result<void> storeYearFee(YearSession& session, Meter meter, const MonthlyFees& fees);
 
 }  // namespace readings

@@ -6,10 +6,17 @@
 #include "readings/SideFile.h"
 
 namespace readings {
+namespace {
 
-std::string meterChangePath(const YearSession& session, const MeterVariant& meter) {
-  return session.dataFolder() + base::baseName(base::fileName(session.path())) +
-         std::string(meter.sideFile);
+// Behind the name of the year.
+constexpr PerMeter<const char*> kSuffixes = {"_WechselStrom.dat", "_WechselNachtstrom.dat",
+                                             "_WechselWasser.dat", "_WechselAbWasser.dat",
+                                             "_WechselGas.dat"};
+
+}  // namespace
+
+std::string meterChangePath(const YearSession& session, Meter meter) {
+  return session.dataFolder() + base::baseName(base::fileName(session.path())) + kSuffixes[meter];
 }
 
 MeterChange readMeterChange(base::FileSystem& files, const std::string& path) {
@@ -20,7 +27,7 @@ MeterChange readMeterChange(base::FileSystem& files, const std::string& path) {
   const auto newStart = record.number(1);
   if (!position || !newStart) return {};
   for (int row = 0; row <= MeterChange::kNone; ++row)
-    if (*position == row) return {row, *newStart};
+    if (*position == row) return {row, base::toSingle(*newStart)};
   return {};
 }
 

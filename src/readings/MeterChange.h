@@ -2,11 +2,17 @@
 
 #include <string>
 
-#include "readings/Variants.h"
+#include "yearbook/YearSession.h"
 
 // A meter was replaced during the year: in which month, and at which reading the new one began.
 // Kept in a side file per year and meter. It holds the position of the month, not its name.
 namespace readings {
+
+using yearbook::Meter;
+using yearbook::PerMeter;
+using yearbook::PerMonth;
+using yearbook::YearRows;
+using yearbook::YearSession;
 
 struct MeterChange {
   static constexpr int kNone = 12;
@@ -17,7 +23,7 @@ struct MeterChange {
 };
 
 // In the data folder, named after the year.
-std::string meterChangePath(const YearSession& session, const MeterVariant& meter);
+std::string meterChangePath(const YearSession& session, Meter meter);
 
 // No change when the file is missing or holds anything else than a position and a number.
 MeterChange readMeterChange(base::FileSystem& files, const std::string& path);

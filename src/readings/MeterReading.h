@@ -7,7 +7,7 @@ namespace readings {
 
 using base::Money;
 using yearbook::kMonths;
-using yearbook::PerMonth;
+using yearbook::PriceRule;
 
 struct MeterYear {
   PerMonth<double> readings{};  // at the end of each month; 0 = not entered
@@ -17,7 +17,8 @@ struct MeterYear {
   MeterChange change;
 };
 
-struct MeterMonth {
+// What follows for one month.
+struct WorkedMonth {
   bool entered = false;  // else consumption and amount are 0
   double consumption = 0;
   std::optional<Money> amount = Money();  // nullopt: larger than an amount can be
@@ -27,17 +28,17 @@ struct MeterMonth {
 // Each entered reading minus the one entered before it, the first one minus the start reading, and
 // the one directly after a meter change minus the new meter's start reading. A month left at 0 is
 // skipped; a lower reading gives a negative consumption. Gas with a factor of 0 costs nothing.
-PerMonth<MeterMonth> workOut(PriceRule rule, const MeterYear& year);
+PerMonth<WorkedMonth> workOut(PriceRule rule, const MeterYear& year);
 
 // The stored year of a meter, with another change or other readings put in by the caller.
-MeterYear meterYear(const YearSession& session, const MeterVariant& meter);
+MeterYear meterYear(const YearSession& session, Meter meter);
 
-// Stores the readings, works out the year and stores consumptions and amounts, their copy for the
-// charts and the summary: one transaction. InvalidValue when a value is larger than its field.
-base::Result<void> takeOver(YearSession& session, const MeterVariant& meter,
-                            const PerMonth<double>& readings, const MeterChange& change);
+// Stores the readings, works out the year and stores consumptions and amounts: one transaction.
+// InvalidValue when a value is larger than its field.
+base::Result<void> takeOver(YearSession& session, Meter meter, const PerMonth<double>& readings,
+                            const MeterChange& change);
 
 // Sets consumptions and amounts to 0. The stored readings stay until the next take over.
-base::Result<void> deleteConsumptions(YearSession& session, const MeterVariant& meter);
+base::Result<void> deleteConsumptions(YearSession& session, Meter meter);
 
 }  // namespace readings

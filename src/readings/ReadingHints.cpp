@@ -9,22 +9,22 @@ constexpr double kUnusualTimes = 3;
 constexpr int kMonthsToCompare = 2;
 
 // Per month; the consumption after a gap counts for all the months that it covers.
-double rate(const MeterMonth& month) {
+double rate(const WorkedMonth& month) {
   return month.entered ? month.consumption / month.months : 0;
 }
 
 // The nearest month with a consumption before (step -1) or after (step 1), else 0.
-double neighbour(const PerMonth<MeterMonth>& months, int from, int step) {
+double neighbour(const PerMonth<WorkedMonth>& months, int from, int step) {
   for (int k = from + step; k >= 0 && k < kMonths; k += step)
-    if (const double found = rate(months[static_cast<std::size_t>(k)]); found > 0) return found;
+    if (const double found = rate(months[k]); found > 0) return found;
   return 0;
 }
 
-std::optional<double> usual(const PerMonth<MeterMonth>& months, int position) {
+std::optional<double> usual(const PerMonth<WorkedMonth>& months, int position) {
   double sum = 0;
   int count = 0;
   for (int k = 0; k < kMonths; ++k) {
-    const double other = rate(months[static_cast<std::size_t>(k)]);
+    const double other = rate(months[k]);
     if (k == position || other <= 0) continue;
     sum += other;
     ++count;
@@ -37,11 +37,11 @@ std::optional<double> usual(const PerMonth<MeterMonth>& months, int position) {
 
 PerMonth<ReadingHint> readingHints(const MeterYear& year) {
   // Which rule prices the month does not matter here.
-  const PerMonth<MeterMonth> months = workOut(PriceRule::CentPerUnit, year);
+  const PerMonth<WorkedMonth> months = workOut(PriceRule::CentPerUnit, year);
   PerMonth<ReadingHint> hints;
   for (int k = 0; k < kMonths; ++k) {
-    const MeterMonth& month = months[static_cast<std::size_t>(k)];
-    ReadingHint& hint = hints[static_cast<std::size_t>(k)];
+    const WorkedMonth& month = months[k];
+    ReadingHint& hint = hints[k];
     hint.entered = month.entered;
     hint.consumption = month.consumption;
     if (!month.entered) continue;

@@ -14,19 +14,18 @@ constexpr int kNarrowest = 1300;
 // Not navy: HTML pages show that in the colour of scroll bars.
 constexpr CellColor kHeadingBlue = rgb(0, 0, 112);
 
-struct MeterTexts {
-  const char* name;
+struct BlockHeadings {
   const char* consumption;
   const char* unitPrice;
 };
 
-constexpr std::array<MeterTexts, kMeterCount> kTexts = {{
-    {"Strom", "Verbrauch in kWh", "Cent Je Einheit"},
-    {"Nachtstrom", "Verbrauch in kWh", "Cent Je Einheit"},
-    {"Wasser", "Verbrauch in m³", "Euro Je m³"},
-    {"Abwasser", "Verbrauch in m³", "Euro Je m³"},
-    {"Gas", "Verbrauch in kWs", "Cent Je kWs"},
-}};
+constexpr PerMeter<BlockHeadings> kHeadings = {{{
+    {"Verbrauch in kWh", "Cent Je Einheit"},
+    {"Verbrauch in kWh", "Cent Je Einheit"},
+    {"Verbrauch in m³", "Euro Je m³"},
+    {"Verbrauch in m³", "Euro Je m³"},
+    {"Verbrauch in kWs", "Cent Je kWs"},
+}}};
 
 // One line's three amounts.
 struct Amounts {
@@ -42,7 +41,7 @@ struct Amounts {
 Amounts amountsOf(Money net, std::optional<double> vatPercent) {
   Amounts line;
   line.net = net;
-  line.vat = Money::roundHalfEven(net.toDouble() / 100 * vatPercent.value_or(0));
+  line.vat = yearbook::vatOn(net, vatPercent.value_or(0));
   line.gross = line.net + line.vat;
   return line;
 }
@@ -66,8 +65,8 @@ class Builder {
   void block(Meter which) {
     addRow();  // the empty row before the block
     const int heading = addRow();
-    headings(kTexts[static_cast<std::size_t>(which)], heading);
-    const DetailMeter& meter = in_.meter(which);
+    headings(which, heading);
+    const DetailMeter& meter = in_.meters[which];
 
     double consumption = 0;
     Amounts total;
@@ -95,9 +94,13 @@ class Builder {
     return row_ = grid_.rows() - 1;
   }
 
-  void headings(const MeterTexts& texts, int row) {
-    const std::array<const char*, kColumns> captions = {
-        texts.name, texts.consumption, texts.unitPrice, "Netto", "MwSt", "Brutto"};
+  void headings(Meter which, int row) {
+    const std::array<std::string, kColumns> captions = {std::string(factsOf(which).name),
+                                                        kHeadings[which].consumption,
+                                                        kHeadings[which].unitPrice,
+                                                        "Netto",
+                                                        "MwSt",
+                                                        "Brutto"};
     for (int column = 0; column < kColumns; ++column) {
       Cell& cell = grid_.cell(row, column);
       cell.value = captions[static_cast<std::size_t>(column)];
@@ -121,9 +124,9 @@ class Builder {
 
   // The free kWh come off with their value; the block's sums then are those beyond them.
   Amounts flatRateRows(double consumption, const Amounts& total, std::optional<double> vatPercent) {
-    const double freeKwh = in_.freeKwh.value_or(0);
-    if (!in_.flatRate || freeKwh <= 0) return total;
-    const double value = freeKwh * in_.dayPrice.value_or(0) / 100;
+    if (!in_.flatRate.hasBlock()) return total;
+    const double freeKwh = *in_.flatRate.freeKwh;
+    const double value = in_.flatRate.freeValue();
     addRow();
     line("Pauschale", -freeKwh, amountsOf(Money::roundHalfEven(-value), vatPercent));
     const Amounts beyond =
@@ -172,8 +175,8 @@ class Builder {
 Grid buildDetailTable(const DetailInput& input, const MeterChoice& ticked,
                       const TextWidth& measure) {
   Builder builder(input, measure);
-  for (std::size_t meter = 0; meter < kMeterCount; ++meter)
-    if (ticked[meter]) builder.block(static_cast<Meter>(meter));
+  for (Meter meter : yearbook::kMeters)
+    if (ticked[meter]) builder.block(meter);
   return builder.finish();
 }
 

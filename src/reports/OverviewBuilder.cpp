@@ -3,6 +3,7 @@
 #include <algorithm>
 #include <cmath>
 
+#include "base/GermanNumber.h"
 #include "base/Paths.h"
 #include "reports/GridStyle.h"
 
@@ -10,16 +11,13 @@ namespace reports {
 namespace {
 
 using base::Money;
+using yearbook::orZero;
 using OptionalMoney = std::optional<Money>;
 
 constexpr int kTotalWidth = 9400;
-constexpr std::array<int, 3> kLabelColumns = {0, 3, 6};
-constexpr std::array<int, 3> kAmountColumns = {1, 4, 7};
+constexpr PerUtility<int> kLabelColumns = {0, 3, 6};
+constexpr PerUtility<int> kAmountColumns = {1, 4, 7};
 constexpr std::array<int, 2> kSpacerColumns = {2, 5};
-
-Money orZero(const OptionalMoney& amount) {
-  return amount.value_or(Money());
-}
 
 // Adds what is there; nothing there gives nothing.
 OptionalMoney sumOf(const OptionalMoney& a, const OptionalMoney& b) {
@@ -29,7 +27,7 @@ OptionalMoney sumOf(const OptionalMoney& a, const OptionalMoney& b) {
 
 OptionalMoney vatOn(Money net, const EnteredNumber& rate) {
   if (!rate.value) return std::nullopt;
-  return Money::roundHalfEven(net.toDouble() / 100 * *rate.value);
+  return yearbook::vatOn(net, *rate.value);
 }
 
 void finish(UtilityTotals& totals, const OptionalMoney& advance) {
@@ -39,21 +37,18 @@ void finish(UtilityTotals& totals, const OptionalMoney& advance) {
 
 void setElectricity(const OverviewInput& in, OverviewTotals& totals) {
   Money months;
-  for (const MonthAmount& row : in.electricity) months += orZero(row.amount);
-  Money charged = orZero(in.dayAmount) + orZero(in.nightAmount);
-
-  totals.flatRateApplies = in.flatRate && in.freeKwh.value.value_or(0) > 0;
-  if (totals.flatRateApplies) {
-    const double value = *in.freeKwh.value * in.dayPrice.value_or(0) / 100;
-    if (in.dayPrice) totals.freeValue = Money::roundHalfEven(value);
+  for (const MonthAmount& row : in.months[Utility::Electricity]) months += orZero(row.amount);
+  Money charged = orZero(in.amounts[Meter::Day]) + orZero(in.amounts[Meter::Night]);
+  if (in.flatRate.hasBlock()) {
+    const double value = in.flatRate.freeValue();
+    if (in.flatRate.dayPrice) totals.freeValue = Money::roundHalfEven(value);
     totals.extraConsumption = Money::roundHalfEven(months.toDouble() - value);
     charged = totals.extraConsumption;
   }
-  UtilityTotals& electricity = totals.electricity;
+  UtilityTotals& electricity = totals[Utility::Electricity];
   electricity.amount = months;
-  electricity.net = charged + orZero(in.baseFeeElectricity);
-  electricity.vat = vatOn(electricity.net, in.vatElectricity);
-  finish(electricity, in.advanceElectricity);
+  electricity.net = charged + orZero(in.baseFees[Meter::Day]);
+  electricity.vat = vatOn(electricity.net, in.vat[Meter::Day]);
 }
 
 // Writes the rows from top to bottom; each step knows how far it is from the one before.
@@ -67,7 +62,7 @@ class Builder {
     headings();
     months();
     consumptionSums();
-    if (totals_.flatRateApplies) flatRateBlock();
+    if (in_.flatRate.hasBlock()) flatRateBlock();
     baseFees();
     netSums();
     vat();
@@ -96,10 +91,10 @@ class Builder {
                      base::baseName(in_.yearFileName),
                  12);
     writeHeading(grid_, 1, "Jahresübersicht alle Beträge in Euro", 12);
-    const std::array<const char*, 3> names = {"Strom", "Wasser", "Gas"};
-    for (std::size_t k = 0; k < names.size(); ++k) {
-      grid_.cell(2, kLabelColumns[k]).value = names[k];
-      grid_.cell(2, kAmountColumns[k]).value = names[k];
+    for (Utility utility : yearbook::kUtilities) {
+      const std::string name(factsOf(utility).name);
+      grid_.cell(2, kLabelColumns[utility]).value = name;
+      grid_.cell(2, kAmountColumns[utility]).value = name;
     }
     for (int column = 0; column < grid_.columns(); ++column) {
       Cell& cell = grid_.cell(2, column);
@@ -112,13 +107,12 @@ class Builder {
   }
 
   void months() {
-    for (std::size_t i = 0; i < in_.electricity.size(); ++i) {
-      row_ = 3 + static_cast<int>(i);
-      const std::array<const MonthAmount*, 3> rows = {&in_.electricity[i], &in_.water[i],
-                                                      &in_.gas[i]};
-      for (std::size_t k = 0; k < rows.size(); ++k) {
-        grid_.cell(row_, kLabelColumns[k]).value = rows[k]->month;
-        amount(kAmountColumns[k], rows[k]->amount);
+    for (int i = 0; i < yearbook::kMonths; ++i) {
+      row_ = 3 + i;
+      for (Utility utility : yearbook::kUtilities) {
+        const MonthAmount& month = in_.months[utility][i];
+        grid_.cell(row_, kLabelColumns[utility]).value = month.month;
+        amount(kAmountColumns[utility], month.amount);
       }
     }
   }
@@ -126,14 +120,14 @@ class Builder {
   void consumptionSums() {
     row_ += 2;
     labels("Summe", "Summe", "Summe");
-    amounts(totals_.electricity.amount, totals_.water.amount, totals_.gas.amount);
+    amounts(&UtilityTotals::amount);
     markSumRow(grid_, row_);
   }
 
   void flatRateBlock() {
     grid_.appendRows(2);
     ++row_;
-    grid_.cell(row_, 0).value = "Pauschal " + in_.freeKwh.text + " kWh";
+    grid_.cell(row_, 0).value = "Pauschal " + base::formatShort(*in_.flatRate.freeKwh) + " kWh";
     if (totals_.freeValue) amount(1, -*totals_.freeValue);
     ++row_;
     grid_.cell(row_, 0).value = "Mehrverbrauch ist";
@@ -143,48 +137,50 @@ class Builder {
   void baseFees() {
     row_ += 2;
     labels("Grundgebühr", "Grundg. Wasser", "Grundgebühr");
-    amounts(in_.baseFeeElectricity, in_.baseFeeWater, in_.baseFeeGas);
+    for (Meter meter : {Meter::Day, Meter::Water, Meter::Gas})
+      amount(kAmountColumns[utilityOf(meter)], in_.baseFees[meter]);
     ++row_;
     labels(" ", "Grundg. Abwasser", " ");
     grid_.cell(row_, 1).value = " ";
-    amount(4, in_.baseFeeWasteWater);
+    amount(4, in_.baseFees[Meter::WasteWater]);
     grid_.cell(row_, 7).value = " ";
   }
 
   void netSums() {
     row_ += 2;
     labels("Summe", "Summe", "Summe");
-    amounts(totals_.electricity.net, totals_.water.net, totals_.gas.net);
+    amounts(&UtilityTotals::net);
     markSumRow(grid_, row_);
   }
 
   void vat() {
     row_ += 2;
-    labels(in_.vatElectricity.text + "% MwSt Strom", in_.vatWater.text + "% MwSt Wasser",
-           in_.vatGas.text + "% MwSt Gas");
-    amounts(totals_.electricity.vat, totals_.water.vat, totals_.gas.vat);
+    labels(in_.vat[Meter::Day].text + "% MwSt Strom", in_.vat[Meter::Water].text + "% MwSt Wasser",
+           in_.vat[Meter::Gas].text + "% MwSt Gas");
+    amounts(&UtilityTotals::vat);
     ++row_;
-    labels(" ", in_.vatWasteWater.text + "% MwSt Abwasser", " ");
-    amount(4, totals_.water.wasteWaterVat);
+    labels(" ", in_.vat[Meter::WasteWater].text + "% MwSt Abwasser", " ");
+    amount(4, totals_[Utility::Water].wasteWaterVat);
   }
 
   void grossSums() {
     row_ += 2;
     labels("Summe", "Summe", "Summe");
-    amounts(totals_.electricity.gross, totals_.water.gross, totals_.gas.gross);
+    amounts(&UtilityTotals::gross);
     markSumRow(grid_, row_);
   }
 
   void advances() {
     row_ += 2;
     labels("Abschläge", "Abschläge", "Abschläge");
-    amounts(in_.advanceElectricity, in_.advanceWater, in_.advanceGas);
+    for (Utility utility : yearbook::kUtilities)
+      amount(kAmountColumns[utility], in_.advances[utility]);
   }
 
   void balances() {
     row_ += 2;
     labels("Saldo Strom", "Saldo Wasser", "Saldo Gas");
-    amounts(totals_.electricity.balance, totals_.water.balance, totals_.gas.balance);
+    amounts(&UtilityTotals::balance);
     markBalanceRow(grid_, row_);
   }
 
@@ -197,18 +193,18 @@ class Builder {
   }
 
   void labels(const std::string& electricity, const std::string& water, const std::string& gas) {
-    const std::array<const std::string*, 3> texts = {&electricity, &water, &gas};
-    for (std::size_t k = 0; k < texts.size(); ++k) {
-      Cell& cell = grid_.cell(row_, kLabelColumns[k]);
-      cell.value = *texts[k];
+    const PerUtility<std::string> texts = {electricity, water, gas};
+    for (Utility utility : yearbook::kUtilities) {
+      Cell& cell = grid_.cell(row_, kLabelColumns[utility]);
+      cell.value = texts[utility];
       cell.bold = true;
     }
   }
 
-  void amounts(OptionalMoney electricity, OptionalMoney water, OptionalMoney gas) {
-    amount(kAmountColumns[0], electricity);
-    amount(kAmountColumns[1], water);
-    amount(kAmountColumns[2], gas);
+  template <class Amount>
+  void amounts(Amount UtilityTotals::*figure) {
+    for (Utility utility : yearbook::kUtilities)
+      amount(kAmountColumns[utility], totals_[utility].*figure);
   }
 
   void amount(int column, OptionalMoney value) {
@@ -228,20 +224,21 @@ OverviewTotals overviewTotals(const OverviewInput& in) {
   OverviewTotals totals;
   setElectricity(in, totals);
 
-  UtilityTotals& water = totals.water;
-  water.amount = sumOf(in.waterAmount, in.wasteWaterAmount);
-  water.net = orZero(water.amount) + orZero(in.baseFeeWater) + orZero(in.baseFeeWasteWater);
   // Water and waste water are taxed apart, each with its base fee at its own rate.
-  water.vat = vatOn(orZero(in.waterAmount) + orZero(in.baseFeeWater), in.vatWater);
-  water.wasteWaterVat =
-      vatOn(orZero(in.wasteWaterAmount) + orZero(in.baseFeeWasteWater), in.vatWasteWater);
-  finish(water, in.advanceWater);
+  const auto net = [&](Meter meter) {
+    return orZero(in.amounts[meter]) + orZero(in.baseFees[meter]);
+  };
+  UtilityTotals& water = totals[Utility::Water];
+  water.amount = sumOf(in.amounts[Meter::Water], in.amounts[Meter::WasteWater]);
+  water.net = net(Meter::Water) + net(Meter::WasteWater);
+  water.vat = vatOn(net(Meter::Water), in.vat[Meter::Water]);
+  water.wasteWaterVat = vatOn(net(Meter::WasteWater), in.vat[Meter::WasteWater]);
 
-  UtilityTotals& gas = totals.gas;
-  gas.amount = in.gasAmount;
-  gas.net = orZero(in.gasAmount) + orZero(in.baseFeeGas);
-  gas.vat = vatOn(gas.net, in.vatGas);
-  finish(gas, in.advanceGas);
+  UtilityTotals& gas = totals[Utility::Gas];
+  gas.amount = in.amounts[Meter::Gas];
+  gas.net = net(Meter::Gas);
+  gas.vat = vatOn(gas.net, in.vat[Meter::Gas]);
+  for (Utility utility : yearbook::kUtilities) finish(totals[utility], in.advances[utility]);
   return totals;
 }
 

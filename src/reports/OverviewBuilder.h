@@ -1,14 +1,19 @@
 #pragma once
 
-#include <array>
 #include <optional>
 #include <string>
 
-#include "base/Money.h"
 #include "reports/Grid.h"
+#include "yearbook/Bill.h"
 
 // The year's bill of all three utilities side by side.
 namespace reports {
+
+using yearbook::Meter;
+using yearbook::PerMeter;
+using yearbook::PerMonth;
+using yearbook::PerUtility;
+using yearbook::Utility;
 
 // A number as it was typed and what it means; an empty field has neither.
 struct EnteredNumber {
@@ -29,21 +34,15 @@ struct OverviewInput {
   int currentYear = 0;
   int currentMonth = 1;
 
-  std::array<MonthAmount, 12> electricity;  // PGesammt
-  std::array<MonthAmount, 12> water;        // PGesammtW
-  std::array<MonthAmount, 12> gas;          // PGas
-
-  std::optional<base::Money> dayAmount, nightAmount, waterAmount, wasteWaterAmount, gasAmount;
-  std::optional<base::Money> baseFeeElectricity, baseFeeWater, baseFeeWasteWater, baseFeeGas;
-  EnteredNumber vatElectricity, vatWater, vatWasteWater, vatGas;  // percent
-  std::optional<base::Money> advanceElectricity, advanceWater, advanceGas;
-
-  bool flatRate = false;
-  EnteredNumber freeKwh;           // kWh in the year
-  std::optional<double> dayPrice;  // cent per kWh
+  PerUtility<PerMonth<MonthAmount>> months;  // PGesammt, PGesammtW, PGas
+  PerMeter<std::optional<base::Money>> amounts;
+  PerMeter<std::optional<base::Money>> baseFees;
+  PerMeter<EnteredNumber> vat;  // percent
+  PerUtility<std::optional<base::Money>> advances;
+  yearbook::FlatRate flatRate;
 
   // Months that have a reading or a consumption, for the monthly payment that would have fitted.
-  int monthsReadElectricity = 0, monthsReadWater = 0, monthsReadGas = 0;
+  PerUtility<int> monthsRead{};
 };
 
 struct UtilityTotals {
@@ -55,9 +54,7 @@ struct UtilityTotals {
   base::Money balance;  // gross less advance payments; positive: to be paid
 };
 
-struct OverviewTotals {
-  UtilityTotals electricity, water, gas;
-  bool flatRateApplies = false;
+struct OverviewTotals : PerUtility<UtilityTotals> {
   std::optional<base::Money> freeValue;  // of the free kWh
   base::Money extraConsumption;          // the months' sum less that value; may be negative
 };

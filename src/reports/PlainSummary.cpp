@@ -21,9 +21,11 @@ std::string sentence(const std::string& name, const UtilityTotals& totals, int m
 
 std::vector<std::string> plainSummary(const OverviewInput& input) {
   const OverviewTotals totals = overviewTotals(input);
-  return {sentence("Strom", totals.electricity, input.monthsReadElectricity),
-          sentence("Wasser", totals.water, input.monthsReadWater),
-          sentence("Gas", totals.gas, input.monthsReadGas)};
+  std::vector<std::string> sentences;
+  for (Utility utility : yearbook::kUtilities)
+    sentences.push_back(
+        sentence(std::string(factsOf(utility).name), totals[utility], input.monthsRead[utility]));
+  return sentences;
 }
 
 }  // namespace reports

@@ -1,10 +1,9 @@
 #pragma once
 
-#include <array>
 #include <optional>
 
 #include "base/Money.h"
-#include "yearbook/Schema.h"
+#include "yearbook/Meter.h"
 
 // The bill of one year: rows and settings in, totals out. Pure functions.
 //
@@ -14,90 +13,73 @@
 namespace yearbook {
 
 using base::Money;
-template <class T>
-using PerMonth = std::array<T, kMonths>;
 
 double orZero(std::optional<double> value);
 Money orZero(std::optional<Money> value);
 
-// --- price rules ---
-Money priceInCent(double consumption, double centPerUnit);  // electricity
-Money priceInEuro(double consumption, double euroPerUnit);  // water, waste water
-Money priceOfGas(double cubicMetres, double factor, double centPerKwh);
-Money vatOn(Money net, double percent);  // net / 100 * percent
+// --- rules ---
 
-// --- one meter over twelve months ---
-struct MeterMonth {
+// What a consumption costs at a unit price; nullopt when it is more than an amount can be. The
+// factor turns m³ of gas into kWh, the other rules have no use for it.
+std::optional<Money> priceOf(PriceRule rule, double consumption, double unitPrice, double factor);
+Money vatOn(Money net, double percent);    // net / 100 * percent
+Money grossOf(Money net, double percent);  // net / 100 * (100 + percent), rounded once
+
+// A contract in which some kWh of the day tariff are part of the base fee. Only what goes beyond
+// them is charged, at the one price of the main window.
+struct FlatRate {
+  bool on = false;
+  std::optional<double> freeKwh;   // in the year
+  std::optional<double> dayPrice;  // cent per kWh
+
+  // The year's day amount is worked out anew. Free kWh below 0 count as consumption.
+  bool applies() const { return on && orZero(freeKwh) != 0; }
+  // The tables show the free kWh as a block of their own.
+  bool hasBlock() const { return on && orZero(freeKwh) > 0; }
+  // What the free kWh are worth, in euro.
+  double freeValue() const { return orZero(freeKwh) * orZero(dayPrice) / 100; }
+  // Consumption equal to the free kWh costs nothing, less does not either.
+  Money amountBeyond(double consumption) const;
+};
+
+// --- the bill ---
+
+// One row of a meter, as stored.
+struct MeterRow {
   std::optional<double> reading;
   std::optional<double> consumption;
   std::optional<Money> amount;
 };
 
-struct MeterTotals {
-  double endReading = 0;  // the last reading above 0, else the start reading
-  double consumption = 0;
-  Money amount;
-};
-MeterTotals sumMeter(const PerMonth<MeterMonth>& months, std::optional<double> startReading);
-
-// --- electricity ---
-struct ElectricityInput {
-  PerMonth<MeterMonth> day;
-  PerMonth<MeterMonth> night;
-  std::optional<double> startDay;
-  std::optional<double> startNight;
+struct MeterInput {
+  PerMonth<MeterRow> months;
+  std::optional<double> startReading;
   std::optional<double> vat;
-  std::optional<double> dayPrice;  // cent per kWh, for consumption beyond the free kWh
-  std::optional<double> freeKwh;
-  bool flatRate = false;
+  std::optional<Money> baseFee;
 };
 
-struct ElectricityTotals {
-  MeterTotals day;    // amount: after deduction of free kWh in flat-rate mode
-  MeterTotals night;  // no free kWh here
-  Money dayVat, nightVat;
-  Money dayGross, nightGross;
-  Money gross;
-  PerMonth<Money> monthAmounts;  // day + night, as stored in PGesammt
-};
-ElectricityTotals summarizeElectricity(const ElectricityInput& input);
-
-// --- water and waste water ---
-struct WaterInput {
-  PerMonth<MeterMonth> water;
-  PerMonth<MeterMonth> wasteWater;
-  std::optional<double> startWater;
-  std::optional<double> startWasteWater;
-  std::optional<double> vatWater;
-  std::optional<double> vatWasteWater;
-  std::optional<Money> baseFeeWater;
-  std::optional<Money> baseFeeWasteWater;
+struct BillInput {
+  PerMeter<MeterInput> meters;
+  FlatRate flatRate;
+  std::optional<double> gasFactor;
 };
 
-struct WaterTotals {
-  MeterTotals water, wasteWater;
-  Money waterVat, wasteWaterVat;
-  Money waterGross, wasteWaterGross;
-  Money gross;
-  Money baseFeeWaterVat, baseFeeWasteWaterVat;
-  PerMonth<Money> monthAmounts;  // water + waste water, as stored in PGesammtW
-};
-WaterTotals summarizeWater(const WaterInput& input);
-
-// --- gas ---
-struct GasInput {
-  PerMonth<MeterMonth> gas;
-  std::optional<double> start;
-  std::optional<double> factor;
-  std::optional<double> vat;
-};
-
-struct GasTotals {
-  MeterTotals gas;  // consumption in m³
-  double kwh = 0;
+struct MeterBill {
+  double endReading = 0;   // the last reading above 0, else the start reading
+  double consumption = 0;  // gas in m³
+  Money amount;            // net; of the day tariff after deduction of free kWh
   Money vat;
   Money gross;
+  Money baseFeeVat;
 };
-GasTotals summarizeGas(const GasInput& input);
+
+struct Bill {
+  PerMeter<MeterBill> meters;
+  PerUtility<Money> gross;  // without base fees
+  double gasKwh = 0;
+};
+// Electricity, and water with waste water, are taxed and summed up once one of their two meters
+// has an amount above 0; gas always is.
+Bill billOf(const BillInput& input);
 
 }  // namespace yearbook

@@ -3,62 +3,41 @@
 namespace yearbook {
 namespace {
 
-constexpr std::array kStromMonth = {
-    &strom::advance,     &strom::dayReading,     &strom::nightReading,     &strom::dayAmount,
-    &strom::nightAmount, &strom::dayConsumption, &strom::nightConsumption, &strom::nightPrice,
-    &strom::dayPrice,    &strom::monthAmount};
-constexpr std::array kStromSettings = {&zstaende::startDay, &zstaende::startNight,
-                                       &zstaende::baseFeeElectricity, &zstaende::vatElectricity};
-constexpr std::array kWasserMonth = {
-    &wasser::advance,          &wasser::reading,     &wasser::wasteReading,
-    &wasser::amount,           &wasser::wasteAmount, &wasser::consumption,
-    &wasser::wasteConsumption, &wasser::price,       &wasser::wastePrice};
-constexpr std::array kWasserSettings = {&zstaende::startWater, &zstaende::baseFeeWater,
-                                        &zstaende::vatWater};
-constexpr std::array kGasMonth = {&gas::advance, &gas::reading, &gas::amount, &gas::consumption,
-                                  &gas::price};
-constexpr std::array kGasSettings = {&zstaende::startGas, &zstaende::baseFeeGas,
-                                     &zstaende::gasFactor, &zstaende::vatGas};
-
-const Clearing kStromClearing{kStromMonth, kStromSettings};
-const Clearing kWasserClearing{kWasserMonth, kWasserSettings};
-const Clearing kGasClearing{kGasMonth, kGasSettings};
+std::vector<const Field*> settingsOf(Meter meter) {
+  const MeterFacts& facts = factsOf(meter);
+  std::vector<const Field*> settings = {facts.startReading, facts.vat};
+  if (facts.baseFee) settings.push_back(facts.baseFee);
+  if (meter == Meter::Gas) settings.push_back(&zstaende::gasFactor);
+  return settings;
+}
 
 }  // namespace
 
-const Clearing& clearingOf(Utility utility) {
-  switch (utility) {
-    case Utility::Water:
-      return kWasserClearing;
-    case Utility::Gas:
-      return kGasClearing;
-    case Utility::Electricity:
-      break;
+base::Result<void> clearUtility(YearRows& rows, Utility utility) {
+  std::vector<const Field*> months = {factsOf(utility).advance};
+  std::vector<const Field*> settings;
+  for (Meter meter : metersOf(utility)) {
+    const MeterFacts& facts = factsOf(meter);
+    months.insert(months.end(), {facts.reading, facts.consumption, facts.amount, facts.price});
+    if (meter == Meter::WasteWater) continue;
+    for (const Field* field : settingsOf(meter)) settings.push_back(field);
   }
-  return kStromClearing;
+  for (int i = 0; i < kMonths; ++i)
+    for (const Field* field : months)
+      if (auto done = rows.of(utility).setNumber(i, *field, 0); !done) return done;
+  for (const Field* field : settings)
+    if (auto done = rows.adoZStaende.setNumber(0, *field, 0); !done) return done;
+  return {};
 }
 
-void emptyFields(FieldValues& values, Utility utility) {
-  switch (utility) {
-    case Utility::Electricity:
-      values.startDay = values.startNight = values.dayPrice = values.nightPrice = std::nullopt;
-      values.vatElectricity = std::nullopt;
-      values.baseFeeElectricity = std::nullopt;
-      break;
-    case Utility::Water:
-      values.startWater = values.startWasteWater = std::nullopt;
-      values.waterPrice = values.wasteWaterPrice = std::nullopt;
-      values.vatWater = values.vatWasteWater = std::nullopt;
-      values.baseFeeWater = values.baseFeeWasteWater = std::nullopt;
-      break;
-    case Utility::Gas:
-      values.startGas = values.gasPrice = values.gasFactor = values.vatGas = std::nullopt;
-      values.baseFeeGas = std::nullopt;
-      break;
+std::vector<Cell> emptiedByClearing(Utility utility) {
+  std::vector<Cell> cells;
+  for (Meter meter : metersOf(utility)) {
+    for (const Field* field : settingsOf(meter)) cells.push_back({field, 0});
+    cells.push_back({factsOf(meter).price, kPriceRow});
   }
-  values.advances[at(utility)].fill(std::nullopt);
-  values.consumptions[at(utility)].fill({});
-  values.cleared[at(utility)] = true;
+  for (int i = 0; i < kMonths; ++i) cells.push_back({factsOf(utility).advance, i});
+  return cells;
 }
 
 }  // namespace yearbook

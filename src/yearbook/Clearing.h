@@ -1,20 +1,16 @@
 #pragma once
 
-#include <span>
+#include <vector>
 
-#include "yearbook/FieldValues.h"
+#include "yearbook/YearRows.h"
 
 namespace yearbook {
 
-// Which columns "Alle Werte löschen" sets to 0. Month names and remarks stay, and so do the
-// settings of waste water, of the flat rate and of the display.
-struct Clearing {
-  std::span<const Field* const> monthFields;
-  std::span<const Field* const> settings;
-};
-const Clearing& clearingOf(Utility utility);
+// "Alle Werte löschen" for one utility: its data columns and its settings become 0. Month names and
+// remarks stay, and so do the settings of waste water, of the flat rate and of the display.
+base::Result<void> clearUtility(YearRows& rows, Utility utility);
 
-// Shows the utility's fields empty, waste water with water.
-void emptyFields(FieldValues& values, Utility utility);
+// The cells whose fields are shown empty afterwards, those of waste water with those of water.
+std::vector<Cell> emptiedByClearing(Utility utility);
 
 }  // namespace yearbook

@@ -29,6 +29,11 @@ std::string_view acceptedBy(EntryKind kind) {
 
 }  // namespace
 
+EntryKind wholeUnitsOf(Meter meter) {
+  return utilityOf(meter) == Utility::Electricity ? EntryKind::WholeKwh
+                                                  : EntryKind::WholeCubicMetres;
+}
+
 FilteredEntry filterEntry(EntryKind kind, std::string_view utf8) {
   FilteredEntry result;
   for (const char c : utf8) {

@@ -4,6 +4,8 @@
 #include <string>
 #include <string_view>
 
+#include "yearbook/Meter.h"
+
 // What the typed fields of the main window accept and how they show their values.
 namespace yearbook {
 
@@ -16,6 +18,9 @@ enum class EntryKind {
   Factor,            // kWh per m³
   Date,
 };
+
+// How the readings of a meter are typed.
+EntryKind wholeUnitsOf(Meter meter);
 
 // Of what is typed, pasted or dropped: the characters that may stand in the field, and whether a
 // comma was among the refused ones that deserves a box.

@@ -8,27 +8,9 @@
 namespace yearbook {
 namespace {
 
-MeterTexts meterTexts(const MeterTotals& meter, Money vat, Money gross) {
-  return {readingText(meter.endReading), readingText(meter.consumption), formatMoney(meter.amount),
-          formatMoney(vat), formatMoney(gross)};
-}
-
-double consumptionOf(const FieldValues& values, Utility utility) {
-  switch (utility) {
-    case Utility::Water:
-      return values.water.water.consumption;
-    case Utility::Gas:
-      return values.gas.gas.consumption;
-    case Utility::Electricity:
-      break;
-  }
-  return values.electricity.day.consumption;
-}
-
-PerMonth<double> sharesOf(const PerMonth<std::string>& consumptions) {
+PerMonth<double> sharesOf(const PerMonth<std::optional<double>>& consumptions) {
   PerMonth<double> shares{};
-  for (std::size_t i = 0; i < shares.size(); ++i)
-    shares[i] = std::max(0.0, orZero(base::parseNumber(consumptions[i])));
+  for (int i = 0; i < kMonths; ++i) shares[i] = std::max(0.0, orZero(consumptions[i]));
   const double highest = *std::max_element(shares.begin(), shares.end());
   if (highest > 0)
     for (double& share : shares) share /= highest;
@@ -49,49 +31,45 @@ std::string priceText(std::optional<double> value) {
   return shortest.size() > padded.size() ? shortest : padded;
 }
 
-std::string_view grossNote() {
-  return "Verbrauch mit MwSt, ohne Grundgebühr";
+MeterLines meterLines(const FieldValues& values, Meter meter) {
+  if (values.cleared[utilityOf(meter)]) return {};
+  const MeterBill& bill = values.bill.meters[meter];
+  return {readingText(bill.endReading), readingText(bill.consumption),
+          formatMoney(bill.amount),     formatMoney(bill.vat),
+          formatMoney(bill.gross),      formatMoney(bill.baseFeeVat)};
 }
 
-ElectricityTexts electricityTexts(const FieldValues& values) {
-  ElectricityTexts texts;
-  texts.grossNote = grossNote();
-  if (values.cleared[at(Utility::Electricity)]) return texts;
-  const ElectricityTotals& totals = values.electricity;
-  texts.day = meterTexts(totals.day, totals.dayVat, totals.dayGross);
-  texts.night = meterTexts(totals.night, totals.nightVat, totals.nightGross);
-  texts.gross = formatMoney(totals.gross);
-  if (!values.nightShown && totals.nightGross != Money())
-    texts.grossNote += "; darin " + texts.night.gross + " Euro Nachtstrom (ausgeblendet)";
-  return texts;
+std::string grossText(const FieldValues& values, Utility utility) {
+  return values.cleared[utility] ? std::string() : formatMoney(values.bill.gross[utility]);
 }
 
-WaterTexts waterTexts(const FieldValues& values) {
-  if (values.cleared[at(Utility::Water)]) return {};
-  const WaterTotals& totals = values.water;
-  return {meterTexts(totals.water, totals.waterVat, totals.waterGross),
-          meterTexts(totals.wasteWater, totals.wasteWaterVat, totals.wasteWaterGross),
-          formatMoney(totals.gross), formatMoney(totals.baseFeeWaterVat),
-          formatMoney(totals.baseFeeWasteWaterVat)};
+std::string grossNote(const FieldValues& values, Utility utility) {
+  std::string note = "Verbrauch mit MwSt, ohne Grundgebühr";
+  const Money night = values.bill.meters[Meter::Night].gross;
+  if (utility == Utility::Electricity && !values.cleared[utility] && !values.nightShown &&
+      night != Money())
+    note += "; darin " + formatMoney(night) + " Euro Nachtstrom (ausgeblendet)";
+  return note;
 }
 
-GasTexts gasTexts(const FieldValues& values) {
-  if (values.cleared[at(Utility::Gas)]) return {};
-  const GasTotals& totals = values.gas;
-  return {meterTexts(totals.gas, totals.vat, totals.gross), readingText(totals.kwh)};
+std::string gasKwhText(const FieldValues& values) {
+  return values.cleared[Utility::Gas] ? std::string() : readingText(values.bill.gasKwh);
 }
 
 MonthTexts monthTexts(const FieldValues& values, Utility utility,
                       const std::string& currentMonthName) {
+  const Meter meter = factsOf(utility).mainMeter;
   MonthTexts texts;
-  texts.names = rotatedMonthNames(values.startMonths[at(utility)]);
-  for (int i = 0; i < kMonths; ++i)
-    if (texts.names[static_cast<std::size_t>(i)] == currentMonthName) texts.current = i;
-  texts.consumptions = values.consumptions[at(utility)];
-  texts.shares = sharesOf(texts.consumptions);
-  if (values.cleared[at(utility)]) return texts;
-  texts.consumptionSum = readingText(consumptionOf(values, utility));
-  texts.advanceSum = formatMoney(values.advanceSums[at(utility)]);
+  texts.names = rotatedMonthNames(values.startMonths[utility]);
+  for (int i = 0; i < kMonths; ++i) {
+    if (texts.names[i] == currentMonthName) texts.current = i;
+    if (const auto consumption = values.consumptions[meter][i])
+      texts.consumptions[i] = base::formatShort(*consumption);
+  }
+  texts.shares = sharesOf(values.consumptions[meter]);
+  if (values.cleared[utility]) return texts;
+  texts.consumptionSum = readingText(values.bill.meters[meter].consumption);
+  texts.advanceSum = formatMoney(values.advanceSums[utility]);
   return texts;
 }
 

@@ -13,32 +13,18 @@ std::string readingText(double value);
 // A price or rate as it stands in its field, "" when empty.
 std::string priceText(std::optional<double> value);
 
-struct MeterTexts {
+// The lines of a meter's frame.
+struct MeterLines {
   std::string endReading, consumption, amount, vat, gross;
+  std::string baseFeeVat;
 };
+MeterLines meterLines(const FieldValues& values, Meter meter);
 
-struct ElectricityTexts {
-  MeterTexts day, night;
-  std::string gross;
-  // What the total is made of; names the night tariff's share while the tariff is hidden.
-  std::string grossNote;
-};
-// The same for the other utilities.
-std::string_view grossNote();
-ElectricityTexts electricityTexts(const FieldValues& values);
-
-struct WaterTexts {
-  MeterTexts water, wasteWater;
-  std::string gross;
-  std::string baseFeeWaterVat, baseFeeWasteWaterVat;
-};
-WaterTexts waterTexts(const FieldValues& values);
-
-struct GasTexts {
-  MeterTexts gas;
-  std::string kwh;
-};
-GasTexts gasTexts(const FieldValues& values);
+// The utility's total.
+std::string grossText(const FieldValues& values, Utility utility);
+// What the total is made of; names the night tariff's share while the tariff is hidden.
+std::string grossNote(const FieldValues& values, Utility utility);
+std::string gasKwhText(const FieldValues& values);
 
 struct MonthTexts {
   MonthNames names;

@@ -25,7 +25,7 @@ std::string indexRepairQuestion(const std::vector<std::string>& tables) {
 }
 
 base::Result<void> rebuildIndexes(YearSession& session, const std::vector<std::string>& tables) {
-  return session.transact([&]() -> base::Result<void> {
+  return session.transact({}, [&](YearRows&) -> base::Result<void> {
     for (const std::string& table : tables)
       if (auto done = session.database().rebuildIndexes(table); !done) return done;
     return {};

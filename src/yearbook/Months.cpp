@@ -12,8 +12,7 @@ int calendarMonth(int startMonth, int position) {
 MonthNames rotatedMonthNames(int startMonth) {
   MonthNames names;
   for (int i = 0; i < kMonths; ++i)
-    names[static_cast<std::size_t>(i)] =
-        base::kMonthNames[static_cast<std::size_t>(calendarMonth(startMonth, i) - 1)];
+    names[i] = base::kMonthNames[static_cast<std::size_t>(calendarMonth(startMonth, i) - 1)];
   return names;
 }
 

@@ -1,14 +1,13 @@
 #pragma once
 
-#include <array>
 #include <string>
 
-#include "yearbook/Schema.h"
+#include "yearbook/Meter.h"
 
 // Months of a reading year: position 0 is the utility's start month.
 namespace yearbook {
 
-using MonthNames = std::array<std::string, kMonths>;
+using MonthNames = PerMonth<std::string>;
 
 // Names of the twelve positions for a start month 1 to 12; any other start month counts as January,
 // the captions that the windows are designed with.

@@ -84,6 +84,10 @@ std::string qualified(const Table& table, const Field& field) {
 
 }  // namespace
 
+std::optional<double> numberOf(const Value& value) {
+  return std::visit(ToNumber(), value);
+}
+
 RecordSource::RecordSource(const Table& table, jet::RecordSet records)
     : table_(&table), records_(std::move(records)) {}
 
@@ -140,8 +144,8 @@ std::size_t RecordSource::fieldIndex(const Field& field) const {
   return 0;
 }
 
-bool RecordSource::isMemo(const Field& field) const {
-  return records_.columns()[columns_[fieldIndex(field)]].type == ColumnType::Memo;
+jet::ColumnType RecordSource::typeOf(const Field& field) const {
+  return records_.columns()[columns_[fieldIndex(field)]].type;
 }
 
 const Value& RecordSource::raw(int row, const Field& field) const {
@@ -149,37 +153,42 @@ const Value& RecordSource::raw(int row, const Field& field) const {
 }
 
 std::optional<double> RecordSource::number(int row, const Field& field) const {
-  return std::visit(ToNumber(), raw(row, field));
+  return numberOf(raw(row, field));
 }
 
 std::optional<Money> RecordSource::money(int row, const Field& field) const {
   const Value& value = raw(row, field);
   if (const auto* money = std::get_if<Money>(&value)) return *money;
-  const auto number = std::visit(ToNumber(), value);
+  const auto number = numberOf(value);
   return number ? Money::tryRoundHalfEven(*number) : std::nullopt;
 }
 
 std::string RecordSource::text(int row, const Field& field) const {
   const Value& value = raw(row, field);
   if (const auto* text = std::get_if<std::string>(&value)) return *text;
-  const auto number = std::visit(ToNumber(), value);
+  const auto number = numberOf(value);
   return number ? base::formatShort(*number) : std::string();
 }
 
-base::Error RecordSource::named(base::Error error, const Field& field) const {
-  if (error.subject.empty()) error.subject = qualified(*table_, field);
+base::Error RecordSource::named(base::Error error, int row, const Field& field) const {
+  if (!error.subject.empty() && error.code != ErrorCode::InvalidValue) return error;
+  const Field& first = *table_->fields[0];
+  error.subject = std::string(field.words);
+  if (&first != &field && first.kind == Field::Kind::Text)
+    error.subject = text(row, first) + ", " + error.subject;
   return error;
 }
 
 Result<void> RecordSource::setRaw(int row, const Field& field, const Value& value) {
+  written_.push_back({&field, row});
   const std::size_t index = fieldIndex(field);
   Value& kept = values_.at(static_cast<std::size_t>(row)).at(index);
   if (kept == value) return {};
   if (auto stored = records_.set(static_cast<std::size_t>(row), columns_[index], value); !stored)
-    return base::fail(named(stored.error(), field));
+    return base::fail(named(stored.error(), row, field));
   // The column's type decides what is stored (a double may become a long): keep what is there.
   auto read = records_.value(static_cast<std::size_t>(row), columns_[index]);
-  if (!read) return base::fail(named(read.error(), field));
+  if (!read) return base::fail(named(read.error(), row, field));
   kept = std::move(*read);
   return {};
 }
@@ -190,32 +199,29 @@ void RecordSource::keep(int row, const Field& field, Value value) {
 
 Result<void> RecordSource::setNumber(int row, const Field& field, std::optional<double> value) {
   if (!value) return setRaw(row, field, jet::Null());
-  if (number(row, field) == value) return {};
-  const ColumnType type = records_.columns()[columns_[fieldIndex(field)]].type;
+  // A single 21.45 is that number already, though not to the last digit of a double.
+  if (number(row, field) == value) return setRaw(row, field, raw(row, field));
+  const ColumnType type = typeOf(field);
   if (isText(type)) return setRaw(row, field, base::formatShort(*value));
   if (type != ColumnType::Currency) return setRaw(row, field, *value);
-  const auto money = Money::tryRoundHalfEven(*value);
-  if (!money) return base::fail(shapeError(ErrorCode::InvalidValue, qualified(*table_, field), ""));
-  return setRaw(row, field, *money);
+  if (const auto money = Money::tryRoundHalfEven(*value)) return setRaw(row, field, *money);
+  return base::fail(
+      named(shapeError(ErrorCode::InvalidValue, {}, "der Betrag ist zu groß"), row, field));
 }
 
 Result<void> RecordSource::setMoney(int row, const Field& field, std::optional<Money> value) {
   if (!value) return setRaw(row, field, jet::Null());
-  const ColumnType type = records_.columns()[columns_[fieldIndex(field)]].type;
-  if (type == ColumnType::Currency) return setRaw(row, field, *value);
+  if (typeOf(field) == ColumnType::Currency) return setRaw(row, field, *value);
   return setNumber(row, field, value->toDouble());
 }
 
 Result<void> RecordSource::setText(int row, const Field& field, const std::string& value) {
   // Text columns may forbid the empty text; a cleared field is an empty one.
   if (value.empty()) return setRaw(row, field, jet::Null());
-  const ColumnType type = records_.columns()[columns_[fieldIndex(field)]].type;
-  if (isText(type)) return setRaw(row, field, value);
-  const auto number = base::parseNumber(value);
-  if (!number)
-    return base::fail(shapeError(ErrorCode::InvalidValue, qualified(*table_, field),
-                                 "\"" + value + "\" ist keine Zahl"));
-  return setNumber(row, field, number);
+  if (isText(typeOf(field))) return setRaw(row, field, value);
+  if (const auto number = base::parseNumber(value)) return setNumber(row, field, number);
+  return base::fail(named(
+      shapeError(ErrorCode::InvalidValue, {}, "\"" + value + "\" ist keine Zahl"), row, field));
 }
 
 }  // namespace yearbook

@@ -2,6 +2,7 @@
 
 #include <optional>
 #include <string>
+#include <utility>
 #include <vector>
 
 #include "base/Money.h"
@@ -9,6 +10,17 @@
 #include "yearbook/Schema.h"
 
 namespace yearbook {
+
+// A field of a row of the year.
+struct Cell {
+  const Field* field = nullptr;
+  int row = 0;
+  auto operator<=>(const Cell&) const = default;
+};
+
+// The number that a stored value means: whatever its type, a text that is a number included.
+// nullopt when it is empty or means none.
+std::optional<double> numberOf(const jet::Value& value);
 
 // One table of the open year: its rows by position, its fields by name, every value read once and
 // kept. Writing goes to the database (within the running transaction) and into the kept rows;
@@ -23,7 +35,7 @@ class RecordSource {
 
   const Table& table() const { return *table_; }
   // A memo column, which takes texts of any length.
-  bool isMemo(const Field& field) const;
+  bool isMemo(const Field& field) const { return typeOf(field) == jet::ColumnType::Memo; }
   int count() const { return table_->rows; }
   base::Result<void> refresh();
 
@@ -33,7 +45,8 @@ class RecordSource {
   std::string text(int row, const Field& field) const;
   const jet::Value& raw(int row, const Field& field) const;
 
-  // An empty value clears the field. InvalidValue when the column cannot hold the value.
+  // An empty value clears the field. InvalidValue when the column cannot hold the value; the error
+  // names month and field as the household does.
   base::Result<void> setNumber(int row, const Field& field, std::optional<double> value);
   base::Result<void> setMoney(int row, const Field& field, std::optional<base::Money> value);
   base::Result<void> setText(int row, const Field& field, const std::string& value);
@@ -41,15 +54,20 @@ class RecordSource {
   // Shows a derived value without storing it, for years that can only be read.
   void keep(int row, const Field& field, jet::Value value);
 
+  // The cells that have been set since the last call, also to what they held.
+  std::vector<Cell> takeWritten() { return std::exchange(written_, {}); }
+
  private:
   RecordSource(const Table& table, jet::RecordSet records);
   std::size_t fieldIndex(const Field& field) const;
-  base::Error named(base::Error error, const Field& field) const;
+  jet::ColumnType typeOf(const Field& field) const;
+  base::Error named(base::Error error, int row, const Field& field) const;
 
   const Table* table_;
   jet::RecordSet records_;
   std::vector<std::size_t> columns_;             // per field of the table: column of the record set
   std::vector<std::vector<jet::Value>> values_;  // rows x fields
+  std::vector<Cell> written_;
 };
 
 }  // namespace yearbook

@@ -27,10 +27,10 @@ base::Result<void> shiftRows(RecordSource& rows, int startMonth) {
   }
   const MonthNames names = rotatedMonthNames(startMonth);
   for (int i = 0; i < kMonths; ++i)
-    if (auto done = rows.setText(i, month, names[static_cast<std::size_t>(i)]); !done) return done;
+    if (auto done = rows.setText(i, month, names[i]); !done) return done;
   for (int position = 0; position < kMonths; ++position) {
     for (const std::vector<jet::Value>& row : saved) {
-      if (row[0] != jet::Value(names[static_cast<std::size_t>(position)])) continue;
+      if (row[0] != jet::Value(names[position])) continue;
       for (std::size_t i = 1; i < fields.size(); ++i)
         if (auto done = rows.setRaw(position, *fields[i], row[i]); !done) return done;
     }

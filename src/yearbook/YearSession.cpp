@@ -1,80 +1,18 @@
 #include "yearbook/YearSession.h"
 
-#include "yearbook/BillInput.h"
 #include "yearbook/Clearing.h"
 #include "yearbook/FlatRate.h"
 #include "yearbook/StartMonthShift.h"
 
 namespace yearbook {
-namespace {
 
 using base::Failure;
 using base::Result;
 
-struct NumberSetting {
-  const Field* field;
-  std::optional<double> FieldValues::*value;
-  Utility utility;
-};
-constexpr NumberSetting kNumberSettings[] = {
-    {&zstaende::startDay, &FieldValues::startDay, Utility::Electricity},
-    {&zstaende::startNight, &FieldValues::startNight, Utility::Electricity},
-    {&zstaende::vatElectricity, &FieldValues::vatElectricity, Utility::Electricity},
-    {&zstaende::freeKwh, &FieldValues::freeKwh, Utility::Electricity},
-    {&zstaende::startWater, &FieldValues::startWater, Utility::Water},
-    {&zstaende::startWasteWater, &FieldValues::startWasteWater, Utility::Water},
-    {&zstaende::vatWater, &FieldValues::vatWater, Utility::Water},
-    {&zstaende::vatWasteWater, &FieldValues::vatWasteWater, Utility::Water},
-    {&zstaende::startGas, &FieldValues::startGas, Utility::Gas},
-    {&zstaende::gasFactor, &FieldValues::gasFactor, Utility::Gas},
-    {&zstaende::vatGas, &FieldValues::vatGas, Utility::Gas},
-};
-
-struct MoneySetting {
-  const Field* field;
-  std::optional<Money> FieldValues::*value;
-  Utility utility;
-  bool summarized;  // its VAT is shown on the page, so the summary follows
-};
-constexpr MoneySetting kMoneySettings[] = {
-    {&zstaende::baseFeeElectricity, &FieldValues::baseFeeElectricity, Utility::Electricity, false},
-    {&zstaende::baseFeeWater, &FieldValues::baseFeeWater, Utility::Water, true},
-    {&zstaende::baseFeeWasteWater, &FieldValues::baseFeeWasteWater, Utility::Water, true},
-    {&zstaende::baseFeeGas, &FieldValues::baseFeeGas, Utility::Gas, false},
-};
-
-struct UtilityFields {
-  RecordSource YearSession::*rows;
-  const Field* month;
-  const Field* advance;
-  const Field* remark;
-  const Field* shownConsumption;  // beside the month on the utility's page
-};
-constexpr UtilityFields kUtilityFields[] = {
-    {&YearSession::adoStrom, &strom::month, &strom::advance, &strom::remark,
-     &strom::dayConsumption},
-    {&YearSession::adoWasser, &wasser::month, &wasser::advance, &wasser::remark,
-     &wasser::consumption},
-    {&YearSession::adoGas, &gas::month, &gas::advance, &gas::remark, &gas::consumption},
-};
-
-const UtilityFields& fieldsOf(Utility utility) {
-  return kUtilityFields[at(utility)];
-}
-
-// The price fields show the month at which the load's walk over the rows ends.
-constexpr int kLastMonth = kMonths - 1;
-
-}  // namespace
-
 YearSession::YearSession(base::FileSystem& files, std::string dataFolder, jet::Database database,
-                         std::array<RecordSource, 5> sources, base::Date openedOn)
+                         YearRows rows, base::Date openedOn)
     : database_(std::move(database)),
-      adoStrom(std::move(sources[0])),
-      adoWasser(std::move(sources[1])),
-      adoGas(std::move(sources[2])),
-      adoVerbrM(std::move(sources[3])),
-      adoZStaende(std::move(sources[4])),
+      rows_(std::move(rows)),
       files_(files),
       dataFolder_(std::move(dataFolder)),
       openedOn_(openedOn) {}
@@ -86,17 +24,10 @@ Result<std::unique_ptr<YearSession>> YearSession::open(base::FileSystem& files,
                                                        jet::OpenOptions options) {
   auto database = jet::Database::open(files, path, options);
   if (!database) return Failure(database.error());
-  std::vector<RecordSource> sources;
-  for (const Table* table : allTables()) {
-    auto source = RecordSource::open(*database, *table);
-    if (!source) return Failure(source.error());
-    sources.push_back(std::move(*source));
-  }
+  auto rows = YearRows::open(*database);
+  if (!rows) return Failure(rows.error());
   std::unique_ptr<YearSession> session(
-      new YearSession(files, dataFolder, std::move(*database),
-                      {std::move(sources[0]), std::move(sources[1]), std::move(sources[2]),
-                       std::move(sources[3]), std::move(sources[4])},
-                      clock.today()));
+      new YearSession(files, dataFolder, std::move(*database), std::move(*rows), clock.today()));
   if (auto loaded = session->load(); !loaded) return Failure(loaded.error());
   return session;
 }
@@ -106,350 +37,200 @@ std::string YearSession::currentMonthName() const {
 }
 
 bool YearSession::holdsLongRemarks(Utility utility) const {
-  const UtilityFields& fields = fieldsOf(utility);
-  return (this->*fields.rows).isMemo(*fields.remark);
+  return rows_.of(utility).isMemo(*factsOf(utility).remark);
 }
 
 Result<void> YearSession::load() {
-  values_.flatRate = readFlatRate(files_, dataFolder_);
-  for (Utility utility : kUtilities) readMonths(utility);
-  readSettings();
-  for (Utility utility : kUtilities) {
-    readPrices(utility);
-    updateTotals(utility);
-  }
-  const Edit follow = [this]() -> Result<void> {
-    if (auto done = followMonthAmounts(Utility::Electricity); !done) return done;
-    return followMonthAmounts(Utility::Water);
+  modes_.flatRate = readFlatRate(files_, dataFolder_);
+  const auto amounts = [this](YearRows& rows, Follow how) -> Result<void> {
+    for (Utility utility : kUtilities)
+      if (auto done = followMonthAmounts(rows, utility, how); !done) return done;
+    return {};
   };
-  return readOnlyReason() ? follow() : transact(follow);
-}
-
-RecordSource& YearSession::source(Utility utility) {
-  return this->*fieldsOf(utility).rows;
-}
-
-Result<void> YearSession::refreshSources() {
-  for (RecordSource* table : {&adoStrom, &adoWasser, &adoGas, &adoVerbrM, &adoZStaende})
-    if (auto done = table->refresh(); !done) return done;
+  if (!readOnlyReason())
+    return transact({}, [&](YearRows& rows) { return amounts(rows, Follow::Stored); });
+  base::ignore(amounts(rows_, Follow::ShownOnly), "nothing is stored");
+  for (Meter meter : kMeters)
+    base::ignore(followChartTable(rows_, meter, Follow::ShownOnly), "nothing is stored");
+  showValues();
   return {};
 }
 
-void YearSession::readSettings() {
-  for (const NumberSetting& setting : kNumberSettings)
-    values_.*setting.value = adoZStaende.number(0, *setting.field);
-  for (const MoneySetting& setting : kMoneySettings)
-    values_.*setting.value = adoZStaende.money(0, *setting.field);
-  values_.nightShown = adoZStaende.text(0, zstaende::nightDisplay) != "off";
-  const std::string date = adoZStaende.text(0, zstaende::startDate);
-  values_.startDate = base::parseDate(date) ? date : std::string();
-}
-
-void YearSession::readMonths(Utility utility) {
-  const RecordSource& rows = source(utility);
-  const UtilityFields& fields = fieldsOf(utility);
-  values_.startMonths[at(utility)] = base::monthNumber(rows.text(0, *fields.month));
-  for (int i = 0; i < kMonths; ++i) {
-    const auto month = static_cast<std::size_t>(i);
-    values_.advances[at(utility)][month] = rows.money(i, *fields.advance);
-    values_.remarks[at(utility)][month] = rows.text(i, *fields.remark);
-  }
-}
-
-void YearSession::readPrices(Utility utility) {
-  switch (utility) {
-    case Utility::Electricity:
-      values_.dayPrice = adoStrom.number(kLastMonth, strom::dayPrice);
-      values_.nightPrice = adoStrom.number(kLastMonth, strom::nightPrice);
-      break;
-    case Utility::Water:
-      values_.waterPrice = adoWasser.number(kLastMonth, wasser::price);
-      values_.wasteWaterPrice = adoWasser.number(kLastMonth, wasser::wastePrice);
-      break;
-    case Utility::Gas:
-      values_.gasPrice = adoGas.number(kLastMonth, gas::price);
-      break;
-  }
-}
-
-void YearSession::updateTotals(Utility utility) {
-  switch (utility) {
-    case Utility::Electricity:
-      values_.electricity = summarizeElectricity(electricityInput(adoStrom, values_));
-      break;
-    case Utility::Water:
-      values_.water = summarizeWater(waterInput(adoWasser, values_));
-      break;
-    case Utility::Gas:
-      values_.gas = summarizeGas(gasInput(adoGas, values_));
-      break;
-  }
-  Money sum;
-  for (int i = 0; i < kMonths; ++i) {
-    const auto month = static_cast<std::size_t>(i);
-    values_.consumptions[at(utility)][month] =
-        source(utility).text(i, *fieldsOf(utility).shownConsumption);
-    sum += orZero(values_.advances[at(utility)][month]);
-  }
-  values_.advanceSums[at(utility)] = sum;
-  values_.cleared[at(utility)] = false;
-}
-
-Result<void> YearSession::followMonthAmounts(Utility utility) {
-  if (utility == Utility::Gas) return {};
-  const bool electricity = utility == Utility::Electricity;
-  const auto& amounts = electricity ? values_.electricity.monthAmounts : values_.water.monthAmounts;
-  const Field& field = electricity ? strom::monthAmount : wasser::monthAmount;
-  RecordSource& rows = source(utility);
-  if (readOnlyReason()) {
-    for (int i = 0; i < kMonths; ++i) rows.keep(i, field, amounts[static_cast<std::size_t>(i)]);
-    return {};
-  }
-  return transact([&]() -> Result<void> {
-    for (int i = 0; i < kMonths; ++i)
-      if (auto done = rows.setMoney(i, field, amounts[static_cast<std::size_t>(i)]); !done)
-        return done;
-    return {};
-  });
-}
-
-Result<void> YearSession::summarize(Utility utility) {
-  updateTotals(utility);
-  return followMonthAmounts(utility);
-}
-
-Result<void> YearSession::reload(Utility utility) {
-  if (auto done = source(utility).refresh(); !done) return done;
-  readMonths(utility);
-  readPrices(utility);
-  return summarize(utility);
-}
-
-Result<void> YearSession::copyToChartTable() {
-  struct Copy {
-    const RecordSource& from;
-    const Field& source;
-    const Field& target;
-  };
-  const Copy copies[] = {{adoStrom, strom::dayConsumption, verbrMonat::day},
-                         {adoStrom, strom::nightConsumption, verbrMonat::night},
-                         {adoWasser, wasser::consumption, verbrMonat::water},
-                         {adoWasser, wasser::wasteConsumption, verbrMonat::wasteWater},
-                         {adoGas, gas::consumption, verbrMonat::gas}};
-  if (readOnlyReason()) {
-    for (const Copy& copy : copies)
-      for (int i = 0; i < kMonths; ++i)
-        adoVerbrM.keep(i, copy.target, copy.from.raw(i, copy.source));
-    return {};
-  }
-  return transact([&]() -> Result<void> {
-    for (const Copy& copy : copies)
-      for (int i = 0; i < kMonths; ++i)
-        if (auto done = adoVerbrM.setNumber(i, copy.target, copy.from.number(i, copy.source));
-            !done)
-          return done;
-    return {};
-  });
-}
-
-Result<void> YearSession::transact(const Edit& edit) {
-  if (database_.inTransaction()) return edit();
+Result<void> YearSession::transact(const Change& change, const Edit& edit) {
   if (auto begun = database_.begin(); !begun) return begun;
-  const FieldValues before = values_;
-  auto done = edit();
+  const Modes before = modes_;
+  if (change.summary) modes_.cleared[*change.summary] = false;
+  auto done = edit(rows_);
+  if (done) done = follow(change);
   if (done) done = database_.commit();
-  if (done) return done;
-  if (database_.inTransaction()) database_.rollback();
-  values_ = before;
-  base::ignore(refreshSources(),
-               "the edit's own error is the one to tell; kept rows stay readable");
+  if (!done) {
+    if (database_.inTransaction()) database_.rollback();
+    modes_ = before;
+    rows_.takeWritten();
+    base::ignore(rows_.refresh(),
+                 "the edit's own error is the one to tell; kept rows stay readable");
+  }
+  showValues();
   return done;
 }
 
-Result<void> YearSession::storeNumber(const Field& setting, std::optional<double> value) {
-  for (const NumberSetting& known : kNumberSettings) {
-    if (known.field != &setting) continue;
-    return transact([&]() -> Result<void> {
-      if (auto done = adoZStaende.setNumber(0, setting, value); !done) return done;
-      values_.*known.value = value;
-      return summarize(known.utility);
-    });
+// Only what has been written is followed: a copy that an older file cannot hold does not keep the
+// household from changing something else.
+Result<void> YearSession::follow(const Change& change) {
+  PerUtility<bool> amounts{};
+  PerMeter<bool> consumptions{};
+  for (const Cell& cell : rows_.takeWritten()) {
+    modes_.emptied.erase(cell);
+    for (Meter meter : kMeters) {
+      const MeterFacts& facts = factsOf(meter);
+      if (cell.field == facts.amount || cell.field == factsOf(facts.utility).monthAmount)
+        amounts[facts.utility] = true;
+      if (cell.field == facts.consumption) consumptions[meter] = !change.chartTableWaits;
+    }
   }
-  return base::fail(base::ErrorCode::InvalidValue, std::string(setting.name));
+  for (Utility utility : kUtilities)
+    if (amounts[utility])
+      if (auto done = followMonthAmounts(rows_, utility, Follow::Stored); !done) return done;
+  for (Meter meter : kMeters)
+    if (consumptions[meter])
+      if (auto done = followChartTable(rows_, meter, Follow::Stored); !done) return done;
+  rows_.takeWritten();
+  return {};
 }
 
-Result<void> YearSession::storeBaseFee(const Field& setting, std::optional<Money> value) {
-  for (const MoneySetting& known : kMoneySettings) {
-    if (known.field != &setting) continue;
-    return transact([&]() -> Result<void> {
-      if (auto done = adoZStaende.setMoney(0, setting, value); !done) return done;
-      values_.*known.value = value;
-      return known.summarized ? summarize(known.utility) : Result<void>();
-    });
-  }
-  return base::fail(base::ErrorCode::InvalidValue, std::string(setting.name));
-}
-
-Result<void> YearSession::storeStartWater(std::optional<double> value) {
-  return transact([&]() -> Result<void> {
-    const auto waste = values_.startWasteWater;
-    if (auto done = adoZStaende.setNumber(0, zstaende::startWasteWater, waste); !done) return done;
-    return storeNumber(zstaende::startWater, value);
-  });
-}
-
-Result<void> YearSession::storeStartDate(const std::string& text) {
-  return transact([&]() -> Result<void> {
-    if (auto done = adoZStaende.setText(0, zstaende::startDate, text); !done) return done;
-    values_.startDate = text;
+Result<void> YearSession::bringUpToDate() {
+  if (readOnlyReason()) return {};
+  return transact({}, [](YearRows& rows) -> Result<void> {
+    for (Meter meter : kMeters) {
+      if (auto done = followMonthAmounts(rows, utilityOf(meter), Follow::Stored); !done)
+        return done;
+      if (auto done = followChartTable(rows, meter, Follow::Stored); !done) return done;
+    }
     return {};
   });
 }
 
-Result<void> YearSession::storeDayPrice(std::optional<double> centPerKwh) {
-  return transact([&]() -> Result<void> {
-    for (int i = 0; i < kMonths; ++i)
-      if (auto done = adoStrom.setNumber(i, strom::dayPrice, orZero(centPerKwh)); !done)
+// --- settings ---
+
+Result<void> YearSession::storeSetting(const Change& change, const Field& setting,
+                                       std::optional<double> value) {
+  return transact(change,
+                  [&](YearRows& rows) { return rows.adoZStaende.setNumber(0, setting, value); });
+}
+
+Result<void> YearSession::storeStartReading(Meter meter, std::optional<double> value) {
+  return transact({utilityOf(meter)}, [&](YearRows& rows) -> Result<void> {
+    // Both columns come from their fields: with water's, waste water's is stored as it is shown.
+    if (meter == Meter::Water)
+      if (auto done = rows.adoZStaende.setNumber(0, zstaende::startWasteWater,
+                                                 values_.startReadings[Meter::WasteWater]);
+          !done)
         return done;
-    for (int i = 0; i < kMonths; ++i) {
-      const Money amount =
-          priceInCent(orZero(adoStrom.number(i, strom::dayConsumption)), orZero(centPerKwh));
-      if (auto done = adoStrom.setMoney(i, strom::dayAmount, amount); !done) return done;
-    }
-    values_.dayPrice = centPerKwh;
-    return summarize(Utility::Electricity);
+    return rows.adoZStaende.setNumber(0, *factsOf(meter).startReading, value);
   });
 }
 
-Result<void> YearSession::storeGasPrice(std::optional<double> centPerKwh) {
-  if (!centPerKwh) return {};
-  return transact([&]() -> Result<void> {
-    values_.gasPrice = centPerKwh;
-    return recalculatePrices(Utility::Gas);
+Result<void> YearSession::storeVat(Meter meter, std::optional<double> percent) {
+  return storeSetting({utilityOf(meter)}, *factsOf(meter).vat, percent);
+}
+
+Result<void> YearSession::storeBaseFee(Meter meter, std::optional<Money> euro) {
+  Change change;
+  // Only the page of water shows the VAT on its base fees.
+  if (utilityOf(meter) == Utility::Water) change.summary = Utility::Water;
+  return transact(change, [&](YearRows& rows) {
+    return rows.adoZStaende.setMoney(0, *factsOf(meter).baseFee, euro);
   });
 }
 
 Result<void> YearSession::storeGasFactor(std::optional<double> kwhPerCubicMetre) {
-  return transact([&]() -> Result<void> {
-    if (auto done = adoZStaende.setNumber(0, zstaende::gasFactor, kwhPerCubicMetre); !done)
+  return transact({Utility::Gas}, [&](YearRows& rows) -> Result<void> {
+    if (auto done = rows.adoZStaende.setNumber(0, zstaende::gasFactor, kwhPerCubicMetre); !done)
       return done;
-    values_.gasFactor = kwhPerCubicMetre;
-    for (int i = 0; i < kMonths; ++i) {
-      const Money amount =
-          priceOfGas(orZero(adoGas.number(i, gas::consumption)), orZero(kwhPerCubicMetre),
-                     orZero(adoGas.number(i, gas::price)));
-      if (auto done = adoGas.setMoney(i, gas::amount, amount); !done) return done;
-    }
-    return summarize(Utility::Gas);
-  });
-}
-
-Result<void> YearSession::recalculatePrices(Utility utility) {
-  return transact([&]() -> Result<void> {
-    if (auto done = repriceRows(utility); !done) return done;
-    return summarize(utility);
-  });
-}
-
-Result<void> YearSession::repriceRows(Utility utility) {
-  for (int i = 0; i < kMonths; ++i) {
-    Result<void> done;
-    const auto store = [&](RecordSource& rows, const Field& field, Money amount) {
-      if (done) done = rows.setMoney(i, field, amount);
-    };
-    if (utility == Utility::Electricity) {
-      const double night = orZero(adoStrom.number(i, strom::nightConsumption));
-      // A month without night consumption keeps its night amount.
-      if (night > 0)
-        store(adoStrom, strom::nightAmount,
-              priceInCent(night, orZero(adoStrom.number(i, strom::nightPrice))));
-      store(adoStrom, strom::dayAmount,
-            priceInCent(orZero(adoStrom.number(i, strom::dayConsumption)),
-                        orZero(adoStrom.number(i, strom::dayPrice))));
-    } else if (utility == Utility::Water) {
-      store(adoWasser, wasser::wasteAmount,
-            priceInEuro(orZero(adoWasser.number(i, wasser::wasteConsumption)),
-                        orZero(adoWasser.number(i, wasser::wastePrice))));
-      store(adoWasser, wasser::amount,
-            priceInEuro(orZero(adoWasser.number(i, wasser::consumption)),
-                        orZero(adoWasser.number(i, wasser::price))));
-    } else {
-      const double price = orZero(values_.gasPrice);
-      done = adoGas.setNumber(i, gas::price, price);
-      store(
-          adoGas, gas::amount,
-          priceOfGas(orZero(adoGas.number(i, gas::consumption)), orZero(values_.gasFactor), price));
-    }
-    if (!done) return done;
-  }
-  return {};
-}
-
-Result<void> YearSession::storeAdvance(Utility utility, int position, std::optional<Money> euro) {
-  return transact([&]() -> Result<void> {
-    if (auto done = source(utility).setMoney(position, *fieldsOf(utility).advance, euro); !done)
-      return done;
-    values_.advances[at(utility)][static_cast<std::size_t>(position)] = euro;
-    updateTotals(utility);
+    for (int i = 0; i < kMonths; ++i)
+      if (auto done = rows.price(Meter::Gas, i, orZero(kwhPerCubicMetre)); !done) return done;
     return {};
   });
 }
 
+Result<void> YearSession::storeFreeKwh(std::optional<double> kwh) {
+  return storeSetting({Utility::Electricity}, zstaende::freeKwh, kwh);
+}
+
+Result<void> YearSession::storeStartDate(const std::string& text) {
+  return transact(
+      {}, [&](YearRows& rows) { return rows.adoZStaende.setText(0, zstaende::startDate, text); });
+}
+
+Result<void> YearSession::setNightShown(bool shown) {
+  return transact({}, [&](YearRows& rows) {
+    return rows.adoZStaende.setText(0, zstaende::nightDisplay, shown ? "on" : "off");
+  });
+}
+
+// --- months ---
+
+Result<void> YearSession::storePrice(Meter meter, std::optional<double> centPerKwh) {
+  if (!centPerKwh && meter == Meter::Gas) return {};
+  const MeterFacts& facts = factsOf(meter);
+  const double factor = orZero(values_.gasFactor);
+  const auto done = transact({facts.utility}, [&](YearRows& rows) -> Result<void> {
+    for (int i = 0; i < kMonths; ++i) {
+      if (auto set = rows.of(meter).setNumber(i, *facts.price, orZero(centPerKwh)); !set)
+        return set;
+      if (auto priced = rows.price(meter, i, factor); !priced) return priced;
+    }
+    return {};
+  });
+  if (done && !centPerKwh) {
+    modes_.emptied.insert({facts.price, kPriceRow});
+    showValues();
+  }
+  return done;
+}
+
+Result<void> YearSession::storeAdvance(Utility utility, int position, std::optional<Money> euro) {
+  return transact({utility}, [&](YearRows& rows) {
+    return rows.of(utility).setMoney(position, *factsOf(utility).advance, euro);
+  });
+}
+
 Result<void> YearSession::zeroAdvances(Utility utility) {
-  return transact([&]() -> Result<void> {
+  return transact({utility}, [&](YearRows& rows) -> Result<void> {
     for (int i = 0; i < kMonths; ++i)
-      if (auto done = storeAdvance(utility, i, Money()); !done) return done;
+      if (auto done = rows.of(utility).setMoney(i, *factsOf(utility).advance, Money()); !done)
+        return done;
     return {};
   });
 }
 
 Result<void> YearSession::storeRemark(Utility utility, int position, const std::string& text) {
-  return transact([&]() -> Result<void> {
-    if (auto done = source(utility).setText(position, *fieldsOf(utility).remark, text); !done)
-      return done;
-    values_.remarks[at(utility)][static_cast<std::size_t>(position)] = text;
-    return {};
+  return transact({}, [&](YearRows& rows) {
+    return rows.of(utility).setText(position, *factsOf(utility).remark, text);
   });
 }
 
 Result<void> YearSession::shiftStartMonth(Utility utility, int startMonth) {
-  return transact([&]() -> Result<void> {
-    if (auto done = shiftRows(source(utility), startMonth); !done) return done;
-    readMonths(utility);
-    readPrices(utility);
-    updateTotals(utility);
-    return {};
-  });
+  return transact({utility, true},
+                  [&](YearRows& rows) { return shiftRows(rows.of(utility), startMonth); });
 }
 
 Result<void> YearSession::clear(Utility utility) {
-  return transact([&]() -> Result<void> {
-    const Clearing& clearing = clearingOf(utility);
-    for (int i = 0; i < kMonths; ++i)
-      for (const Field* field : clearing.monthFields)
-        if (auto done = source(utility).setNumber(i, *field, 0); !done) return done;
-    for (const Field* field : clearing.settings)
-      if (auto done = adoZStaende.setNumber(0, *field, 0); !done) return done;
-    if (auto done = copyToChartTable(); !done) return done;
-    readMonths(utility);
-    updateTotals(utility);
-    emptyFields(values_, utility);
-    return {};
-  });
+  const auto done =
+      transact({utility}, [&](YearRows& rows) { return clearUtility(rows, utility); });
+  if (!done) return done;
+  for (const Cell& cell : emptiedByClearing(utility)) modes_.emptied.insert(cell);
+  modes_.cleared[utility] = true;
+  showValues();
+  return done;
 }
 
-Result<void> YearSession::setNightShown(bool shown) {
-  return transact([&]() -> Result<void> {
-    const std::string flag = shown ? "on" : "off";
-    if (auto done = adoZStaende.setText(0, zstaende::nightDisplay, flag); !done) return done;
-    values_.nightShown = shown;
-    return {};
-  });
-}
+// --- flat rate ---
 
-Result<void> YearSession::setFlatRate(bool on) {
-  values_.flatRate = on;
-  return summarize(Utility::Electricity);
+void YearSession::setFlatRate(bool on) {
+  modes_.flatRate = on;
+  modes_.cleared[Utility::Electricity] = false;
+  showValues();
 }
 
 Result<void> YearSession::saveFlatRate() {

@@ -43,9 +43,10 @@ struct Case {
 };
 
 std::vector<Case> approvedCases() {
-  const ChartModel electricity = charts::monthlyChart(sample::year2025(), Selection::Electricity);
-  const ChartModel waters = charts::monthlyChart(sample::year2025(), Selection::BothWaters);
-  const ChartModel all = charts::monthlyChart(sample::year2025(), Selection::None);
+  const ChartModel electricity =
+      charts::monthlyChart(sample::sampleYear(2025), Selection::Electricity);
+  const ChartModel waters = charts::monthlyChart(sample::sampleYear(2025), Selection::BothWaters);
+  const ChartModel all = charts::monthlyChart(sample::sampleYear(2025), Selection::None);
   const ChartModel zeros = charts::monthlyChart(sample::yearData("x.kwd", {}, 3), Selection::Gas);
   std::vector<Case> cases = {
       {"line", electricity, options(ChartType::Line)},
@@ -98,7 +99,7 @@ std::vector<ChartModel> troublesomeModels() {
   huge.series[1].values[1] = 1e300;
   ChartModel empty = sample::twoYears();
   for (auto& series : empty.series) series.values.fill(std::nullopt);
-  ChartModel negative = charts::monthlyChart(sample::year2025(), Selection::None);
+  ChartModel negative = charts::monthlyChart(sample::sampleYear(2025), Selection::None);
   for (auto& value : negative.series[0].values) value = -*value;
   ChartModel longNames = sample::twoYears();
   longNames.series[0].name = std::string(150, 'W');
@@ -109,7 +110,7 @@ std::vector<ChartModel> troublesomeModels() {
           empty,
           negative,
           longNames,
-          charts::monthlyChart(sample::year2025(), Selection::None),
+          charts::monthlyChart(sample::sampleYear(2025), Selection::None),
           ChartModel()};
 }
 
@@ -176,7 +177,7 @@ TEST(ChartLayout, MarksEveryValueWhateverTheOrder) {
 
 // Water and waste water read from one meter: both lines are seen although one lies on the other.
 TEST(ChartLayout, ALineShowsBelowAnotherThatRunsAlongIt) {
-  const ChartModel waters = charts::monthlyChart(sample::year2025(), Selection::BothWaters);
+  const ChartModel waters = charts::monthlyChart(sample::sampleYear(2025), Selection::BothWaters);
   ASSERT_EQ(waters.series[0].values, waters.series[1].values);
   const charts::Theme theme = charts::Theme::light();
   for (const ChartType type : {ChartType::Line, ChartType::Area}) {

@@ -99,7 +99,7 @@ TEST(ChartLooks, LabelsOfBarsAreTurnedAlikeAndCutNoBar) {
 
 // Too narrow for any: a series has all of its labels or none.
 TEST(ChartLooks, LabelsOfASeriesAreAllThereOrNone) {
-  const ChartModel all = charts::monthlyChart(sample::year2025(), charts::Selection::None);
+  const ChartModel all = charts::monthlyChart(sample::sampleYear(2025), charts::Selection::None);
   for (const double width : {240.0, 320.0, 500.0, 700.0, 1100.0})
     for (const int rotation : {0, 90}) {
       ChartOptions options = optionsOf(ChartType::Bar);
@@ -112,7 +112,8 @@ TEST(ChartLooks, LabelsOfASeriesAreAllThereOrNone) {
 
 TEST(ChartLooks, TheLastMonthKeepsItsLabelAtTheEdge) {
   for (const ChartType type : {ChartType::Line, ChartType::Bar, ChartType::Area}) {
-    ChartModel model = charts::monthlyChart(sample::year2025(), charts::Selection::Electricity);
+    ChartModel model =
+        charts::monthlyChart(sample::sampleYear(2025), charts::Selection::Electricity);
     model.series[0].values[11] = 12305.25;
     ChartOptions options = optionsOf(type);
     options.labelSize = 14;
@@ -188,7 +189,7 @@ TEST(ChartLooks, PiesStandOneAboveTheOtherInATallWindow) {
 }
 
 TEST(ChartLooks, PiesKeepTheirLabelsUnlessTheyBecomeTiny) {
-  const ChartModel all = charts::monthlyChart(sample::year2025(), charts::Selection::None);
+  const ChartModel all = charts::monthlyChart(sample::sampleYear(2025), charts::Selection::None);
   const Scene usual = layout(all, optionsOf(ChartType::Pie), {700, 480});
   EXPECT_NE(find(usual, "Jan  291"), nullptr);
   EXPECT_GT(discOf(usual, 0).radius, 40);
@@ -197,7 +198,7 @@ TEST(ChartLooks, PiesKeepTheirLabelsUnlessTheyBecomeTiny) {
 }
 
 TEST(ChartLooks, SharesOfAPieAddUpAndWhatItLeavesOutIsSaid) {
-  ChartModel model = charts::monthlyChart(sample::year2025(), charts::Selection::Electricity);
+  ChartModel model = charts::monthlyChart(sample::sampleYear(2025), charts::Selection::Electricity);
   model.series[0].values[3] = -120.5;
   ChartOptions options = optionsOf(ChartType::Pie);
   options.percent = true;
@@ -219,7 +220,7 @@ TEST(ChartLooks, SharesOfAPieAddUpAndWhatItLeavesOutIsSaid) {
 
 // kWh lie before m³: what is behind is seen as a line.
 TEST(ChartLooks, AddedAreasOfTwoUnitsHideNoneOfThem) {
-  const ChartModel all = charts::monthlyChart(sample::year2025(), charts::Selection::None);
+  const ChartModel all = charts::monthlyChart(sample::sampleYear(2025), charts::Selection::None);
   const Scene scene = layout(all, optionsOf(ChartType::StackedArea));
   std::size_t lastFill = 0;
   std::vector<std::size_t> lines;

@@ -26,7 +26,7 @@ TEST_P(EachSelection, HasItsTextsAndValues) {
   const Expected& row = GetParam();
   const Selection selection = charts::selectionOf(row.mode);
   EXPECT_EQ(static_cast<int>(selection), row.index);
-  const ChartModel model = charts::monthlyChart(sample::year2025(), selection);
+  const ChartModel model = charts::monthlyChart(sample::sampleYear(2025), selection);
   EXPECT_EQ(model.title, row.title);
   EXPECT_EQ(model.unit, row.unit);
   EXPECT_EQ(model.caption, row.caption);
@@ -78,8 +78,9 @@ TEST(ChartModel, FollowsTheStartMonth) {
 }
 
 TEST(ChartModel, OfAllUtilitiesPutsTheSameMonthsTogether) {
-  auto year = sample::year2025();
-  year.rows(charts::Meter::Gas) = sample::yearData("", {{{}, {5, 6, 7}}}, 12).meters[1];
+  auto year = sample::sampleYear(2025);
+  year.meters[charts::Meter::Gas] =
+      sample::yearData("", {{{}, {}, {}, {}, {5, 6, 7}}}, 12).meters[charts::Meter::Gas];
   const ChartModel model = charts::monthlyChart(year, charts::selectionOf("alle"));
   ASSERT_EQ(model.series.size(), 4u);
   EXPECT_EQ(model.series[0].name, "Strom");

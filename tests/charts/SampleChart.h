@@ -1,9 +1,14 @@
 #pragma once
 
+#include <gtest/gtest.h>
+
+#include "SampleYear.h"
 #include "base/GermanDate.h"
 #include "base/TextCodec.h"
 #include "charts/ChartLayout.h"
 #include "charts/YearComparison.h"
+#include "support/EmptyYear.h"
+#include "support/MemoryFileSystem.h"
 
 namespace sample {
 
@@ -16,41 +21,35 @@ class PlainMeasure final : public charts::TextMeasure {
   }
 };
 
-using Consumptions = std::array<std::array<double, 12>, charts::kMeterCount>;
+using Consumptions = std::array<std::array<double, 12>, 5>;
 
+// By meter.
 inline charts::YearData yearData(const std::string& name, const Consumptions& values,
                                  int startMonth = 1) {
   charts::YearData year;
   year.databaseName = name;
-  for (std::size_t meter = 0; meter < values.size(); ++meter)
-    for (std::size_t i = 0; i < 12; ++i)
+  for (const charts::Meter meter : yearbook::kMeters)
+    for (int i = 0; i < 12; ++i)
       year.meters[meter][i] = {
-          std::string(base::kMonthNames[(static_cast<std::size_t>(startMonth) - 1 + i) % 12]),
-          values[meter][i]};
+          std::string(base::kMonthNames[static_cast<std::size_t>((startMonth - 1 + i) % 12)]),
+          values[static_cast<std::size_t>(meter)][static_cast<std::size_t>(i)]};
   return year;
 }
 
-// By Meter: day electricity, gas, water, waste water, night electricity.
-inline charts::YearData year2024() {
-  return yearData("Verbrauch2024.kwd",
-                  {{{299, 263, 268, 247, 237, 228, 219, 214, 240, 261, 284, 313},
-                    {237, 174, 157, 108, 48, 29, 24, 21, 50, 104, 179, 219},
-                    {10, 10, 9, 11, 10, 12, 12, 11, 11, 9, 10, 10},
-                    {10, 10, 9, 11, 10, 12, 12, 11, 11, 9, 10, 10},
-                    {183, 158, 146, 122, 105, 95, 92, 91, 104, 126, 152, 179}}});
-}
-
-inline charts::YearData year2025() {
-  return yearData("Verbrauch2025.kwd",
-                  {{{291, 255, 260, 239, 231, 223, 226, 198, 234, 255, 276, 305},
-                    {240, 226, 179, 96, 62, 28, 24, 20, 44, 108, 177, 204},
-                    {10, 9, 9, 10, 11, 11, 12, 9, 10, 9, 10, 9},
-                    {10, 9, 9, 10, 11, 11, 12, 9, 10, 9, 10, 9},
-                    {180, 157, 141, 115, 101, 92, 89, 85, 99, 122, 147, 171}}});
+// The sample household's years, as a comparison reads them.
+inline charts::YearData sampleYear(int year) {
+  static support::MemoryFileSystem files = [] {
+    support::MemoryFileSystem disk;
+    disk.put("/daten/Verbrauch.kwd", support::emptyYear());
+    EXPECT_TRUE(makeBoth(disk, "/daten/", support::emptyYear()));
+    return disk;
+  }();
+  return charts::FileComparisonSource(files).open("/daten/Verbrauch" + std::to_string(year) +
+                                                  ".kwd");
 }
 
 inline charts::ChartModel twoYears() {
-  return charts::comparisonChart(year2025(), year2024(), 1);
+  return charts::comparisonChart(sampleYear(2025), sampleYear(2024), 1);
 }
 
 }  // namespace sample

@@ -22,8 +22,8 @@ TEST(YearComparison, PutsTheSameCalendarMonthSideBySide) {
 }
 
 TEST(YearComparison, LeavesOutWhatIsNoMonth) {
-  auto year = sample::year2025();
-  auto& rows = year.rows(charts::Meter::DayElectricity);
+  auto year = sample::sampleYear(2025);
+  auto& rows = year.meters[charts::Meter::Day];
   rows[1].month = "februar";
   rows[4].month = "Januar";
   const auto values = charts::byCalendarMonth(rows);
@@ -43,7 +43,8 @@ TEST(YearComparison, NamesEachSeriesAfterItsDatabase) {
               {4, "Abwasser / Verbrauch2024", "m³", "Verbrauch Abwasser", 10},
               {5, "Strom / Verbrauch2024", "kWh", "Verbrauch Nachtstrom", 179}};
   for (const auto& row : rows) {
-    const auto model = charts::comparisonChart(sample::year2025(), sample::year2024(), row.index);
+    const auto model =
+        charts::comparisonChart(sample::sampleYear(2025), sample::sampleYear(2024), row.index);
     EXPECT_EQ(model.series.at(1).name, row.name);
     EXPECT_EQ(model.unit, row.unit);
     EXPECT_EQ(model.title, row.title);
@@ -52,7 +53,7 @@ TEST(YearComparison, NamesEachSeriesAfterItsDatabase) {
 }
 
 TEST(YearComparison, WithoutAnotherYearShowsTheOpenOne) {
-  EXPECT_EQ(charts::comparisonChart(sample::year2025(), std::nullopt, 3).series.size(), 1u);
+  EXPECT_EQ(charts::comparisonChart(sample::sampleYear(2025), std::nullopt, 3).series.size(), 1u);
 }
 
 }  // namespace

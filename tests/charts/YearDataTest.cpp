@@ -33,9 +33,9 @@ TEST(YearData, ReadsAnotherYearWithoutTouchingIt) {
   files.put("/daten/Verbrauch2024.kwd", before);
   const auto year = charts::FileComparisonSource(files).open("/daten/Verbrauch2024.kwd");
   EXPECT_EQ(year.databaseName, "Verbrauch2024.kwd");
-  EXPECT_EQ(year.rows(Meter::Gas)[2], (MonthRow{"März", 117.0}));
-  EXPECT_EQ(year.rows(Meter::DayElectricity)[11], (MonthRow{"Dezember", 181.0}));
-  EXPECT_EQ(year.rows(Meter::NightElectricity)[0], (MonthRow{"Januar", 105.0}));
+  EXPECT_EQ(year.meters[Meter::Gas][2], (MonthRow{"März", 117.0}));
+  EXPECT_EQ(year.meters[Meter::Day][11], (MonthRow{"Dezember", 181.0}));
+  EXPECT_EQ(year.meters[Meter::Night][0], (MonthRow{"Januar", 105.0}));
   EXPECT_EQ(files.contents(),
             support::MemoryFileSystem::Contents({{"/daten/Verbrauch2024.kwd", before}}));
 }
@@ -52,11 +52,11 @@ TEST(YearData, OfADamagedForeignOrMissingFileIsEmptyOrWhatIsLeft) {
   for (const std::string& name : *names) {
     const auto year = charts::FileComparisonSource(files).open("/daten/" + name);
     EXPECT_EQ(year.databaseName, name);
-    for (const MonthRow& row : year.rows(Meter::Gas))
+    for (const MonthRow& row : year.meters[Meter::Gas])
       EXPECT_TRUE(row == MonthRow() || !row.month.empty()) << name;
   }
   const auto missing = charts::FileComparisonSource(files).open("/daten/fehlt.kwd");
-  EXPECT_EQ(missing.rows(Meter::Water)[0], MonthRow());
+  EXPECT_EQ(missing.meters[Meter::Water][0], MonthRow());
 }
 
 TEST(YearData, OfTheOpenYearComesFromItsChartTable) {
@@ -67,10 +67,10 @@ TEST(YearData, OfTheOpenYearComesFromItsChartTable) {
   const base::FixedClock clock(std::chrono::year(2026) / 1 / 1);
   auto session = yearbook::YearSession::open(files, "/daten/Verbrauch.kwd", "/daten/", clock);
   ASSERT_TRUE(session) << base::germanMessage(session.error());
-  ASSERT_TRUE((*session)->copyToChartTable());
+  ASSERT_TRUE((*session)->bringUpToDate());
   const auto year = charts::readChartTable(**session);
   EXPECT_EQ(year.databaseName, "Verbrauch.kwd");
-  EXPECT_EQ(year.rows(Meter::Gas)[2], (MonthRow{"März", 117.0}));
+  EXPECT_EQ(year.meters[Meter::Gas][2], (MonthRow{"März", 117.0}));
 }
 
 }  // namespace

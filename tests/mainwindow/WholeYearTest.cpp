@@ -18,6 +18,8 @@
 #include "readings/ui/frmPreisJeKwsN.h"
 
 using namespace Qt::Literals::StringLiterals;
+using yearbook::Meter;
+using yearbook::Utility;
 
 namespace {
 
@@ -34,7 +36,7 @@ class WholeYear : public MainWindowFixture {
  protected:
   void openEmpty2025() {
     disk.put(kSample, support::emptyYear());
-    prompts.answerInput(german(year.startDay));
+    prompts.answerInput(german(year.start[Meter::Day]));
     openWindow(kSample);
     EXPECT_EQ(prompts.take().text, u"Anfangszählerstand eingeben"_s);
   }
@@ -93,46 +95,49 @@ class WholeYear : public MainWindowFixture {
   void typeElectricity() {
     auto* page = window->Frame1;
     window->TabStrip->setCurrentWidget(page);
-    enter(page->txtAnfStandSN, german(year.startNight));
-    enter(page->txtMwStS, german(year.vatElectricity));
+    enter(page->txtAnfStandSN, german(year.start[Meter::Night]));
+    enter(page->txtMwStS, german(sample::kVat[Meter::Day]));
     enter(page->txtDatumStrom, QString::fromStdString(year.startDate));
-    typePrices<frmPreisJeKws>(page->cmdPreisJeEinheitS, year.dayPrice);
-    typePrices<frmPreisJeKwsN>(page->cmdPreisJeEinheitSN, year.nightPrice);
-    typeReadings<frmEingabeVerbrauchS>(page->cmdEingabeVerbrauchS, year.day, year.changed,
-                                       year.newDay);
-    typeReadings<frmEingabeVerbrauchNS>(page->cmdEingabeVerbrauchNS, year.night, year.changed,
-                                        year.newNight);
-    typeFee<frmGrdGebMo>(page->cmdMonatlStrom, year.feeElectricity);
-    typeAdvances(*page->months, year.advanceElectricity);
+    typePrices<frmPreisJeKws>(page->cmdPreisJeEinheitS, year.prices[Meter::Day]);
+    typePrices<frmPreisJeKwsN>(page->cmdPreisJeEinheitSN, year.prices[Meter::Night]);
+    typeReadings<frmEingabeVerbrauchS>(page->cmdEingabeVerbrauchS, year.readings[Meter::Day],
+                                       year.changes[Meter::Day].position,
+                                       year.changes[Meter::Day].newStart);
+    typeReadings<frmEingabeVerbrauchNS>(page->cmdEingabeVerbrauchNS, year.readings[Meter::Night],
+                                        year.changes[Meter::Night].position,
+                                        year.changes[Meter::Night].newStart);
+    typeFee<frmGrdGebMo>(page->cmdMonatlStrom, year.fees[Meter::Day]);
+    typeAdvances(*page->months, year.advances[Utility::Electricity]);
   }
 
   void typeWater() {
     auto* page = window->Frame2;
     window->TabStrip->setCurrentWidget(page);
-    enter(page->txtAnfStandW, german(year.startWater));
-    enter(page->txtAnfStandAbW, german(year.startWasteWater));
-    enter(page->txtMwStW, german(year.vatWater));
-    enter(page->txtMwStAbW, german(year.vatWasteWater));
-    typeReadings<frmEingabeVerbrauchW>(page->cmdEingabeVerbrauchW, year.water);
-    typeReadings<frmEingabeVerbrauchAbW>(page->cmdEingabeVerbrauchAbW, year.water);
-    typePrices<frmPreisJeKubikW>(page->cmdPreisJeEinheitW, year.waterPrice);
-    typePrices<frmPreisJeKubikAbW>(page->cmdPreisJeEinheitAbW, year.wasteWaterPrice);
-    typeFee<frmGrdGebMoW>(page->cmdWMonatl, year.feeWater);
-    typeFee<frmGrdGebMoAW>(page->cmdWWMonatl, year.feeWasteWater);
-    typeAdvances(*page->months, year.advanceWater);
+    enter(page->txtAnfStandW, german(year.start[Meter::Water]));
+    enter(page->txtAnfStandAbW, german(year.start[Meter::WasteWater]));
+    enter(page->txtMwStW, german(sample::kVat[Meter::Water]));
+    enter(page->txtMwStAbW, german(sample::kVat[Meter::WasteWater]));
+    typeReadings<frmEingabeVerbrauchW>(page->cmdEingabeVerbrauchW, year.readings[Meter::Water]);
+    typeReadings<frmEingabeVerbrauchAbW>(page->cmdEingabeVerbrauchAbW,
+                                         year.readings[Meter::WasteWater]);
+    typePrices<frmPreisJeKubikW>(page->cmdPreisJeEinheitW, year.prices[Meter::Water]);
+    typePrices<frmPreisJeKubikAbW>(page->cmdPreisJeEinheitAbW, year.prices[Meter::WasteWater]);
+    typeFee<frmGrdGebMoW>(page->cmdWMonatl, year.fees[Meter::Water]);
+    typeFee<frmGrdGebMoAW>(page->cmdWWMonatl, year.fees[Meter::WasteWater]);
+    typeAdvances(*page->months, year.advances[Utility::Water]);
   }
 
   void typeGas() {
     auto* page = window->Frame3;
     window->TabStrip->setCurrentWidget(page);
-    enter(page->txtAnfStandG, german(year.startGas));
-    enter(page->txtMwStG, german(year.vatGas));
-    typePrices<frmPreisJeKubikG>(page->cmdPreisJeEinheitG, year.gasPrice);
-    typeReadings<frmEingabeVerbrauch>(page->cmdEingabeVerbrauchG, year.gas);
+    enter(page->txtAnfStandG, german(year.start[Meter::Gas]));
+    enter(page->txtMwStG, german(sample::kVat[Meter::Gas]));
+    typePrices<frmPreisJeKubikG>(page->cmdPreisJeEinheitG, year.prices[Meter::Gas]);
+    typeReadings<frmEingabeVerbrauch>(page->cmdEingabeVerbrauchG, year.readings[Meter::Gas]);
     // The months are priced anew, each with its own price.
     enter(page->txtFaktor, german(year.gasFactor));
-    typeFee<frmGrdGebMoG>(page->cmdMonatlGas, year.feeGas);
-    typeAdvances(*page->months, year.advanceGas);
+    typeFee<frmGrdGebMoG>(page->cmdMonatlGas, year.fees[Meter::Gas]);
+    typeAdvances(*page->months, year.advances[Utility::Gas]);
   }
 
   QString overview(int row, int column) const {

@@ -41,15 +41,15 @@ TEST_F(YearPages, OpeningAndClosingTheWindowLeavesTheFileAsItWas) {
 TEST_F(YearPages, EveryKeystrokeThatMakesANumberIsStored) {
   openSample();
   type(window->Frame1->txtMwStS, u"7"_s);
-  EXPECT_EQ(window->session().values().vatElectricity, 7);
+  EXPECT_EQ(window->session().values().vat[yearbook::Meter::Day], 7);
   EXPECT_EQ(window->Frame1->txtMwStTS->text(), u"60,94"_s);
   type(window->Frame3->txtGrundgebG, u"1.234,5"_s);
   EXPECT_EQ(window->Frame3->txtGrundgebG->text(), u"1.234,5"_s);
   QTest::keyClick(window->Frame3->txtGrundgebG, Qt::Key_Return);
   EXPECT_EQ(window->Frame3->txtGrundgebG->text(), u"1.234,50"_s);
   const auto year = stored();
-  EXPECT_EQ(year->values().vatElectricity, 7);
-  EXPECT_EQ(year->values().baseFeeGas, Money::roundHalfEven(1234.5));
+  EXPECT_EQ(year->values().vat[yearbook::Meter::Day], 7);
+  EXPECT_EQ(year->values().baseFees[yearbook::Meter::Gas], Money::roundHalfEven(1234.5));
 }
 
 TEST_F(YearPages, AStartReadingRefusesTheCommaWithOneBox) {
@@ -62,7 +62,7 @@ TEST_F(YearPages, AStartReadingRefusesTheCommaWithOneBox) {
   EXPECT_EQ(prompts.last().title, u"Eingabe Anfangszählerstand"_s);
   type(window->Frame2->txtAnfStandW, u","_s);
   EXPECT_EQ(prompts.last().text, u"Bitte nur volle m³ eingeben!"_s);
-  EXPECT_EQ(stored()->values().startDay, 12345);
+  EXPECT_EQ(stored()->values().startReadings[yearbook::Meter::Day], 12345);
 }
 
 TEST_F(YearPages, AFractionInAStartReadingIsNeitherRoundedNorTornTogether) {
@@ -73,7 +73,7 @@ TEST_F(YearPages, AFractionInAStartReadingIsNeitherRoundedNorTornTogether) {
   EXPECT_EQ(window->Frame1->txtAnfStandSN->text(), u"12"_s);
   enter(window->Frame1->txtAnfStandSN, u"12.345"_s);
   EXPECT_EQ(window->Frame1->txtAnfStandSN->text(), u"12.345"_s);
-  EXPECT_EQ(stored()->values().startNight, 12345);
+  EXPECT_EQ(stored()->values().startReadings[yearbook::Meter::Night], 12345);
 }
 
 TEST_F(YearPages, RatesTakeDigitsOnlyAndEnterMovesOn) {
@@ -90,11 +90,11 @@ TEST_F(YearPages, UndoTakesBackWhatWasTypedAndStored) {
   openSample();
   QLineEdit* field = window->Frame1->txtGrundgebS;
   type(field, u"200"_s);
-  EXPECT_EQ(window->session().values().baseFeeElectricity, Money::roundHalfEven(200));
+  EXPECT_EQ(window->session().values().baseFees[yearbook::Meter::Day], Money::roundHalfEven(200));
   for (int i = 0; i < 4; ++i) field->undo();
   EXPECT_EQ(field->text(), u"162,00"_s);
   QTest::keyClick(field, Qt::Key_Return);
-  EXPECT_EQ(stored()->values().baseFeeElectricity, Money::roundHalfEven(162));
+  EXPECT_EQ(stored()->values().baseFees[yearbook::Meter::Day], Money::roundHalfEven(162));
 }
 
 TEST_F(YearPages, OnePriceForAllMonthsButNotByLoading) {
@@ -124,7 +124,7 @@ TEST_F(YearPages, AdvancePaymentsSingleAndAllAtOnce) {
   EXPECT_EQ(window->Frame3->months->advanceSum->text(), u"1.661,50"_s);
   click(window->Frame3->months->zeroAdvances);
   EXPECT_EQ(window->Frame3->months->advance(11)->text(), u"0,00"_s);
-  EXPECT_EQ(stored()->values().advances[2][0], Money());
+  EXPECT_EQ(stored()->values().advances[Utility::Gas][0], Money());
 }
 
 TEST_F(YearPages, TheStartDateMustBeADay) {
@@ -195,8 +195,8 @@ TEST_F(YearPages, RemarksAreStoredWhenTheirFieldIsLeft) {
   type(window->Frame5->txtAnmerkungenS(0), u"Ablesung am 14."_s);
   window->TabStrip->setCurrentIndex(0);
   const auto year = stored();
-  EXPECT_EQ(year->values().remarks[2][2], "Heizung gewartet");
-  EXPECT_EQ(year->values().remarks[0][0], "Ablesung am 14.");
+  EXPECT_EQ(year->values().remarks[Utility::Gas][2], "Heizung gewartet");
+  EXPECT_EQ(year->values().remarks[Utility::Electricity][0], "Ablesung am 14.");
 }
 
 TEST_F(YearPages, HidingTheNightTariffClosesTheGap) {

@@ -11,6 +11,8 @@
 #include "support/MemoryFileSystem.h"
 
 using base::Money;
+using yearbook::Meter;
+using yearbook::Utility;
 using yearbook::YearSession;
 
 namespace {
@@ -41,35 +43,44 @@ struct Bills {
   std::string dayAmount, nightAmount, waterAmount, wasteWaterAmount;
 };
 
-Bills billsOf(const YearSession& year) {
-  const auto input = reports::overviewInput(year);
-  const auto totals = reports::overviewTotals(input);
+// What the overview says of a utility, with the consumptions and base fees of its meters.
+Bill billOf(const YearSession& year, Utility utility) {
   const auto& values = year.values();
-  const auto& e = totals.electricity;
-  const auto& w = totals.water;
-  const auto& g = totals.gas;
-  return {
-      {shown(values.electricity.day.consumption) + "+" +
-           shown(values.electricity.night.consumption),
-       shown(e.amount), shown(values.baseFeeElectricity), shown(e.net), shown(e.vat),
-       shown(e.gross), shown(values.advanceSums[0]), shown(e.balance)},
-      {shown(values.water.water.consumption), shown(w.amount),
-       shown(values.baseFeeWater) + "+" + shown(values.baseFeeWasteWater), shown(w.net),
-       shown(w.vat) + "+" + shown(w.wasteWaterVat), shown(w.gross), shown(values.advanceSums[1]),
-       shown(w.balance)},
-      {shown(values.gas.gas.consumption), shown(g.amount), shown(values.baseFeeGas), shown(g.net),
-       shown(g.vat), shown(g.gross), shown(values.advanceSums[2]), shown(g.balance)},
-      shown(values.electricity.day.amount),
-      shown(values.electricity.night.amount),
-      shown(values.water.water.amount),
-      shown(values.water.wasteWater.amount)};
+  const auto totals = reports::overviewTotals(reports::overviewInput(year))[utility];
+  std::string consumption, fees;
+  for (Meter meter : metersOf(utility)) {
+    const std::string plus = consumption.empty() ? "" : "+";
+    consumption += plus + shown(values.bill.meters[meter].consumption);
+    if (meter != Meter::Night) fees += plus + shown(values.baseFees[meter]);
+  }
+  std::string vat = shown(totals.vat);
+  if (totals.wasteWaterVat) vat += "+" + shown(totals.wasteWaterVat);
+  return {consumption,
+          shown(totals.amount),
+          fees,
+          shown(totals.net),
+          vat,
+          shown(totals.gross),
+          shown(values.advanceSums[utility]),
+          shown(totals.balance)};
+}
+
+Bills billsOf(const YearSession& year) {
+  const auto& meters = year.values().bill.meters;
+  return {billOf(year, Utility::Electricity),
+          billOf(year, Utility::Water),
+          billOf(year, Utility::Gas),
+          shown(meters[Meter::Day].amount),
+          shown(meters[Meter::Night].amount),
+          shown(meters[Meter::Water].amount),
+          shown(meters[Meter::WasteWater].amount)};
 }
 
 void expectBillsOf2024(const YearSession& year) {
   const Bills bills = billsOf(year);
   EXPECT_EQ(bills.electricity, (Bill{"3073+1553", "1.306,54", "154,80", "1.461,34", "277,65",
                                      "1.738,99", "1.800,00", "-61,01"}));
-  EXPECT_EQ(bills.water, (Bill{"125", "620,00", "102,00+0,00", "722,00", "25,52+0,00", "747,52",
+  EXPECT_EQ(bills.water, (Bill{"125+125", "620,00", "102,00+0,00", "722,00", "25,52+0,00", "747,52",
                                "756,00", "-8,49"}));
   EXPECT_EQ(bills.gas, (Bill{"1350", "1.279,76", "129,60", "1.409,36", "267,78", "1.677,14",
                              "1.560,00", "117,14"}));
@@ -83,7 +94,7 @@ void expectBillsOf2025(const YearSession& year) {
   const Bills bills = billsOf(year);
   EXPECT_EQ(bills.electricity, (Bill{"2993+1499", "1.231,27", "162,00", "1.393,27", "264,72",
                                      "1.657,99", "1.632,00", "25,99"}));
-  EXPECT_EQ(bills.water, (Bill{"119", "630,70", "106,80+0,00", "737,50", "26,22+0,00", "763,72",
+  EXPECT_EQ(bills.water, (Bill{"119+119", "630,70", "106,80+0,00", "737,50", "26,22+0,00", "763,72",
                                "792,00", "-28,28"}));
   EXPECT_EQ(bills.gas, (Bill{"1408", "1.388,00", "134,40", "1.522,40", "289,26", "1.811,66",
                              "1.704,00", "107,66"}));
@@ -184,12 +195,12 @@ TEST_F(SampleYear, AReadingThatItsColumnCannotHoldIsRefusedAsAWhole) {
   ASSERT_TRUE(year);
   const base::Bytes before = files.get("/daten/Alt.kwd");
   yearbook::PerMonth<double> typed = {1000, 3'000'000'000};
-  const auto taken = readings::takeOver(*year, readings::kDayMeter, typed, {});
+  const auto taken = readings::takeOver(*year, yearbook::Meter::Day, typed, {});
   ASSERT_FALSE(taken);
   EXPECT_EQ(taken.error().code, base::ErrorCode::InvalidValue);
-  EXPECT_EQ(taken.error().subject, "Strom.ZTagStrom");
+  EXPECT_EQ(taken.error().subject, "Februar, Zählerstand Strom");
   EXPECT_EQ(files.get("/daten/Alt.kwd"), before);
   typed[1] = 1200;
-  ASSERT_TRUE(readings::takeOver(*year, readings::kDayMeter, typed, {}));
+  ASSERT_TRUE(readings::takeOver(*year, yearbook::Meter::Day, typed, {}));
   EXPECT_EQ(year->adoStrom.number(1, yearbook::strom::dayConsumption), 200);
 }

@@ -48,6 +48,8 @@ TEST_F(SideFiles, AMeterChangeIsReadLeniently) {
     EXPECT_EQ(changeIn(line), expected) << line;
   EXPECT_EQ(changeIn("0,.5\r\n"), (MeterChange{0, 0.5}));
   EXPECT_EQ(changeIn("12,0\r\n"), MeterChange());
+  // The number in the file is a single one: its seven digits are not all of it.
+  EXPECT_EQ(changeIn("1,123456.8\r\n"), (MeterChange{1, 123456.796875}));
 }
 
 TEST_F(SideFiles, AnythingElseIsNoMeterChange) {

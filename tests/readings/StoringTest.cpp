@@ -36,9 +36,11 @@ class Storing : public testing::Test {
   // Everything that an entry may change, as one text.
   static std::string rowsOf(const YearSession& year) {
     std::string rows;
-    for (const RecordSource* source : {&year.adoStrom, &year.adoVerbrM, &year.adoZStaende})
+    for (const yearbook::RecordSource* source :
+         {&year.adoStrom, &year.adoVerbrM, &year.adoZStaende})
       for (int row = 0; row < source->count(); ++row)
-        for (const Field* field : source->table().fields) rows += source->text(row, *field) + ';';
+        for (const yearbook::Field* field : source->table().fields)
+          rows += source->text(row, *field) + ';';
     return rows;
   }
 
@@ -84,26 +86,26 @@ class Storing : public testing::Test {
 }  // namespace
 
 TEST_F(Storing, ATakeOverIsStoredWholeOrNotAtAll) {
-  auto readings = sample::year2025().day;
+  auto readings = sample::year2025().readings[Meter::Day];
   readings[11] = 1600;
   readings[2] = 0;
   expectAllOrNothing([&](YearSession& year) {
-    return takeOver(year, kDayMeter, readings, {5, 10});
+    return takeOver(year, Meter::Day, readings, {5, 10});
   });
 }
 
 TEST_F(Storing, DeletedConsumptionsAreStoredWholeOrNotAtAll) {
-  expectAllOrNothing([](YearSession& year) { return deleteConsumptions(year, kNightMeter); });
+  expectAllOrNothing([](YearSession& year) { return deleteConsumptions(year, Meter::Night); });
 }
 
 TEST_F(Storing, APriceChangeIsStoredWholeOrNotAtAll) {
   MonthTicks ticks{};
   std::fill(ticks.begin() + 6, ticks.end(), true);
-  expectAllOrNothing([&](YearSession& year) { return storePrices(year, kDayPrice, ticks, 31.5); });
+  expectAllOrNothing([&](YearSession& year) { return storePrices(year, Meter::Day, ticks, 31.5); });
 }
 
 TEST_F(Storing, TheYearFeeIsStoredWholeOrNotAtAll) {
   MonthlyFees fees;
   fees.fill(14);
-  expectAllOrNothing([&](YearSession& year) { return storeYearFee(year, kElectricityFee, fees); });
+  expectAllOrNothing([&](YearSession& year) { return storeYearFee(year, Meter::Day, fees); });
 }

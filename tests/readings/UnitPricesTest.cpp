@@ -22,9 +22,3 @@ TEST(UnitPrices, ThePreviewShowsTheNewPriceInTickedMonthsOnly) {
   expected[6] = expected[7] = 28.9;
   EXPECT_EQ(previewPrices(stored, ticks, 28.9), expected);
 }
-
-TEST(UnitPrices, WithoutAFactorGasIsPricedAsItIs) {
-  EXPECT_EQ(repriced(PriceRule::CentPerKwh, 100, 9, 0), base::Money::roundHalfEven(9));
-  EXPECT_EQ(repriced(PriceRule::CentPerKwh, 100, 9, 10.5), base::Money::roundHalfEven(94.5));
-  EXPECT_EQ(repriced(PriceRule::EuroPerUnit, 10, 2.5, 0), base::Money::roundHalfEven(25));
-}

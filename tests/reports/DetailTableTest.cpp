@@ -17,7 +17,7 @@ using reports::MeterChoice;
 constexpr MeterChoice kAll = {true, true, true, true, true};
 constexpr MeterChoice only(Meter meter) {
   MeterChoice choice{};
-  choice[static_cast<std::size_t>(meter)] = true;
+  choice[meter] = true;
   return choice;
 }
 
@@ -74,8 +74,8 @@ TEST(DetailTable, BlocksStandInTheirOrderWithTheirHeadings) {
 
 TEST(DetailTable, FlatRateTakesTheFreeKwhOffBeforeTheBaseFee) {
   DetailInput input = sample::detail2025();
-  input.flatRate = true;
-  input.freeKwh = 1500;
+  input.flatRate.on = true;
+  input.flatRate.freeKwh = 1500;
   const Grid grid = buildDetailTable(input, kAll);
   const int row = rowOf(grid, "Pauschale");
   EXPECT_EQ(rowTexts(grid, row),
@@ -83,7 +83,7 @@ TEST(DetailTable, FlatRateTakesTheFreeKwhOffBeforeTheBaseFee) {
   EXPECT_EQ(rowTexts(grid, row + 1),
             Texts({"Verbrauch", "1.493,00", "", "437,12", "83,05", "520,17"}));
   EXPECT_EQ(rowTexts(grid, row + 3), Texts({"Summe Gesamt", "", "", "599,12", "113,83", "712,95"}));
-  input.freeKwh = 0;
+  input.flatRate.freeKwh = 0;
   EXPECT_EQ(rowOf(buildDetailTable(input, kAll), "Pauschale"), -1);
 }
 

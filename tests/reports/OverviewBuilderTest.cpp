@@ -11,7 +11,9 @@ namespace {
 
 using base::Money;
 using reports::Grid;
+using reports::Meter;
 using reports::OverviewInput;
+using reports::Utility;
 
 // The six texts of a row: label and amount of electricity, water and gas.
 std::vector<std::string> rowTexts(const Grid& grid, int row) {
@@ -73,9 +75,9 @@ TEST(Overview, FlatRateAddsTwoRowsAndChargesWhatGoesBeyond) {
 
 TEST(Overview, FlatRateWithoutFreeKwhChangesNothing) {
   OverviewInput input = sample::overview2025();
-  input.flatRate = true;
-  for (const std::optional<double> kwh : {std::optional<double>(0.0), std::optional<double>()}) {
-    input.freeKwh.value = kwh;
+  input.flatRate.on = true;
+  for (const std::optional<double> kwh : {std::optional(0.0), std::optional(-100.0), {}}) {
+    input.flatRate.freeKwh = kwh;
     EXPECT_EQ(toPlainText(buildOverview(input)),
               toPlainText(buildOverview(sample::overview2025())));
   }
@@ -83,7 +85,7 @@ TEST(Overview, FlatRateWithoutFreeKwhChangesNothing) {
 
 TEST(Overview, ExtraConsumptionMayBeNegative) {
   OverviewInput input = sample::overviewFlatRate();
-  input.freeKwh = {"9000", 9000.0};
+  input.flatRate.freeKwh = 9000;
   const Grid grid = buildOverview(input);
   EXPECT_EQ(grid.text(18, 1), "-1.369,73");
   EXPECT_EQ(grid.text(23, 1), "-1.207,73");
@@ -91,7 +93,7 @@ TEST(Overview, ExtraConsumptionMayBeNegative) {
 
 TEST(Overview, MonthsAndYearTotalsAreShownAsTheyAre) {
   OverviewInput input = sample::overview2025();
-  input.electricity[5].amount = Money::roundHalfEven(1000);
+  input.months[Utility::Electricity][5].amount = Money::roundHalfEven(1000);
   const Grid grid = buildOverview(input);
   EXPECT_EQ(grid.text(16, 1), "2.144,84");
   EXPECT_EQ(grid.text(21, 1), "1.393,27");
@@ -99,11 +101,11 @@ TEST(Overview, MonthsAndYearTotalsAreShownAsTheyAre) {
 
 TEST(Overview, MissingValuesLeaveTheirCellsEmptyAndAddNothing) {
   OverviewInput input = sample::overview2025();
-  input.gas[2].amount.reset();
-  input.baseFeeGas.reset();
-  input.vatGas = {};
-  input.advanceGas.reset();
-  input.waterAmount.reset();
+  input.months[Utility::Gas][2].amount.reset();
+  input.baseFees[Meter::Gas].reset();
+  input.vat[Meter::Gas] = {};
+  input.advances[Utility::Gas].reset();
+  input.amounts[Meter::Water].reset();
   const Grid grid = buildOverview(input);
   EXPECT_EQ(grid.text(5, 7), "");
   EXPECT_EQ(grid.text(18, 7), "");
@@ -116,7 +118,7 @@ TEST(Overview, MissingValuesLeaveTheirCellsEmptyAndAddNothing) {
 
 TEST(Overview, RateReadsAsEnteredAndShortNamesLeaveTheTitleOpen) {
   OverviewInput input = sample::overview2025();
-  input.vatWater = {"7,5", 7.5};
+  input.vat[Meter::Water] = {"7,5", 7.5};
   input.yearFileName = "kwd";
   const Grid grid = buildOverview(input);
   EXPECT_EQ(grid.text(23, 3), "7,5% MwSt Wasser");
@@ -175,9 +177,9 @@ TEST(PlainSummary, SaysHowTheYearStandsAndWhatWouldHaveFitted) {
                    "Wasser: Guthaben 28,28 €; passender Abschlag wäre 63,64 € im Monat.",
                    "Gas: Nachzahlung 107,66 €; passender Abschlag wäre 150,97 € im Monat."}));
   OverviewInput input = sample::overview2025();
-  input.monthsReadWater = 0;
-  input.monthsReadGas = 6;
-  input.advanceGas = Money::roundHalfEven(1811.66);
+  input.monthsRead[Utility::Water] = 0;
+  input.monthsRead[Utility::Gas] = 6;
+  input.advances[Utility::Gas] = Money::roundHalfEven(1811.66);
   const auto sentences = reports::plainSummary(input);
   EXPECT_EQ(sentences[1], "Wasser: noch keine Ablesungen.");
   EXPECT_EQ(sentences[2], "Gas: ausgeglichen; passender Abschlag wäre 301,94 € im Monat.");

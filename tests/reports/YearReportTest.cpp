@@ -43,8 +43,8 @@ TEST_F(YearReport, FreshYearHasNoReadings) {
   const auto input = reports::overviewInput(*open("Verbrauch.kwd"));
   EXPECT_EQ(input.currentYear, 2026);
   EXPECT_EQ(input.currentMonth, 11);
-  EXPECT_EQ(input.monthsReadElectricity, 0);
-  EXPECT_EQ(input.electricity[11].month, "Dezember");
+  EXPECT_EQ(input.monthsRead[Utility::Electricity], 0);
+  EXPECT_EQ(input.months[Utility::Electricity][11].month, "Dezember");
 }
 
 TEST_F(YearReport, ClearedUtilityShowsNoTotals) {

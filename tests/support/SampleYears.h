@@ -3,8 +3,8 @@
 #include "reports/DetailTable.h"
 #include "reports/OverviewBuilder.h"
 
-// The two sample years and a fresh one as the main window would hand them over, worked out from
-// their readings and prices.
+// The two sample years and a fresh one as their tables show them, typed through the program's own
+// rules.
 namespace sample {
 
 reports::OverviewInput overview2024();

@@ -15,12 +15,10 @@ FilteredEntry kept(const char* text, bool commaRefused = false) {
 FieldValues valuesOfAYear() {
   FieldValues values;
   values.startMonths = {4, 1, 1};
-  values.electricity.day = {44309, 3073, Money::roundHalfEven(921.937)};
-  values.electricity.gross = Money::roundHalfEven(1554.7765);
-  values.consumptions[0][0] = "1.250,5";
-  values.consumptions[0][1] = "625,25";
-  values.consumptions[0][2] = "-3";
-  values.advanceSums[0] = Money::roundHalfEven(1800);
+  values.bill.meters[Meter::Day] = {44309, 3073, Money::roundHalfEven(921.937), {}, {}, {}};
+  values.bill.gross[Utility::Electricity] = Money::roundHalfEven(1554.7765);
+  values.consumptions[Meter::Day] = {{{1250.5, 625.25, -3}}};
+  values.advanceSums[Utility::Electricity] = Money::roundHalfEven(1800);
   return values;
 }
 
@@ -62,11 +60,11 @@ TEST(FieldRules, TheStartDateIsADayOfTheCalendar) {
 
 TEST(FieldTexts, FiguresReadGerman) {
   const FieldValues values = valuesOfAYear();
-  const ElectricityTexts texts = electricityTexts(values);
-  EXPECT_EQ(texts.day.endReading, "44.309");
-  EXPECT_EQ(texts.day.consumption, "3.073");
-  EXPECT_EQ(texts.day.amount, "921,94");
-  EXPECT_EQ(texts.gross, "1.554,78");
+  const MeterLines lines = meterLines(values, Meter::Day);
+  EXPECT_EQ(lines.endReading, "44.309");
+  EXPECT_EQ(lines.consumption, "3.073");
+  EXPECT_EQ(lines.amount, "921,94");
+  EXPECT_EQ(grossText(values, Utility::Electricity), "1.554,78");
   EXPECT_EQ(priceText(29.6), "29,60");
   EXPECT_EQ(priceText(28.125), "28,125");
   EXPECT_EQ(priceText(std::nullopt), "");
@@ -74,11 +72,12 @@ TEST(FieldTexts, FiguresReadGerman) {
 
 TEST(FieldTexts, AHiddenNightTariffIsNamedWhereItIsSummed) {
   FieldValues values = valuesOfAYear();
-  values.electricity.nightGross = Money::roundHalfEven(429.17);
-  const std::string plain = electricityTexts(values).grossNote;
+  values.bill.meters[Meter::Night].gross = Money::roundHalfEven(429.17);
+  const std::string plain = grossNote(values, Utility::Electricity);
   EXPECT_EQ(plain.find("Nachtstrom"), std::string::npos);
   values.nightShown = false;
-  EXPECT_EQ(electricityTexts(values).grossNote,
+  EXPECT_EQ(grossNote(values, Utility::Water), plain);
+  EXPECT_EQ(grossNote(values, Utility::Electricity),
             plain + "; darin 429,17 Euro Nachtstrom (ausgeblendet)");
 }
 
@@ -88,15 +87,17 @@ TEST(FieldTexts, TheMonthsFollowTheStartMonthAndTheClock) {
   EXPECT_EQ(months.names.back(), "März");
   EXPECT_EQ(months.current, 1);
   EXPECT_EQ(months.consumptionSum, "3.073");
+  EXPECT_EQ(months.consumptions[1], "625,25");
+  EXPECT_EQ(months.consumptions[3], "");
   EXPECT_EQ(months.advanceSum, "1.800,00");
   EXPECT_THAT(months.shares, testing::ElementsAre(1, 0.5, 0, 0, 0, 0, 0, 0, 0, 0, 0, 0));
 }
 
 TEST(FieldTexts, AClearedUtilityShowsNothing) {
   FieldValues values = valuesOfAYear();
-  values.cleared[0] = true;
-  EXPECT_EQ(electricityTexts(values).day.endReading, "");
-  EXPECT_EQ(electricityTexts(values).gross, "");
+  values.cleared[Utility::Electricity] = true;
+  EXPECT_EQ(meterLines(values, Meter::Night).endReading, "");
+  EXPECT_EQ(grossText(values, Utility::Electricity), "");
   EXPECT_EQ(monthTexts(values, Utility::Electricity, "Mai").advanceSum, "");
-  EXPECT_EQ(gasTexts(values).kwh, "0");
+  EXPECT_EQ(gasKwhText(values), "0");
 }

@@ -39,22 +39,22 @@ bool missing() {
 TEST_F(ForeignYear, EmptyFieldsCountAsNothing) {
   NEEDS_FOREIGN_YEARS();
   const auto year = take("plain.kwd");
-  EXPECT_EQ(year->values().startDay, std::nullopt);
-  EXPECT_EQ(year->values().consumptions[0][0], "");
-  EXPECT_EQ(year->values().electricity.gross, Money());
+  EXPECT_EQ(year->values().startReadings[Meter::Day], std::nullopt);
+  EXPECT_EQ(year->values().consumptions[Meter::Day][0], std::nullopt);
+  EXPECT_EQ(year->values().bill.gross[Utility::Electricity], Money());
 }
 
 TEST_F(ForeignYear, WholeNumbersInIntegerColumnsAndFractionsRefused) {
   NEEDS_FOREIGN_YEARS();
   auto year = take("extra.kwd");
-  ASSERT_TRUE(done(year->storeNumber(zstaende::startDay, 4711)));
-  EXPECT_FALSE(year->storeNumber(zstaende::startDay, 3000000000.0));
-  EXPECT_EQ(year->values().startDay, 4711);
+  ASSERT_TRUE(done(year->storeStartReading(Meter::Day, 4711)));
+  EXPECT_FALSE(year->storeStartReading(Meter::Day, 3000000000.0));
+  EXPECT_EQ(year->values().startReadings[Meter::Day], 4711);
   ASSERT_TRUE(done(year->storeRemark(Utility::Electricity, 2, "neuer Zähler")));
   year.reset();
   year = again();
-  EXPECT_EQ(year->values().startDay, 4711);
-  EXPECT_EQ(year->values().remarks[0][2], "neuer Zähler");
+  EXPECT_EQ(year->values().startReadings[Meter::Day], 4711);
+  EXPECT_EQ(year->values().remarks[Utility::Electricity][2], "neuer Zähler");
 }
 
 TEST_F(ForeignYear, AShiftKeepsAnIndexOnTheMonthRight) {
@@ -79,16 +79,16 @@ TEST_F(ForeignYear, RemarksOfAnyLengthInMemoColumns) {
   for (int i = 0; i < 900; ++i) remark += "Ablesung ";
   ASSERT_TRUE(done(year->storeRemark(Utility::Gas, 4, remark)));
   year.reset();
-  EXPECT_EQ(again()->values().remarks[2][4], remark);
+  EXPECT_EQ(again()->values().remarks[Utility::Gas][4], remark);
 }
 
 // A price of 21,45 in a single-precision column is 21,45 again, not 21,4500007629.
 TEST_F(ForeignYear, SinglePrecisionPricesReadAsTyped) {
   NEEDS_FOREIGN_YEARS();
   auto year = take("memo.kwd");
-  ASSERT_TRUE(done(year->storeDayPrice(21.45)));
+  ASSERT_TRUE(done(year->storePrice(Meter::Day, 21.45)));
   year.reset();
-  EXPECT_EQ(again()->values().dayPrice, 21.45);
+  EXPECT_EQ(again()->values().prices[Meter::Day], 21.45);
 }
 
 TEST_F(ForeignYear, AMissingTableOrColumnIsNamed) {

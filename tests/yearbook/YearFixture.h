@@ -27,6 +27,15 @@ class YearFixture : public testing::Test {
     return nullptr;
   }
 
+  // Writes into a year as another program would: what follows from it is left as it was.
+  void overwrite(const std::string& path, const yearbook::YearSession::Edit& edit) {
+    auto database = jet::Database::open(files, path);
+    ASSERT_TRUE(database);
+    auto rows = yearbook::YearRows::open(*database);
+    ASSERT_TRUE(rows);
+    ASSERT_TRUE(done(database->begin()) && done(edit(*rows)) && done(database->commit()));
+  }
+
   // Fails the test with the message of a failure.
   static bool done(const base::Result<void>& result) {
     EXPECT_TRUE(result.has_value()) << base::germanMessage(result.error());

@@ -10,10 +10,9 @@ namespace {
 using base::Money;
 using base::Result;
 using yearbook::kMonths;
-using yearbook::PerMonth;
+using yearbook::Meter;
 using yearbook::Utility;
 using yearbook::YearSession;
-namespace zstaende = yearbook::zstaende;
 
 // Runs one step after the other until one fails.
 class Steps {
@@ -29,40 +28,19 @@ class Steps {
   Result<void> done_;
 };
 
-Result<void> enterSettings(YearSession& session, const Year& year) {
-  const std::pair<const yearbook::Field*, double> settings[] = {
-      {&zstaende::startDay, year.startDay},
-      {&zstaende::startNight, year.startNight},
-      {&zstaende::startWasteWater, year.startWasteWater},
-      {&zstaende::startGas, year.startGas},
-      {&zstaende::gasFactor, year.gasFactor},
-      {&zstaende::vatElectricity, year.vatElectricity},
-      {&zstaende::vatWater, year.vatWater},
-      {&zstaende::vatWasteWater, year.vatWasteWater},
-      {&zstaende::vatGas, year.vatGas}};
+Result<void> enterMeter(YearSession& session, const Year& year, Meter meter) {
   Steps steps;
-  for (const auto& [field, value] : settings)
-    steps.then([&, field = field, value = value] { return session.storeNumber(*field, value); });
-  return steps.then([&] { return session.storeStartWater(year.startWater); })
-      .then([&] { return session.storeStartDate(year.startDate); })
-      .result();
-}
-
-Result<void> enterPrices(YearSession& session, const readings::PriceVariant& variant,
-                         const std::vector<PriceStep>& prices) {
-  Steps steps;
-  for (const PriceStep& step : prices) {
+  steps.then([&] { return session.storeStartReading(meter, year.start[meter]); }).then([&] {
+    return session.storeVat(meter, kVat[meter]);
+  });
+  for (const PriceStep& step : year.prices[meter]) {
     readings::MonthTicks ticks{};
     std::fill(ticks.begin() + step.from, ticks.end(), true);
-    steps.then([&] { return readings::storePrices(session, variant, ticks, step.price); });
+    steps.then([&] { return readings::storePrices(session, meter, ticks, step.price); });
   }
-  return steps.result();
-}
-
-Result<void> enterReadings(YearSession& session, const readings::MeterVariant& meter,
-                           const PerMonth<double>& typed, const readings::MeterChange& change) {
-  return Steps()
-      .then([&] { return readings::takeOver(session, meter, typed, change); })
+  const readings::MeterChange& change = year.changes[meter];
+  return steps
+      .then([&] { return readings::takeOver(session, meter, year.readings[meter], change); })
       .then([&] {
         return readings::writeMeterChange(session.files(),
                                           readings::meterChangePath(session, meter), change);
@@ -70,13 +48,14 @@ Result<void> enterReadings(YearSession& session, const readings::MeterVariant& m
       .result();
 }
 
-Result<void> enterFee(YearSession& session, const readings::FeeVariant& fee, double perMonth) {
+Result<void> enterFee(YearSession& session, Meter meter, double perMonth) {
   readings::MonthlyFees fees;
   fees.fill(perMonth);
   return Steps()
-      .then([&] { return readings::storeYearFee(session, fee, fees); })
+      .then([&] { return readings::storeYearFee(session, meter, fees); })
       .then([&] {
-        return readings::writeBaseFees(session.files(), readings::baseFeePath(session, fee), fees);
+        return readings::writeBaseFees(session.files(), readings::baseFeePath(session, meter),
+                                       fees);
       })
       .result();
 }
@@ -99,29 +78,23 @@ const Year& year2024() {
     Year y{};
     y.year = 2024;
     y.startDate = "01.01.2024";
-    y.startDay = 41236;
-    y.startNight = 22818;
-    y.startWater = y.startWasteWater = 318;
-    y.startGas = 8764;
     y.gasFactor = 10.483;
-    y.vatElectricity = y.vatGas = 19;
-    y.vatWater = 7;
-    y.day = {41535, 41798, 42066, 42313, 42550, 42778, 42997, 43211, 43451, 43712, 43996, 44309};
-    y.night = {23001, 23159, 23305, 23427, 23532, 23627, 23719, 23810, 23914, 24040, 24192, 24371};
-    y.water = {328, 338, 347, 358, 368, 380, 392, 403, 414, 423, 433, 443};
-    y.gas = {9001, 9175, 9332, 9440, 9488, 9517, 9541, 9562, 9612, 9716, 9895, 10114};
-    y.dayPrice = {{0, 30.40}, {6, 29.60}};
-    y.nightPrice = {{0, 25.10}, {6, 24.40}};
-    y.waterPrice = {{0, 2.10}};
-    y.wasteWaterPrice = {{0, 2.86}};
-    y.gasPrice = {{0, 8.95}, {9, 9.20}};
-    y.feeElectricity = 12.90;
-    y.feeWater = 8.50;
-    y.feeGas = 10.80;
-    y.advanceElectricity = 150;
-    y.advanceWater = 63;
-    y.advanceGas = 130;
-    y.changed = readings::MeterChange::kNone;
+    y.start = {41236, 22818, 318, 318, 8764};
+    y.readings[Meter::Day] = {41535, 41798, 42066, 42313, 42550, 42778,
+                              42997, 43211, 43451, 43712, 43996, 44309};
+    y.readings[Meter::Night] = {23001, 23159, 23305, 23427, 23532, 23627,
+                                23719, 23810, 23914, 24040, 24192, 24371};
+    y.readings[Meter::Water] = {328, 338, 347, 358, 368, 380, 392, 403, 414, 423, 433, 443};
+    y.readings[Meter::WasteWater] = y.readings[Meter::Water];
+    y.readings[Meter::Gas] = {9001, 9175, 9332, 9440, 9488, 9517,
+                              9541, 9562, 9612, 9716, 9895, 10114};
+    y.prices[Meter::Day] = {{0, 30.40}, {6, 29.60}};
+    y.prices[Meter::Night] = {{0, 25.10}, {6, 24.40}};
+    y.prices[Meter::Water] = {{0, 2.10}};
+    y.prices[Meter::WasteWater] = {{0, 2.86}};
+    y.prices[Meter::Gas] = {{0, 8.95}, {9, 9.20}};
+    y.fees = {12.90, 0, 8.50, 0, 10.80};
+    y.advances = {150, 63, 130};
     return y;
   }();
   return sampleYear;
@@ -132,66 +105,44 @@ const Year& year2025() {
     Year y{};
     y.year = 2025;
     y.startDate = "01.01.2025";
-    y.startDay = 44309;
-    y.startNight = 24371;
-    y.startWater = y.startWasteWater = 443;
-    y.startGas = 10114;
     y.gasFactor = 10.523;
-    y.vatElectricity = y.vatGas = 19;
-    y.vatWater = 7;
-    y.day = {44600, 44855, 45115, 45354, 45585, 45808, 238, 436, 670, 925, 1201, 1506};
-    y.night = {24551, 24708, 24849, 24964, 25065, 25157, 93, 178, 277, 399, 546, 717};
-    y.water = {453, 462, 471, 481, 492, 503, 515, 524, 534, 543, 553, 562};
-    y.gas = {10354, 10580, 10759, 10855, 10917, 10945, 10969, 10989, 11033, 11141, 11318, 11522};
-    y.dayPrice = {{0, 29.60}, {3, 28.90}};
-    y.nightPrice = {{0, 24.40}, {3, 23.90}};
-    y.waterPrice = {{0, 2.25}};
-    y.wasteWaterPrice = {{0, 3.05}};
-    y.gasPrice = {{0, 9.45}, {6, 9.25}};
-    y.feeElectricity = 13.50;
-    y.feeWater = 8.90;
-    y.feeGas = 11.20;
-    y.advanceElectricity = 136;
-    y.advanceWater = 66;
-    y.advanceGas = 142;
+    y.start = {44309, 24371, 443, 443, 10114};
+    y.readings[Meter::Day] = {44600, 44855, 45115, 45354, 45585, 45808,
+                              238,   436,   670,   925,   1201,  1506};
+    y.readings[Meter::Night] = {24551, 24708, 24849, 24964, 25065, 25157,
+                                93,    178,   277,   399,   546,   717};
+    y.readings[Meter::Water] = {453, 462, 471, 481, 492, 503, 515, 524, 534, 543, 553, 562};
+    y.readings[Meter::WasteWater] = y.readings[Meter::Water];
+    y.readings[Meter::Gas] = {10354, 10580, 10759, 10855, 10917, 10945,
+                              10969, 10989, 11033, 11141, 11318, 11522};
+    y.prices[Meter::Day] = {{0, 29.60}, {3, 28.90}};
+    y.prices[Meter::Night] = {{0, 24.40}, {3, 23.90}};
+    y.prices[Meter::Water] = {{0, 2.25}};
+    y.prices[Meter::WasteWater] = {{0, 3.05}};
+    y.prices[Meter::Gas] = {{0, 9.45}, {6, 9.25}};
+    y.fees = {13.50, 0, 8.90, 0, 11.20};
+    y.advances = {136, 66, 142};
     // At the end of June; the new meter began at 12 kWh by day and 4 kWh by night.
-    y.changed = 5;
-    y.newDay = 12;
-    y.newNight = 4;
+    y.changes[Meter::Day] = {5, 12};
+    y.changes[Meter::Night] = {5, 4};
     return y;
   }();
   return sampleYear;
 }
 
 Result<void> enter(YearSession& session, const Year& year) {
-  return session.transact([&] {
-    return Steps()
-        .then([&] { return enterSettings(session, year); })
-        .then([&] { return enterPrices(session, readings::kDayPrice, year.dayPrice); })
-        .then([&] { return enterPrices(session, readings::kNightPrice, year.nightPrice); })
-        .then([&] { return enterPrices(session, readings::kWaterPrice, year.waterPrice); })
-        .then(
-            [&] { return enterPrices(session, readings::kWasteWaterPrice, year.wasteWaterPrice); })
-        .then([&] { return enterPrices(session, readings::kGasPrice, year.gasPrice); })
-        .then([&] {
-          return enterReadings(session, readings::kDayMeter, year.day, {year.changed, year.newDay});
-        })
-        .then([&] {
-          return enterReadings(session, readings::kNightMeter, year.night,
-                               {year.changed, year.newNight});
-        })
-        .then([&] { return enterReadings(session, readings::kWaterMeter, year.water, {}); })
-        .then([&] { return enterReadings(session, readings::kWasteWaterMeter, year.water, {}); })
-        .then([&] { return enterReadings(session, readings::kGasMeter, year.gas, {}); })
-        .then([&] { return enterFee(session, readings::kElectricityFee, year.feeElectricity); })
-        .then([&] { return enterFee(session, readings::kWaterFee, year.feeWater); })
-        .then([&] { return enterFee(session, readings::kWasteWaterFee, year.feeWasteWater); })
-        .then([&] { return enterFee(session, readings::kGasFee, year.feeGas); })
-        .then([&] { return enterAdvances(session, Utility::Electricity, year.advanceElectricity); })
-        .then([&] { return enterAdvances(session, Utility::Water, year.advanceWater); })
-        .then([&] { return enterAdvances(session, Utility::Gas, year.advanceGas); })
-        .result();
+  Steps steps;
+  steps.then([&] { return session.storeStartDate(year.startDate); }).then([&] {
+    return session.storeGasFactor(year.gasFactor);
   });
+  for (Meter meter : yearbook::kMeters) {
+    steps.then([&] { return enterMeter(session, year, meter); });
+    if (meter != Meter::Night)
+      steps.then([&] { return enterFee(session, meter, year.fees[meter]); });
+  }
+  for (Utility utility : yearbook::kUtilities)
+    steps.then([&] { return enterAdvances(session, utility, year.advances[utility]); });
+  return steps.result();
 }
 
 Result<void> makeBoth(base::FileSystem& files, const std::string& folder,

@@ -3,7 +3,7 @@
 #include <string>
 #include <vector>
 
-#include "yearbook/YearSession.h"
+#include "readings/MeterChange.h"
 
 // An invented household of three persons with gas heating and a two-tariff electricity meter: what
 // it typed in two years. Base fees, unit prices without VAT, advance payments with VAT.
@@ -18,19 +18,19 @@ struct PriceStep {
 struct Year {
   int year;
   std::string startDate;
-  double startDay, startNight, startWater, startWasteWater, startGas;
   double gasFactor;
-  double vatElectricity, vatWater, vatWasteWater, vatGas;
-  yearbook::PerMonth<double> day, night, water, gas;  // readings; waste water is read off the water
-  std::vector<PriceStep> dayPrice, nightPrice, waterPrice, wasteWaterPrice, gasPrice;
-  double feeElectricity, feeWater, feeWasteWater, feeGas;  // each month
-  double advanceElectricity, advanceWater, advanceGas;     // each month
-  // Of the two-tariff meter; 12 = not changed.
-  int changed = 12;
-  double newDay = 0, newNight = 0;
+  yearbook::PerMeter<double> start;
+  yearbook::PerMeter<yearbook::PerMonth<double>> readings;
+  yearbook::PerMeter<std::vector<PriceStep>> prices;
+  yearbook::PerMeter<double> fees;        // each month; the night tariff has none
+  yearbook::PerUtility<double> advances;  // each month
+  yearbook::PerMeter<readings::MeterChange> changes;
 
   std::string fileName() const;  // "Verbrauch2025.kwd"
 };
+
+// The same in both years.
+inline constexpr yearbook::PerMeter<double> kVat = {19, 19, 7, 0, 19};
 
 const Year& year2024();
 const Year& year2025();

@@ -2,7 +2,9 @@
 
 #include <QGridLayout>
 
+#include "readings/ui/WindowTexts.h"
 #include "widgets/Rule.h"
+#include "yearbook/FieldRules.h"
 
 using namespace Qt::Literals::StringLiterals;
 
@@ -14,19 +16,16 @@ using yearbook::kMonths;
 constexpr int kFeeDigits = 11;
 const yearbook::Decimals kDecimals = yearbook::decimalsOf(yearbook::EntryKind::Amount);
 
-std::size_t at(int k) {
-  return static_cast<std::size_t>(k);
-}
-
 }  // namespace
 
-BaseFeeWindow::BaseFeeWindow(const FeeVariant& fee, dialogs::Services& services,
+BaseFeeWindow::BaseFeeWindow(Meter meter, dialogs::Services& services,
                              yearbook::YearSession& session, QWidget* parent)
-    : EntryWindow(fee.window, fee.caption, services, session, parent), fee_(fee) {
+    : EntryWindow(kFeeTexts[meter].window, kFeeTexts[meter].caption, services, session, parent),
+      meter_(meter) {
   setTexts();
   arrange();
   connectControls();
-  stored_ = readBaseFees(session_.files(), baseFeePath(session_, fee_));
+  stored_ = readBaseFees(session_.files(), baseFeePath(session_, meter_));
   showStored();
 }
 
@@ -39,12 +38,12 @@ void BaseFeeWindow::setTexts() {
   Command3->setText(u"Alle &Werte löschen"_s);
   makeCloseButton(Command2);
   // The months of all four windows run as those of electricity do.
-  const auto names = session_.monthNames(Utility::Electricity);
+  const auto names = session_.monthNames(yearbook::Utility::Electricity);
   const std::string current = session_.currentMonthName();
   for (int k = 0; k < kMonths; ++k) {
-    const QString name = QString::fromStdString(names[at(k)]);
+    const QString name = QString::fromStdString(names[k]);
     lblMo(k)->setText(name);
-    if (names[at(k)] == current) lblMo(k)->setMark(MarkedLabel::Mark::Current);
+    if (names[k] == current) lblMo(k)->setMark(MarkedLabel::Mark::Current);
     txtVerbrauch(k)->setAccessibleName(u"Grundgebühr "_s + name);
   }
 }
@@ -100,12 +99,12 @@ void BaseFeeWindow::connectControls() {
 }
 
 void BaseFeeWindow::Command1Click() {
-  if (!told(storeYearFee(session_, fee_, fees()))) {
+  if (!told(storeYearFee(session_, meter_, fees()))) {
     showStored();
     return;
   }
   // The amounts stay on the screen when their file cannot be written, for another try.
-  if (told(writeBaseFees(session_.files(), baseFeePath(session_, fee_), fees()))) accept();
+  if (told(writeBaseFees(session_.files(), baseFeePath(session_, meter_), fees()))) accept();
 }
 
 void BaseFeeWindow::Command3Click() {
@@ -114,7 +113,7 @@ void BaseFeeWindow::Command3Click() {
 }
 
 void BaseFeeWindow::showStored() {
-  for (int k = 0; k < kMonths; ++k) txtVerbrauch(k)->setValue(stored_[at(k)]);
+  for (int k = 0; k < kMonths; ++k) txtVerbrauch(k)->setValue(stored_[k]);
   showSum();
 }
 
@@ -125,7 +124,7 @@ void BaseFeeWindow::showSum() {
 
 MonthlyFees BaseFeeWindow::fees() const {
   MonthlyFees values{};
-  for (int k = 0; k < kMonths; ++k) values[at(k)] = txtVerbrauch(k)->valueOrZero();
+  for (int k = 0; k < kMonths; ++k) values[k] = txtVerbrauch(k)->valueOrZero();
   return values;
 }
 

@@ -15,7 +15,7 @@ namespace readings {
 class BaseFeeWindow : public EntryWindow {
   Q_OBJECT
  public:
-  BaseFeeWindow(const FeeVariant& fee, dialogs::Services& services, yearbook::YearSession& session,
+  BaseFeeWindow(Meter meter, dialogs::Services& services, yearbook::YearSession& session,
                 QWidget* parent);
 
   QGroupBox* const Frame1 = widgets::control<QGroupBox>(this, "Frame1");
@@ -39,7 +39,7 @@ class BaseFeeWindow : public EntryWindow {
   void showSum();
   MonthlyFees fees() const;
 
-  const FeeVariant& fee_;
+  const Meter meter_;
   MonthlyFees stored_{};
 };
 

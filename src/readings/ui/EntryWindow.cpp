@@ -55,10 +55,6 @@ void EntryWindow::keyPressEvent(QKeyEvent* event) {
   if (auto* button = qobject_cast<QPushButton*>(focusWidget())) button->click();
 }
 
-QString utf8(std::string_view text) {
-  return QString::fromUtf8(text.data(), static_cast<qsizetype>(text.size()));
-}
-
 void makeDisplay(widgets::NumberField* field) {
   field->setReadOnly(true);
   field->setFrame(false);

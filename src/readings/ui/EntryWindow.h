@@ -7,6 +7,7 @@
 #include "dialogs/Prompts.h"
 #include "dialogs/Services.h"
 #include "widgets/NumberField.h"
+#include "widgets/Utf8.h"
 #include "yearbook/YearSession.h"
 
 class QHBoxLayout;
@@ -40,7 +41,7 @@ class EntryWindow : public QDialog {
   yearbook::YearSession& session_;
 };
 
-QString utf8(std::string_view text);
+using widgets::utf8;
 
 // A field that shows a figure and takes none.
 void makeDisplay(widgets::NumberField* field);

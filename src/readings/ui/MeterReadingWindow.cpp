@@ -7,6 +7,7 @@
 #include "base/GermanNumber.h"
 #include "dialogs/Navigator.h"
 #include "readings/ReadingHints.h"
+#include "readings/ui/WindowTexts.h"
 #include "widgets/Rule.h"
 
 using namespace Qt::Literals::StringLiterals;
@@ -25,10 +26,6 @@ enum Row {
 };
 
 constexpr int kReadingDigits = 12;
-
-std::size_t at(int k) {
-  return static_cast<std::size_t>(k);
-}
 
 QString doubtText(Doubt doubt) {
   switch (doubt) {
@@ -51,9 +48,12 @@ QString plain(double value) {
 
 }  // namespace
 
-MeterReadingWindow::MeterReadingWindow(const MeterVariant& meter, dialogs::Services& services,
-                                       yearbook::YearSession& session, QWidget* parent)
-    : EntryWindow(meter.window, meter.caption, services, session, parent), meter_(meter) {
+MeterReadingWindow::MeterReadingWindow(Meter meter, dialogs::Services& services,
+                                       YearSession& session, QWidget* parent)
+    : EntryWindow(kReadingTexts[meter].window, kReadingTexts[meter].caption, services, session,
+                  parent),
+      meter_(meter),
+      units_(yearbook::wholeUnitsOf(meter)) {
   setTexts();
   nameMonths();
   arrange();
@@ -68,12 +68,12 @@ MeterReadingWindow::MeterReadingWindow(const MeterVariant& meter, dialogs::Servi
 // --- making ---
 
 void MeterReadingWindow::setTexts() {
-  lblHeader->setText(utf8(meter_.header));
+  lblHeader->setText(utf8(kReadingTexts[meter_].header));
   lblAnfStand->setText(u"Anfangszählerstand"_s);
   txtAnfStand->setAccessibleName(u"Anfangszählerstand"_s);
   Label4->setText(u"Anfangszählerstand bei Zählerwechsel"_s);
   txtWechsel->setAccessibleName(Label4->text());
-  Command1->setText(utf8(meter_.takeOver));
+  Command1->setText(utf8(kReadingTexts[meter_].takeOver));
   Command3->setText(u"&Alle Zählerstände löschen"_s);
   Command4->setText(u"&Zählerwechsel löschen"_s);
   Command5->setText(u"&Hilfe"_s);
@@ -83,15 +83,15 @@ void MeterReadingWindow::setTexts() {
 }
 
 void MeterReadingWindow::nameMonths() {
-  const auto names = session_.monthNames(meter_.utility);
+  const auto names = session_.monthNames(utilityOf(meter_));
   const std::string current = session_.currentMonthName();
   for (int k = 0; k < kMonths; ++k) {
-    const QString name = QString::fromStdString(names[at(k)]);
+    const QString name = QString::fromStdString(names[k]);
     for (MarkedLabel* label : {lblMo(k), lblMoV(k)}) {
       label->setText(name);
-      if (names[at(k)] == current) label->setMark(MarkedLabel::Mark::Current);
+      if (names[k] == current) label->setMark(MarkedLabel::Mark::Current);
     }
-    if (names[at(k)] == current) currentRow_ = k;
+    if (names[k] == current) currentRow_ = k;
     txtVerbrauch(k)->setAccessibleName(u"Zählerstand "_s + name);
     lblVerbrauch(k)->setAccessibleName(u"Verbrauch "_s + name);
     optWechsel(k)->setText(u"Zählerwechsel im "_s + name);
@@ -141,7 +141,7 @@ void MeterReadingWindow::arrange() {
 void MeterReadingWindow::arrangeMonth(QGridLayout* grid, int k) {
   const int row = kFirstMonth + k;
   setDigits(txtVerbrauch(k), kReadingDigits);
-  const auto decimals = yearbook::decimalsOf(meter_.units);
+  const auto decimals = yearbook::decimalsOf(units_);
   txtVerbrauch(k)->setDecimals(decimals.least, decimals.most);
   lblVerbrauch(k)->setAlignment(Qt::AlignRight | Qt::AlignVCenter);
   grid->addWidget(lblMo(k), row, kMonth);
@@ -185,7 +185,8 @@ void MeterReadingWindow::connectFields() {
   for (int k = 0; k < kMonths; ++k) {
     connect(optWechsel(k), &ChangeOption::mouseReleased, this,
             &MeterReadingWindow::optWechselMouseUp);
-    if (meter_.pressCounts)
+    // As it always was: in the other four windows only keys count.
+    if (meter_ == Meter::Day)
       connect(optWechsel(k), &ChangeOption::mousePressed, this, [this] { dirty_ = true; });
   }
 }
@@ -217,7 +218,7 @@ bool MeterReadingWindow::Command1Click() {
     return false;
   }
   loaded_ = readings();
-  for (int k = 0; k < kMonths; ++k) txtVerbrauch(k)->setValue(loaded_[at(k)]);
+  for (int k = 0; k < kMonths; ++k) txtVerbrauch(k)->setValue(loaded_[k]);
   showConsumptions();
   // What could not be kept for the next time is still to be taken over.
   dirty_ = !saveChange();
@@ -278,8 +279,8 @@ void MeterReadingWindow::showStored() {
   const MeterYear stored = meterYear(session_, meter_);
   txtAnfStand->setValue(stored.startReading);
   for (int k = 0; k < kMonths; ++k) {
-    loaded_[at(k)] = std::max(stored.readings[at(k)], 0.0);
-    txtVerbrauch(k)->setValue(loaded_[at(k)]);
+    loaded_[k] = std::max(stored.readings[k], 0.0);
+    txtVerbrauch(k)->setValue(loaded_[k]);
   }
   showConsumptions();
   resetChange();
@@ -300,11 +301,11 @@ void MeterReadingWindow::focusOpenMonth() {
 }
 
 void MeterReadingWindow::showConsumptions() {
-  const RecordSource& rows = session_.*meter_.rows;
+  const yearbook::RecordSource& rows = session_.rows().of(meter_);
   for (int k = 0; k < kMonths; ++k) {
     const bool entered = txtVerbrauch(k)->valueOrZero() != 0;
-    lblVerbrauch(k)->setText(entered ? QString::fromStdString(rows.text(k, *meter_.consumption))
-                                     : QString());
+    lblVerbrauch(k)->setText(
+        entered ? QString::fromStdString(rows.text(k, *factsOf(meter_).consumption)) : QString());
   }
   showHints();
 }
@@ -315,7 +316,7 @@ void MeterReadingWindow::showHints() {
   year.change = change();
   const auto hints = readingHints(year);
   for (int k = 0; k < kMonths; ++k) {
-    const ReadingHint& hint = hints[at(k)];
+    const ReadingHint& hint = hints[k];
     const QString doubt = doubtText(hint.doubt);
     const QString result = plain(hint.consumption);
     QString text;
@@ -348,9 +349,9 @@ void MeterReadingWindow::placeReadings(int from, QWidget* column) {
 bool MeterReadingWindow::allWhole() {
   for (int k = 0; k < kMonths; ++k) {
     const auto value = txtVerbrauch(k)->value();
-    if (yearbook::isComplete(meter_.units, value) || value == loaded_[at(k)]) continue;
+    if (yearbook::isComplete(units_, value) || value == loaded_[k]) continue;
     txtVerbrauch(k)->setModified(false);
-    txtVerbrauch(k)->setValue(loaded_[at(k)]);
+    txtVerbrauch(k)->setValue(loaded_[k]);
     tellWholeUnits();
     return false;
   }
@@ -358,19 +359,19 @@ bool MeterReadingWindow::allWhole() {
 }
 
 QString MeterReadingWindow::filterWhole(const QString& input) {
-  const auto entry = yearbook::filterEntry(meter_.units, input.toStdString());
+  const auto entry = yearbook::filterEntry(units_, input.toStdString());
   if (entry.commaRefused) tellWholeUnits();
   return QString::fromStdString(entry.kept);
 }
 
 void MeterReadingWindow::tellWholeUnits() {
-  services_.prompts.tell(this, utf8(yearbook::wholeUnitsMessage(meter_.units)),
+  services_.prompts.tell(this, utf8(yearbook::wholeUnitsMessage(units_)),
                          utf8(yearbook::kStartReadingTitle), dialogs::Icon::Information);
 }
 
 PerMonth<double> MeterReadingWindow::readings() const {
   PerMonth<double> values{};
-  for (int k = 0; k < kMonths; ++k) values[at(k)] = txtVerbrauch(k)->valueOrZero();
+  for (int k = 0; k < kMonths; ++k) values[k] = txtVerbrauch(k)->valueOrZero();
   return values;
 }
 

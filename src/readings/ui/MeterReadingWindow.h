@@ -8,6 +8,7 @@
 #include "readings/ui/EntryWindow.h"
 #include "readings/ui/MarkedLabel.h"
 #include "widgets/control.h"
+#include "yearbook/FieldRules.h"
 
 class QGridLayout;
 
@@ -17,8 +18,8 @@ namespace readings {
 class MeterReadingWindow : public EntryWindow {
   Q_OBJECT
  public:
-  MeterReadingWindow(const MeterVariant& meter, dialogs::Services& services,
-                     yearbook::YearSession& session, QWidget* parent);
+  MeterReadingWindow(Meter meter, dialogs::Services& services, YearSession& session,
+                     QWidget* parent);
 
   ColumnHeader* const lblHeader = widgets::control<ColumnHeader>(this, "lblHeader");
   QLabel* const lblAnfStand = widgets::control<QLabel>(this, "lblAnfStand");
@@ -74,7 +75,8 @@ class MeterReadingWindow : public EntryWindow {
   MeterChange change() const;
   bool saveChange();
 
-  const MeterVariant& meter_;
+  const Meter meter_;
+  const yearbook::EntryKind units_;
   QButtonGroup changeGroup_;
   MeterChange storedChange_;
   PerMonth<double> loaded_{};

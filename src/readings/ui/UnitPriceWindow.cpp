@@ -3,6 +3,7 @@
 #include <QGridLayout>
 
 #include "widgets/Rule.h"
+#include "yearbook/FieldRules.h"
 
 using namespace Qt::Literals::StringLiterals;
 
@@ -14,15 +15,13 @@ using yearbook::kMonths;
 constexpr int kPriceDigits = 10;
 const yearbook::Decimals kDecimals = yearbook::decimalsOf(yearbook::EntryKind::Price);
 
-std::size_t at(int k) {
-  return static_cast<std::size_t>(k);
-}
-
 }  // namespace
 
-UnitPriceWindow::UnitPriceWindow(const PriceVariant& variant, dialogs::Services& services,
+UnitPriceWindow::UnitPriceWindow(Meter meter, dialogs::Services& services,
                                  yearbook::YearSession& session, QWidget* parent)
-    : EntryWindow(variant.window, variant.caption, services, session, parent), variant_(variant) {
+    : EntryWindow(kPriceTexts[meter].window, kPriceTexts[meter].caption, services, session, parent),
+      texts_(kPriceTexts[meter]),
+      meter_(meter) {
   setTexts();
   arrange();
   connectControls();
@@ -30,19 +29,19 @@ UnitPriceWindow::UnitPriceWindow(const PriceVariant& variant, dialogs::Services&
 }
 
 void UnitPriceWindow::setTexts() {
-  Frame1->setTitle(utf8(variant_.frame));
+  Frame1->setTitle(utf8(texts_.frame));
   lblNewPrice->setText(u"&Neuer Preis"_s);
   lblNewPrice->setBuddy(newPrice);
-  lblUnit->setText(utf8(variant_.unit));
+  lblUnit->setText(utf8(texts_.unit));
   lblHint->setText(u"Aktivieren Sie die Checkboxen in denen der Preis angepasst werden soll."_s);
   newPrice->setAccessibleName(u"Neuer Preis in "_s + lblUnit->text());
-  newPrice->setToolTip(utf8(variant_.frame));
+  newPrice->setToolTip(utf8(texts_.frame));
   Command1->setText(u"&Übernehmen"_s);
-  cmdAbschlW2->setText(utf8(variant_.invert));
+  cmdAbschlW2->setText(utf8(texts_.invert));
   makeCloseButton(Command2);
-  const auto names = session_.monthNames(variant_.meter->utility);
+  const auto names = session_.monthNames(utilityOf(meter_));
   for (int k = 0; k < kMonths; ++k) {
-    const QString name = QString::fromStdString(names[at(k)]);
+    const QString name = QString::fromStdString(names[k]);
     Check1(k)->setText(name);
     Check1(k)->setAccessibleName(name);
     monthPrice(k)->setAccessibleName(u"Preis "_s + name);
@@ -110,7 +109,7 @@ void UnitPriceWindow::connectControls() {
 }
 
 void UnitPriceWindow::Command1Click() {
-  if (told(storePrices(session_, variant_, ticks(), newPrice->value())))
+  if (told(storePrices(session_, meter_, ticks(), newPrice->value())))
     accept();
   else
     load();
@@ -122,19 +121,19 @@ void UnitPriceWindow::cmdAbschlW2Click() {
 
 void UnitPriceWindow::load() {
   newPrice->setValue(std::nullopt);
-  const MonthTicks withoutPrice = unpriced(storedPrices(session_, variant_));
-  for (int k = 0; k < kMonths; ++k) Check1(k)->setChecked(withoutPrice[at(k)]);
+  const MonthTicks withoutPrice = unpriced(storedPrices(session_, meter_));
+  for (int k = 0; k < kMonths; ++k) Check1(k)->setChecked(withoutPrice[k]);
   showPreview();
 }
 
 void UnitPriceWindow::showPreview() {
-  const auto shown = previewPrices(storedPrices(session_, variant_), ticks(), newPrice->value());
-  for (int k = 0; k < kMonths; ++k) monthPrice(k)->setValue(shown[at(k)]);
+  const auto shown = previewPrices(storedPrices(session_, meter_), ticks(), newPrice->value());
+  for (int k = 0; k < kMonths; ++k) monthPrice(k)->setValue(shown[k]);
 }
 
 MonthTicks UnitPriceWindow::ticks() const {
   MonthTicks ticked{};
-  for (int k = 0; k < kMonths; ++k) ticked[at(k)] = Check1(k)->isChecked();
+  for (int k = 0; k < kMonths; ++k) ticked[k] = Check1(k)->isChecked();
   return ticked;
 }
 

@@ -6,6 +6,7 @@
 
 #include "readings/UnitPrices.h"
 #include "readings/ui/EntryWindow.h"
+#include "readings/ui/WindowTexts.h"
 #include "widgets/control.h"
 
 class QGridLayout;
@@ -15,11 +16,12 @@ namespace readings {
 // One new unit price for the ticked months.
 class UnitPriceWindow : public EntryWindow {
   Q_OBJECT
-  const PriceVariant& variant_;  // names the fields below
+  const PriceTexts& texts_;  // names the fields below
+  const Meter meter_;
 
  public:
-  UnitPriceWindow(const PriceVariant& variant, dialogs::Services& services,
-                  yearbook::YearSession& session, QWidget* parent);
+  UnitPriceWindow(Meter meter, dialogs::Services& services, yearbook::YearSession& session,
+                  QWidget* parent);
 
   QGroupBox* const Frame1 = widgets::control<QGroupBox>(this, "Frame1");
   QLabel* const lblNewPrice = widgets::control<QLabel>(this, "lblNewPrice");
@@ -27,8 +29,8 @@ class UnitPriceWindow : public EntryWindow {
   QLabel* const lblHint = widgets::control<QLabel>(this, "lblHint");
   // "txtJeKwsTag" and its like, "txtJeEinheitT" and its like.
   widgets::NumberField* const newPrice =
-      widgets::control<widgets::NumberField>(this, variant_.newPriceName);
-  const widgets::ControlArray<widgets::NumberField, 12> monthPrice{this, variant_.monthPriceName};
+      widgets::control<widgets::NumberField>(this, texts_.newPriceName);
+  const widgets::ControlArray<widgets::NumberField, 12> monthPrice{this, texts_.monthPriceName};
   const widgets::ControlArray<QCheckBox, 12> Check1{this, "Check1"};
   QPushButton* const Command1 = widgets::control<QPushButton>(this, "Command1");
   QPushButton* const Command2 = widgets::control<QPushButton>(this, "Command2");

@@ -6,5 +6,5 @@ class frmEingabeVerbrauch final : public readings::MeterReadingWindow {
   Q_OBJECT
  public:
   frmEingabeVerbrauch(dialogs::Services& services, yearbook::YearSession& session, QWidget* parent)
-      : MeterReadingWindow(readings::kGasMeter, services, session, parent) {}
+      : MeterReadingWindow(yearbook::Meter::Gas, services, session, parent) {}
 };

@@ -7,5 +7,5 @@ class frmEingabeVerbrauchAbW final : public readings::MeterReadingWindow {
  public:
   frmEingabeVerbrauchAbW(dialogs::Services& services, yearbook::YearSession& session,
                          QWidget* parent)
-      : MeterReadingWindow(readings::kWasteWaterMeter, services, session, parent) {}
+      : MeterReadingWindow(yearbook::Meter::WasteWater, services, session, parent) {}
 };

@@ -7,5 +7,5 @@ class frmEingabeVerbrauchNS final : public readings::MeterReadingWindow {
  public:
   frmEingabeVerbrauchNS(dialogs::Services& services, yearbook::YearSession& session,
                         QWidget* parent)
-      : MeterReadingWindow(readings::kNightMeter, services, session, parent) {}
+      : MeterReadingWindow(yearbook::Meter::Night, services, session, parent) {}
 };

@@ -6,5 +6,5 @@ class frmEingabeVerbrauchS final : public readings::MeterReadingWindow {
   Q_OBJECT
  public:
   frmEingabeVerbrauchS(dialogs::Services& services, yearbook::YearSession& session, QWidget* parent)
-      : MeterReadingWindow(readings::kDayMeter, services, session, parent) {}
+      : MeterReadingWindow(yearbook::Meter::Day, services, session, parent) {}
 };

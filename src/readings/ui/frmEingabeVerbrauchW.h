@@ -6,5 +6,5 @@ class frmEingabeVerbrauchW final : public readings::MeterReadingWindow {
   Q_OBJECT
  public:
   frmEingabeVerbrauchW(dialogs::Services& services, yearbook::YearSession& session, QWidget* parent)
-      : MeterReadingWindow(readings::kWaterMeter, services, session, parent) {}
+      : MeterReadingWindow(yearbook::Meter::Water, services, session, parent) {}
 };

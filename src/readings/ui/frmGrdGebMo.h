@@ -6,5 +6,5 @@ class frmGrdGebMo final : public readings::BaseFeeWindow {
   Q_OBJECT
  public:
   frmGrdGebMo(dialogs::Services& services, yearbook::YearSession& session, QWidget* parent)
-      : BaseFeeWindow(readings::kElectricityFee, services, session, parent) {}
+      : BaseFeeWindow(yearbook::Meter::Day, services, session, parent) {}
 };

@@ -6,5 +6,5 @@ class frmGrdGebMoAW final : public readings::BaseFeeWindow {
   Q_OBJECT
  public:
   frmGrdGebMoAW(dialogs::Services& services, yearbook::YearSession& session, QWidget* parent)
-      : BaseFeeWindow(readings::kWasteWaterFee, services, session, parent) {}
+      : BaseFeeWindow(yearbook::Meter::WasteWater, services, session, parent) {}
 };

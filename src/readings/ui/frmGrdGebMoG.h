@@ -6,5 +6,5 @@ class frmGrdGebMoG final : public readings::BaseFeeWindow {
   Q_OBJECT
  public:
   frmGrdGebMoG(dialogs::Services& services, yearbook::YearSession& session, QWidget* parent)
-      : BaseFeeWindow(readings::kGasFee, services, session, parent) {}
+      : BaseFeeWindow(yearbook::Meter::Gas, services, session, parent) {}
 };

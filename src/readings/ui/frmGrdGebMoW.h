@@ -6,5 +6,5 @@ class frmGrdGebMoW final : public readings::BaseFeeWindow {
   Q_OBJECT
  public:
   frmGrdGebMoW(dialogs::Services& services, yearbook::YearSession& session, QWidget* parent)
-      : BaseFeeWindow(readings::kWaterFee, services, session, parent) {}
+      : BaseFeeWindow(yearbook::Meter::Water, services, session, parent) {}
 };

@@ -6,5 +6,5 @@ class frmPreisJeKubikAbW final : public readings::UnitPriceWindow {
   Q_OBJECT
  public:
   frmPreisJeKubikAbW(dialogs::Services& services, yearbook::YearSession& session, QWidget* parent)
-      : UnitPriceWindow(readings::kWasteWaterPrice, services, session, parent) {}
+      : UnitPriceWindow(yearbook::Meter::WasteWater, services, session, parent) {}
 };

@@ -6,5 +6,5 @@ class frmPreisJeKubikG final : public readings::UnitPriceWindow {
   Q_OBJECT
  public:
   frmPreisJeKubikG(dialogs::Services& services, yearbook::YearSession& session, QWidget* parent)
-      : UnitPriceWindow(readings::kGasPrice, services, session, parent) {}
+      : UnitPriceWindow(yearbook::Meter::Gas, services, session, parent) {}
 };

@@ -6,5 +6,5 @@ class frmPreisJeKubikW final : public readings::UnitPriceWindow {
   Q_OBJECT
  public:
   frmPreisJeKubikW(dialogs::Services& services, yearbook::YearSession& session, QWidget* parent)
-      : UnitPriceWindow(readings::kWaterPrice, services, session, parent) {}
+      : UnitPriceWindow(yearbook::Meter::Water, services, session, parent) {}
 };

@@ -6,5 +6,5 @@ class frmPreisJeKws final : public readings::UnitPriceWindow {
   Q_OBJECT
  public:
   frmPreisJeKws(dialogs::Services& services, yearbook::YearSession& session, QWidget* parent)
-      : UnitPriceWindow(readings::kDayPrice, services, session, parent) {}
+      : UnitPriceWindow(yearbook::Meter::Day, services, session, parent) {}
 };

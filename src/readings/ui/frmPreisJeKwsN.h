@@ -6,5 +6,5 @@ class frmPreisJeKwsN final : public readings::UnitPriceWindow {
   Q_OBJECT
  public:
   frmPreisJeKwsN(dialogs::Services& services, yearbook::YearSession& session, QWidget* parent)
-      : UnitPriceWindow(readings::kNightPrice, services, session, parent) {}
+      : UnitPriceWindow(yearbook::Meter::Night, services, session, parent) {}
 };

@@ -36,14 +36,14 @@ DetailPage::DetailPage(const dialogs::Services& services, Provider provider, int
   connect(cmdKopierenAlle, &QPushButton::clicked, grdDruckAlle, &FlexGrid::copyToClipboard);
 }
 
-std::array<QCheckBox*, kMeterCount> DetailPage::boxes() const {
+PerMeter<QCheckBox*> DetailPage::boxes() const {
   return {chkStrom, chkStromNS, chkWasser, chkAbwasser, chkGas};
 }
 
 MeterChoice DetailPage::ticked() const {
   MeterChoice choice{};
   const auto all = boxes();
-  for (std::size_t meter = 0; meter < kMeterCount; ++meter) choice[meter] = all[meter]->isChecked();
+  for (Meter meter : yearbook::kMeters) choice[meter] = all[meter]->isChecked();
   return choice;
 }
 

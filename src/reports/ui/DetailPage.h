@@ -47,7 +47,7 @@ class DetailPage final : public QFrame {
   void showEvent(QShowEvent* event) override;
 
  private:
-  std::array<QCheckBox*, kMeterCount> boxes() const;
+  PerMeter<QCheckBox*> boxes() const;
   MeterChoice ticked() const;
   void setCaptions();
   void buildLayout();

@@ -31,11 +31,11 @@ ElectricityPage::ElectricityPage(QWidget* parent, YearEditor& editor)
 }
 
 void ElectricityPage::buildMeters() {
-  addMeterLines(day_, dayFields_, u"kWh"_s, u"Cent/kWh"_s);
+  addMeterLines(day_, dayFields_, Meter::Day);
   entryButtons(cmdEingabeVerbrauchS, u"Eingabe Zählerstand Strom"_s, cmdPreisJeEinheitS,
                u"Preise Strom je Monat eingeben"_s);
   day_->setFoot(buttonRow(day_, "FrameTasten", {cmdEingabeVerbrauchS, cmdPreisJeEinheitS}));
-  addMeterLines(FrameNachtstrom, nightFields_, u"kWh"_s, u"Cent/kWh"_s);
+  addMeterLines(FrameNachtstrom, nightFields_, Meter::Night);
   entryButtons(cmdEingabeVerbrauchNS, u"Eingabe Zählerstand Nacht - Strom"_s, cmdPreisJeEinheitSN,
                u"Preise Nachtstrom je Monat eingeben"_s);
   FrameNachtstrom->setFoot(Frame23);
@@ -68,21 +68,14 @@ void ElectricityPage::buildResult() {
 }
 
 void ElectricityPage::bindFields() {
-  editor().bindSetting(txtAnfStandST, EntryKind::WholeKwh, zstaende::startDay,
-                       &FieldValues::startDay);
-  editor().bindSetting(txtAnfStandSN, EntryKind::WholeKwh, zstaende::startNight,
-                       &FieldValues::startNight);
-  editor().bind({txtTPreis, EntryKind::Price,
-                 [](const FieldValues& values) { return values.dayPrice; },
-                 [this](auto value) { return editor().session().storeDayPrice(value); }});
-  editor().bindBaseFee(txtGrundgebS, zstaende::baseFeeElectricity,
-                       &FieldValues::baseFeeElectricity);
-  editor().bindSetting(txtMwStS, EntryKind::Percent, zstaende::vatElectricity,
-                       &FieldValues::vatElectricity);
-  editor().bind(
-      {txtKwImJahrFrei, EntryKind::WholeKwh,
-       [](const FieldValues& values) { return orZero(values.freeKwh); },
-       [this](auto value) { return editor().session().storeNumber(zstaende::freeKwh, value); }});
+  editor().bindStartReading(txtAnfStandST, Meter::Day);
+  editor().bindStartReading(txtAnfStandSN, Meter::Night);
+  editor().bindPrice(txtTPreis, Meter::Day);
+  editor().bindBaseFee(txtGrundgebS, Meter::Day);
+  editor().bindVat(txtMwStS, Meter::Day);
+  editor().bind({txtKwImJahrFrei, EntryKind::WholeKwh,
+                 [](const FieldValues& values) { return orZero(values.freeKwh); },
+                 [this](auto value) { return editor().session().storeFreeKwh(value); }});
 }
 
 void ElectricityPage::bindDate() {
@@ -116,12 +109,10 @@ void ElectricityPage::showDate() {
 
 void ElectricityPage::showValues() {
   const FieldValues& values = editor().values();
-  const ElectricityTexts texts = electricityTexts(values);
-  showMeter(dayFields_, texts.day);
-  showMeter(nightFields_, texts.night);
-  txtNPreis->showText(priceText(values.nightPrice));
-  txtIstwertS->showText(texts.gross);
-  result_->setTotalNote(texts.grossNote);
+  showMeter(dayFields_, Meter::Day);
+  showMeter(nightFields_, Meter::Night);
+  txtNPreis->showText(priceText(values.prices[Meter::Night]));
+  result_->showTotal(values, Utility::Electricity);
   if (!txtDatumStrom->hasFocus() || !txtDatumStrom->isModified()) showDate();
   lblStartmonatS->setText(months->month(0)->text());
   for (QWidget* widget :

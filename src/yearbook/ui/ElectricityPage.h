@@ -85,10 +85,10 @@ class ElectricityPage final : public UtilityPage {
   void showValues();
   void showNight(bool shown);
 
-  const MeterFields dayFields_{txtAnfStandST, txtEndStandST, txtVerbrauchTS, txtTPreis,
-                               txtBetragTS,   txtMwStTS,     txtSummeS};
-  const MeterFields nightFields_{txtAnfStandSN, txtEndStandSN, txtVerbrauchNS, txtNPreis,
-                                 txtBetragNS,   txtMwStNSt,    txtSummeNS};
+  const MeterFrame dayFields_{txtAnfStandST, txtEndStandST, txtVerbrauchTS, txtTPreis,
+                              txtBetragTS,   txtMwStTS,     txtSummeS};
+  const MeterFrame nightFields_{txtAnfStandSN, txtEndStandSN, txtVerbrauchNS, txtNPreis,
+                                txtBetragNS,   txtMwStNSt,    txtSummeNS};
   FigureGroup* day_;
   ResultGroup* result_;
   QLabel* freeKwhLabel_ = nullptr;

@@ -50,27 +50,24 @@ void GasPage::buildContract() {
 }
 
 void GasPage::bindFields() {
-  YearSession& session = editor().session();
-  editor().bindSetting(txtAnfStandG, EntryKind::WholeCubicMetres, zstaende::startGas,
-                       &FieldValues::startGas);
+  editor().bindStartReading(txtAnfStandG, Meter::Gas);
   editor().bind({txtFaktor, EntryKind::Factor,
                  [](const FieldValues& values) { return values.gasFactor; },
-                 [&session](auto value) { return session.storeGasFactor(value); }});
-  editor().bind({txtPreisGas, EntryKind::Price,
-                 [](const FieldValues& values) { return values.gasPrice; },
-                 [&session](auto value) { return session.storeGasPrice(value); }});
-  editor().bindBaseFee(txtGrundgebG, zstaende::baseFeeGas, &FieldValues::baseFeeGas);
-  editor().bindSetting(txtMwStG, EntryKind::Percent, zstaende::vatGas, &FieldValues::vatGas);
+                 [this](auto value) { return editor().session().storeGasFactor(value); }});
+  editor().bindPrice(txtPreisGas, Meter::Gas);
+  editor().bindBaseFee(txtGrundgebG, Meter::Gas);
+  editor().bindVat(txtMwStG, Meter::Gas);
 }
 
 void GasPage::showValues() {
-  const GasTexts texts = gasTexts(editor().values());
-  txtEndStandG->showText(texts.gas.endReading);
-  txtVerbrauchG->showText(texts.gas.consumption);
-  txtGaskWh->showText(texts.kwh);
-  txtBetragG->showText(texts.gas.amount);
-  txtMwStGas->showText(texts.gas.vat);
-  txtSum2G->showText(texts.gas.gross);
+  const FieldValues& values = editor().values();
+  const MeterLines lines = meterLines(values, Meter::Gas);
+  txtEndStandG->showText(lines.endReading);
+  txtVerbrauchG->showText(lines.consumption);
+  txtGaskWh->showText(gasKwhText(values));
+  txtBetragG->showText(lines.amount);
+  txtMwStGas->showText(lines.vat);
+  result_->showTotal(values, Utility::Gas);
   lblStartmonatG->setText(months->month(0)->text());
 }
 

@@ -130,15 +130,14 @@ void MonthTable::buildSums(QGridLayout* grid) {
 
 void MonthTable::bindAdvances() {
   for (int i = 0; i < kMonths; ++i) {
-    editor_.bind({advance(i), EntryKind::Amount,
-                  [this, i](const FieldValues& values) {
-                    return euro(values.advances[at(utility_)][std::size_t(i)]);
-                  },
-                  [this, i](std::optional<double> value) -> base::Result<void> {
-                    const auto amount = toMoney(value);
-                    if (!amount) return base::Failure(amount.error());
-                    return editor_.session().storeAdvance(utility_, i, *amount);
-                  }});
+    editor_.bind(
+        {advance(i), EntryKind::Amount,
+         [this, i](const FieldValues& values) { return euro(values.advances[utility_][i]); },
+         [this, i](std::optional<double> value) -> base::Result<void> {
+           const auto amount = toMoney(value);
+           if (!amount) return base::Failure(amount.error());
+           return editor_.session().storeAdvance(utility_, i, *amount);
+         }});
   }
 }
 
@@ -153,11 +152,11 @@ void MonthTable::showValues() {
     month(i)->setText(name);
     month(i)->setFont(font);
     check(i)->setText(name);
-    consumption(i)->setText(QString::fromStdString(texts.consumptions[std::size_t(i)]));
+    consumption(i)->setText(QString::fromStdString(texts.consumptions[i]));
     consumption(i)->setAccessibleName(u"Verbrauch "_s + name);
     advance(i)->setAccessibleName(u"Abschlag "_s + name);
     marks_[std::size_t(i)]->setVisible(current);
-    bars_[std::size_t(i)]->setShare(texts.shares[std::size_t(i)]);
+    bars_[std::size_t(i)]->setShare(texts.shares[i]);
   }
   consumptionSum_->setText(QString::fromStdString(texts.consumptionSum));
   advanceSum->setText(QString::fromStdString(texts.advanceSum));

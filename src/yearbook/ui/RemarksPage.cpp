@@ -70,7 +70,7 @@ QWidget* RemarksPage::column(Utility utility) {
   grid->setVerticalSpacing(4);
   for (int i = 0; i < kMonths; ++i) {
     widgets::EntryField* field = fields(utility)(i);
-    auto*& month = months_[at(utility)][std::size_t(i)];
+    auto*& month = months_[utility][i];
     month = new QLabel(frame);
     grid->addWidget(month, i, 0);
     grid->addWidget(field, i, 1);
@@ -107,10 +107,9 @@ void RemarksPage::showValues() {
     const MonthNames names = editor_.session().monthNames(utility);
     for (int i = 0; i < kMonths; ++i) {
       const QString month = QString::fromStdString(names[std::size_t(i)]);
-      const QString remark =
-          QString::fromStdString(editor_.values().remarks[at(utility)][std::size_t(i)]);
+      const QString remark = QString::fromStdString(editor_.values().remarks[utility][i]);
       widgets::EntryField* field = fields(utility)(i);
-      months_[at(utility)][std::size_t(i)]->setText(month);
+      months_[utility][i]->setText(month);
       field->setAccessibleName(u"Anmerkung "_s + titleOf(utility) + u", "_s + month);
       if (pending_ == Place{utility, i} || field->text() == remark) continue;
       field->setText(remark);

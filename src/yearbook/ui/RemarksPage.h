@@ -41,7 +41,7 @@ class RemarksPage final : public QScrollArea {
   void showValues();
 
   YearEditor& editor_;
-  std::array<PerMonth<QLabel*>, 3> months_{};
+  PerUtility<PerMonth<QLabel*>> months_{};
   std::optional<Place> pending_;
   QTimer pause_;
 };

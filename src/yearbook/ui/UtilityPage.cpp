@@ -4,6 +4,7 @@
 #include <QHBoxLayout>
 #include <QVBoxLayout>
 
+#include "widgets/Utf8.h"
 #include "yearbook/FieldTexts.h"
 
 using namespace Qt::Literals::StringLiterals;
@@ -17,7 +18,7 @@ constexpr int kTallestPage = 54;
 }  // namespace
 
 ResultGroup::ResultGroup(QWidget* parent, const QString& caption, DerivedField* total)
-    : TitledFrame(u"Ergebnis"_s, parent), buttons_(new QHBoxLayout) {
+    : TitledFrame(u"Ergebnis"_s, parent), buttons_(new QHBoxLayout), total_(total) {
   auto* rows = new QVBoxLayout(this);
   rows->setContentsMargins(10, 8, 10, 8);
   rows->setSpacing(4);
@@ -38,7 +39,6 @@ ResultGroup::ResultGroup(QWidget* parent, const QString& caption, DerivedField* 
   figures->addWidget(unit);
   rows->addLayout(figures);
   totalNote_ = addNote({});
-  setTotalNote(std::string(grossNote()));
   rows->addStretch(1);
   buttons_->setSpacing(6);
   buttons_->addWidget(new QLabel(u"Diagramm"_s, this));
@@ -54,8 +54,9 @@ QLabel* ResultGroup::addNote(const QString& text) {
   return note;
 }
 
-void ResultGroup::setTotalNote(const std::string& utf8) {
-  totalNote_->setText(QString::fromStdString(utf8));
+void ResultGroup::showTotal(const FieldValues& values, Utility utility) {
+  total_->showText(grossText(values, utility));
+  totalNote_->setText(QString::fromStdString(grossNote(values, utility)));
 }
 
 void ResultGroup::addButton(QWidget* button) {
@@ -107,12 +108,12 @@ QString UtilityPage::priceTip(const QLineEdit& price) {
   return u"Preis des letzten Monats. Eine Eingabe hier gilt für alle zwölf Monate."_s;
 }
 
-void UtilityPage::addMeterLines(FigureGroup* frame, const MeterFields& fields, const QString& unit,
-                                const QString& priceUnit) const {
+void UtilityPage::addMeterLines(FigureGroup* frame, const MeterFrame& fields, Meter meter) const {
+  const QString unit = widgets::utf8(factsOf(meter).unit);
   frame->addLine(u"Anfangszählerstand"_s, fields.startReading, unit);
   frame->addLine(u"Endzählerstand"_s, fields.endReading, unit);
   frame->addLine(u"Verbrauch"_s, fields.consumption, unit);
-  frame->addLine(u"Preis je Einheit"_s, fields.price, priceUnit);
+  frame->addLine(u"Preis je Einheit"_s, fields.price, widgets::utf8(factsOf(meter).price->unit));
   fields.price->setToolTip(priceTip(*fields.price));
   frame->addLine(u"Betrag netto"_s, fields.amount, u"Euro"_s);
   frame->addLine(u"MwSt"_s, fields.vat, u"Euro"_s);
@@ -121,12 +122,13 @@ void UtilityPage::addMeterLines(FigureGroup* frame, const MeterFields& fields, c
   frame->addLine(u"Summe"_s, fields.gross, u"Euro"_s);
 }
 
-void UtilityPage::showMeter(const MeterFields& fields, const MeterTexts& texts) {
-  fields.endReading->showText(texts.endReading);
-  fields.consumption->showText(texts.consumption);
-  fields.amount->showText(texts.amount);
-  fields.vat->showText(texts.vat);
-  fields.gross->showText(texts.gross);
+void UtilityPage::showMeter(const MeterFrame& fields, Meter meter) const {
+  const MeterLines lines = meterLines(editor_.values(), meter);
+  fields.endReading->showText(lines.endReading);
+  fields.consumption->showText(lines.consumption);
+  fields.amount->showText(lines.amount);
+  fields.vat->showText(lines.vat);
+  fields.gross->showText(lines.gross);
 }
 
 void UtilityPage::addBaseFeeLine(FigureGroup* contract, const QString& label, QWidget* fee,

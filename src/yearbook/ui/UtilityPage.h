@@ -20,17 +20,16 @@ class ResultGroup final : public TitledFrame {
   // A chart button; they stand in one row.
   void addButton(QWidget* button);
   QLabel* addNote(const QString& text);
-  void setTotalNote(const std::string& utf8);
+  void showTotal(const FieldValues& values, Utility utility);
 
  private:
   QHBoxLayout* buttons_;
+  DerivedField* total_;
   QLabel* totalNote_;
 };
 
-struct MeterTexts;
-
 // What a meter's frame shows of it, from top to bottom.
-struct MeterFields {
+struct MeterFrame {
   QLineEdit* startReading;
   DerivedField* endReading;
   DerivedField* consumption;
@@ -59,10 +58,9 @@ class UtilityPage : public QScrollArea {
                     const QString& pricesTip) const;
   QPushButton* comparisonButton(QPushButton* made) const;
 
-  void addMeterLines(FigureGroup* frame, const MeterFields& fields, const QString& unit,
-                     const QString& priceUnit) const;
+  void addMeterLines(FigureGroup* frame, const MeterFrame& fields, Meter meter) const;
   // All but the two fields above that may be typed.
-  static void showMeter(const MeterFields& fields, const MeterTexts& texts);
+  void showMeter(const MeterFrame& fields, Meter meter) const;
   static QString priceTip(const QLineEdit& price);
   void addBaseFeeLine(FigureGroup* contract, const QString& label, QWidget* fee,
                       QPushButton* monthly, const QString& monthlyTip) const;

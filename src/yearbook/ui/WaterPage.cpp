@@ -22,8 +22,7 @@ WaterPage::WaterPage(QWidget* parent, YearEditor& editor)
   result_->addButton(
       button(cmdDiagrammWW, u"Beide"_s, u"Diagramm Verbrauch Wasser und Abwasser"_s));
   result_->addButton(comparisonButton(cmdDiagrVergleichW));
-  bindReadings();
-  bindContract();
+  bindFields();
   placeTwoMeters(water_, wasteWater_, contract_, months, result_);
   chainFields({txtAnfStandW, txtAnfStandAbW, txtGrundgebW, txtMwStW, txtGrundgebAbW, txtMwStAbW},
               *months);
@@ -31,11 +30,11 @@ WaterPage::WaterPage(QWidget* parent, YearEditor& editor)
 }
 
 void WaterPage::buildMeters() {
-  addMeterLines(water_, waterFields_, u"m³"_s, u"Euro/m³"_s);
+  addMeterLines(water_, waterFields_, Meter::Water);
   entryButtons(cmdEingabeVerbrauchW, u"Eingabe Zählerstand Wasser"_s, cmdPreisJeEinheitW,
                u"Preise Wasser je Monat eingeben"_s);
   water_->setFoot(buttonRow(water_, "FrameTastenW", {cmdEingabeVerbrauchW, cmdPreisJeEinheitW}));
-  addMeterLines(wasteWater_, wasteWaterFields_, u"m³"_s, u"Euro/m³"_s);
+  addMeterLines(wasteWater_, wasteWaterFields_, Meter::WasteWater);
   entryButtons(cmdEingabeVerbrauchAbW, u"Eingabe Zählerstand Abwasser"_s, cmdPreisJeEinheitAbW,
                u"Preise Abwasser je Monat eingeben"_s);
   wasteWater_->setFoot(
@@ -57,36 +56,24 @@ void WaterPage::buildContract() {
   txtMwStAbW->setToolTip(u"Für Abwasser wird keine MwSt berechnet"_s);
 }
 
-void WaterPage::bindReadings() {
-  YearSession& session = editor().session();
-  editor().bind({txtAnfStandW, EntryKind::WholeCubicMetres,
-                 [](const FieldValues& values) { return values.startWater; },
-                 [&session](auto value) { return session.storeStartWater(value); }});
-  editor().bind(
-      {txtAnfStandAbW, EntryKind::WholeCubicMetres,
-       [](const FieldValues& values) { return values.startWasteWater; },
-       [&session](auto value) { return session.storeNumber(zstaende::startWasteWater, value); }});
-}
-
-void WaterPage::bindContract() {
-  editor().bindBaseFee(txtGrundgebW, zstaende::baseFeeWater, &FieldValues::baseFeeWater);
-  editor().bindBaseFee(txtGrundgebAbW, zstaende::baseFeeWasteWater,
-                       &FieldValues::baseFeeWasteWater);
-  editor().bindSetting(txtMwStW, EntryKind::Percent, zstaende::vatWater, &FieldValues::vatWater);
-  editor().bindSetting(txtMwStAbW, EntryKind::Percent, zstaende::vatWasteWater,
-                       &FieldValues::vatWasteWater);
+void WaterPage::bindFields() {
+  editor().bindStartReading(txtAnfStandW, Meter::Water);
+  editor().bindStartReading(txtAnfStandAbW, Meter::WasteWater);
+  editor().bindBaseFee(txtGrundgebW, Meter::Water);
+  editor().bindBaseFee(txtGrundgebAbW, Meter::WasteWater);
+  editor().bindVat(txtMwStW, Meter::Water);
+  editor().bindVat(txtMwStAbW, Meter::WasteWater);
 }
 
 void WaterPage::showValues() {
   const FieldValues& values = editor().values();
-  const WaterTexts texts = waterTexts(values);
-  showMeter(waterFields_, texts.water);
-  showMeter(wasteWaterFields_, texts.wasteWater);
-  txtPreisW->showText(priceText(values.waterPrice));
-  txtPreisAbW->showText(priceText(values.wasteWaterPrice));
-  txtSum1W->showText(texts.gross);
-  txtw->showText(texts.baseFeeWaterVat);
-  txtaw->showText(texts.baseFeeWasteWaterVat);
+  showMeter(waterFields_, Meter::Water);
+  showMeter(wasteWaterFields_, Meter::WasteWater);
+  txtPreisW->showText(priceText(values.prices[Meter::Water]));
+  txtPreisAbW->showText(priceText(values.prices[Meter::WasteWater]));
+  txtw->showText(meterLines(values, Meter::Water).baseFeeVat);
+  txtaw->showText(meterLines(values, Meter::WasteWater).baseFeeVat);
+  result_->showTotal(values, Utility::Water);
   lblStartmonatW->setText(months->month(0)->text());
 }
 

@@ -71,14 +71,13 @@ class WaterPage final : public UtilityPage {
  private:
   void buildMeters();
   void buildContract();
-  void bindReadings();
-  void bindContract();
+  void bindFields();
   void showValues();
 
-  const MeterFields waterFields_{txtAnfStandW, txtEndStandW,  txtVerbrauchW, txtPreisW,
-                                 txtBetragW,   txtMwstWasser, txtSummeW};
-  const MeterFields wasteWaterFields_{txtAnfStandAbW, txtEndStandAbW,  txtVerbrauchAbW, txtPreisAbW,
-                                      txtBetragAbW,   txtMwstAbwasser, txtSummeAbW};
+  const MeterFrame waterFields_{txtAnfStandW, txtEndStandW,  txtVerbrauchW, txtPreisW,
+                                txtBetragW,   txtMwstWasser, txtSummeW};
+  const MeterFrame wasteWaterFields_{txtAnfStandAbW, txtEndStandAbW,  txtVerbrauchAbW, txtPreisAbW,
+                                     txtBetragAbW,   txtMwstAbwasser, txtSummeAbW};
   FigureGroup* water_;
   FigureGroup* wasteWater_;
   FigureGroup* contract_;

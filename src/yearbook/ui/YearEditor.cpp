@@ -33,23 +33,31 @@ void YearEditor::bind(const NumberBinding& binding) {
   });
 }
 
-void YearEditor::bindSetting(widgets::NumberField* field, EntryKind kind, const Field& setting,
-                             std::optional<double> FieldValues::*shown) {
-  bind({field, kind, [shown](const FieldValues& values) { return values.*shown; },
-        [this, &setting](std::optional<double> value) {
-          return session_.storeNumber(setting, value);
+void YearEditor::bindStartReading(widgets::NumberField* field, Meter meter) {
+  bind({field, wholeUnitsOf(meter),
+        [meter](const FieldValues& values) { return values.startReadings[meter]; },
+        [this, meter](auto value) { return session_.storeStartReading(meter, value); }});
+}
+
+void YearEditor::bindVat(widgets::NumberField* field, Meter meter) {
+  bind({field, EntryKind::Percent, [meter](const FieldValues& values) { return values.vat[meter]; },
+        [this, meter](auto value) { return session_.storeVat(meter, value); }});
+}
+
+void YearEditor::bindBaseFee(widgets::NumberField* field, Meter meter) {
+  bind({field, EntryKind::Amount,
+        [meter](const FieldValues& values) { return euro(values.baseFees[meter]); },
+        [this, meter](std::optional<double> value) -> base::Result<void> {
+          const auto fee = toMoney(value);
+          if (!fee) return base::Failure(fee.error());
+          return session_.storeBaseFee(meter, *fee);
         }});
 }
 
-void YearEditor::bindBaseFee(widgets::NumberField* field, const Field& setting,
-                             std::optional<Money> FieldValues::*shown) {
-  bind({field, EntryKind::Amount,
-        [shown](const FieldValues& values) { return euro(values.*shown); },
-        [this, &setting](std::optional<double> value) -> base::Result<void> {
-          const auto fee = toMoney(value);
-          if (!fee) return base::Failure(fee.error());
-          return session_.storeBaseFee(setting, *fee);
-        }});
+void YearEditor::bindPrice(widgets::NumberField* field, Meter meter) {
+  bind({field, EntryKind::Price,
+        [meter](const FieldValues& values) { return values.prices[meter]; },
+        [this, meter](auto value) { return session_.storePrice(meter, value); }});
 }
 
 QString YearEditor::filter(EntryKind kind, const QString& input) {

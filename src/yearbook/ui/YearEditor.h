@@ -31,11 +31,12 @@ class YearEditor final : public QObject {
 
   // Stores as soon as what stands in the field is a complete number, by the rules of its kind.
   void bind(const NumberBinding& binding);
-  // A setting of the year that is one number, and a yearly base fee.
-  void bindSetting(widgets::NumberField* field, EntryKind kind, const Field& setting,
-                   std::optional<double> FieldValues::*shown);
-  void bindBaseFee(widgets::NumberField* field, const Field& setting,
-                   std::optional<Money> FieldValues::*shown);
+  // The settings that every meter has.
+  void bindStartReading(widgets::NumberField* field, Meter meter);
+  void bindVat(widgets::NumberField* field, Meter meter);
+  void bindBaseFee(widgets::NumberField* field, Meter meter);
+  // One price for all months, of day electricity or gas.
+  void bindPrice(widgets::NumberField* field, Meter meter);
   // Runs one change of the year; false when it failed (the user has been told).
   bool run(const std::function<base::Result<void>()>& change);
   // The box that refuses fractions of a unit.

@@ -19,7 +19,7 @@ class FakeYears final : public charts::ComparisonSource {
     return year;
   }
   std::vector<std::string> opened;
-  charts::YearData year = sample::year2024();
+  charts::YearData year = sample::sampleYear(2024);
 };
 
 class ChartWindows : public testing::Test {
@@ -59,7 +59,7 @@ class ChartWindows : public testing::Test {
   FakeShell shell_;
   FakeNavigator navigator_;
   dialogs::Services services_{paths_, files_, clock_, prompts_, shell_, navigator_};
-  charts::YearData year_ = sample::year2025();
+  charts::YearData year_ = sample::sampleYear(2025);
   FakeYears years_;
   int reads_ = 0;
 };

@@ -68,7 +68,7 @@ TEST_F(ChartWindows, ReadTheYearAnewForEverySelection) {
   window->show();
   EXPECT_EQ(modelOf(*window).series.size(), 4u);
   const int before = reads_;
-  year_.rows(charts::Meter::Water)[0].value = 99;
+  year_.meters[charts::Meter::Water][0].value = 99;
   window->Option1(5)->click();
   EXPECT_GT(reads_, before);
   EXPECT_EQ(modelOf(*window).title, "Verbrauch Wasser und Abwasser");

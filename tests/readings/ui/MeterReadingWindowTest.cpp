@@ -66,8 +66,8 @@ TEST_F(MeterReadingWindow, ShowsTheYearFromItsStartMonthOn) {
 
 TEST_F(MeterReadingWindow, TypedReadingsAreTakenOver) {
   openEmpty();
-  ASSERT_TRUE(year->storeNumber(yearbook::zstaende::startDay, 1000));
-  ASSERT_TRUE(year->storeDayPrice(25));
+  ASSERT_TRUE(year->storeStartReading(yearbook::Meter::Day, 1000));
+  ASSERT_TRUE(year->storePrice(yearbook::Meter::Day, 25));
   const auto window = show<frmEingabeVerbrauchS>();
   EXPECT_EQ(QApplication::focusWidget(), window->txtVerbrauch(0));
   for (const QString& reading : {u"1.100"_s, u"1250"_s, u"0"_s, u"1400"_s}) {
@@ -86,7 +86,7 @@ TEST_F(MeterReadingWindow, TypedReadingsAreTakenOver) {
   EXPECT_EQ(stored(strom::dayReading, 1), 1250);
   EXPECT_EQ(stored(strom::dayAmount, 1), 37.5);
   EXPECT_EQ(stored(strom::monthAmount, 1), 37.5);
-  EXPECT_EQ(year->values().electricity.day.consumption, 400);
+  EXPECT_EQ(year->values().bill.meters[yearbook::Meter::Day].consumption, 400);
 }
 
 TEST_F(MeterReadingWindow, EnterStaysInTheLastMonth) {
@@ -244,7 +244,7 @@ TEST_F(MeterReadingWindow, DeletingAllKeepsTheStoredReadingsUntilTheNextTakeOver
   EXPECT_EQ(stored(strom::dayConsumption, 0), 0);
   EXPECT_EQ(stored(strom::dayAmount, 0), 0);
   EXPECT_EQ(year->adoVerbrM.number(0, yearbook::verbrMonat::day), 0);
-  EXPECT_EQ(year->values().electricity.day.consumption, 0);
+  EXPECT_EQ(year->values().bill.meters[yearbook::Meter::Day].consumption, 0);
   click(window->Command1);
   EXPECT_EQ(stored(strom::dayReading, 0), 0);
 }
@@ -277,7 +277,7 @@ TEST_F(MeterReadingWindow, WhatCannotBeStoredIsToldAndTheOldStateShown) {
   EXPECT_TRUE(prompts.last().text.contains(u"Verbrauch2025.kwd"));
   EXPECT_EQ(window->txtVerbrauch(11)->text(), u"1.506");
   EXPECT_EQ(window->lblVerbrauch(11)->text(), u"305");
-  EXPECT_EQ(year->values().electricity.day.consumption, 2993);
+  EXPECT_EQ(year->values().bill.meters[yearbook::Meter::Day].consumption, 2993);
   freeDisk();
   EXPECT_EQ(disk.get(kPath), before);
   type(window->txtVerbrauch(11), u"1600"_s);
@@ -306,7 +306,7 @@ TEST_F(MeterReadingWindow, AnAmountBeyondAnyMoneyFieldIsRefused) {
   type(window->txtVerbrauch(11), u"999999999999999"_s);
   prompts.acceptTellings();
   click(window->Command1);
-  EXPECT_TRUE(prompts.last().text.contains(u"Wasser.PWasser"));
+  EXPECT_TRUE(prompts.last().text.contains(u"Dezember: der Betrag ist zu groß"_s));
   EXPECT_EQ(yearbook::orZero(year->adoWasser.number(11, yearbook::wasser::reading)), 562);
   EXPECT_EQ(window->txtVerbrauch(11)->text(), u"562");
 }

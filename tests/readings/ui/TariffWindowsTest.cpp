@@ -39,7 +39,7 @@ TEST_F(UnitPriceWindow, ANewYearIsPricedAsAWhole) {
   click(window->Command1);
   EXPECT_FALSE(window->isVisible());
   EXPECT_EQ(year->adoStrom.number(0, strom::dayPrice), 29.6);
-  EXPECT_EQ(year->values().dayPrice, 29.6);
+  EXPECT_EQ(year->values().prices[yearbook::Meter::Day], 29.6);
 }
 
 TEST_F(UnitPriceWindow, OnlyTickedMonthsArePricedAnew) {
@@ -109,7 +109,7 @@ TEST_F(BaseFeeWindow, TheSumBecomesTheYearsFeeAndTheMonthsAreKept) {
   click(window->Command1);
   EXPECT_FALSE(window->isVisible());
   EXPECT_EQ(yearFee(), cents(9492));
-  EXPECT_EQ(year->values().baseFeeElectricity, cents(9492));
+  EXPECT_EQ(year->values().baseFees[yearbook::Meter::Day], cents(9492));
   EXPECT_EQ(bytes("Verbrauch2025_GrdGebStrMon.dat"),
             "7.91,7.91,7.91,7.91,7.91,7.91,7.91,7.91,7.91,7.91,7.91,7.91\r\n");
 }
