@@ -201,6 +201,21 @@ void addDeepBands(Drawing& drawing, const std::vector<Band>& bands, Layer layer)
   addFronts(drawing, bands, layer.z0);
 }
 
+// The front edges of all layers but the first, which nothing covers; the layers from the last to
+// the first.
+void addHiddenEdges(Drawing& drawing, const std::vector<std::vector<Band>>& layers) {
+  for (std::size_t i = 0; i + 1 < layers.size(); ++i) {
+    const double z = layerOf(layers.size() - 1 - i, layers.size()).z0;
+    for (const Band& band : layers[i])
+      for (const auto& run : band.runs) {
+        std::vector<Point> edge = edgeOf(run, !band.negative);
+        for (Point& point : edge) point = drawing.plot.at(point, z);
+        if (edge.size() > 1)
+          drawing.canvas.scene().line(std::move(edge), drawing.lineOf(band.series));
+      }
+  }
+}
+
 // What a layer covers of those behind it needs no label.
 void dropHiddenLabels(Drawing& drawing, const std::vector<Band>& bands, double z) {
   for (const Band& band : bands)
@@ -261,7 +276,11 @@ void layoutAreas(Drawing& drawing) {
                   stacked && layers[l].size() > 1);
     flat.push_back(std::move(bands));
   }
-  if (!drawing.plot.isFlat() || solid) return;
+  if (!drawing.plot.isFlat()) {
+    addHiddenEdges(drawing, flat);
+    return;
+  }
+  if (solid) return;
   for (const auto& bands : flat) {
     addFlatEdges(drawing, bands);
     if (!stacked) addCoveredLine(drawing, bands.front().series);

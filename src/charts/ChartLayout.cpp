@@ -271,6 +271,12 @@ void addGrid(Canvas& canvas, const Plot& plot) {
   }
 }
 
+void addZeroLine(Canvas& canvas, const Plot& plot) {
+  const double y = sharp(plot.y(0, false));
+  canvas.scene().line({{plot.front.x, y}, {plot.front.right(), y}},
+                      Stroke{canvas.theme().axis, 1.4, false});
+}
+
 // The ticks that get a number: all, or every second, third ... from zero on where they lie closer
 // than the numbers are high.
 std::vector<double> numberedTicks(const Canvas& canvas, const Plot& plot, const Axis& axis) {
@@ -307,11 +313,13 @@ void addAxisNumbers(Canvas& canvas, const Plot& plot, const ChartModel& model) {
                   kAxisFont, color);
 }
 
+// Below the lowest edge of the plot: from below that is the far one.
 void addMonths(Canvas& canvas, const Plot& plot, const ChartModel& model, const MonthNames& names) {
+  const double aside = plot.depth.y > 0 ? plot.depth.x : 0;
   const double bottom = plot.front.bottom() + std::max(plot.depth.y, 0.0) + names.below;
   for (std::size_t month = 0; month < kMonthCount; month += names.every)
-    canvas.textAround({plot.slotCenter(month), bottom + 6 + names.height / 2}, model.labels[month],
-                      kAxisFont, canvas.theme().quietText, names.rotation);
+    canvas.textAround({plot.slotCenter(month) + aside, bottom + 6 + names.height / 2},
+                      model.labels[month], kAxisFont, canvas.theme().quietText, names.rotation);
   if (model.axisTitle.empty()) return;
   Font font = kCaptionFont;
   const std::string title = canvas.fit(model.axisTitle, font, plot.front.width);
@@ -356,6 +364,8 @@ bool drawOnAxes(Canvas& canvas, Rect room, const ChartModel& model, const ChartO
     layoutBars(drawing);
   else
     layoutAreas(drawing);
+  // Areas and bars that meet at zero cover the line there.
+  if (plot.isFlat() && isStacked(options.type)) addZeroLine(canvas, plot);
   if (!options.labels) return true;
   const double bottom = plot.front.bottom() + std::max(plot.depth.y, 0.0) + below;
   return placeLabels(canvas, {whole.x, whole.y, whole.width, bottom - whole.y}, drawing.labels,

@@ -139,8 +139,7 @@ ChartModel inPercent(const ChartModel& model, bool stacked) {
   for (std::size_t s = 0; s < model.series.size(); ++s) {
     const Series& source = model.series[s];
     const auto sharesStack = [&](const Series& one) { return one.stack == source.stack; };
-    const bool ofMonth =
-        stacked && std::count_if(model.series.begin(), model.series.end(), sharesStack) > 1;
+    const bool ofMonth = stacked && model.secondUnit.empty() && model.series.size() > 1;
     for (std::size_t i = 0; i < kMonthCount; ++i) {
       double whole = ofMonth ? 0 : sumOf(source.values);
       if (ofMonth)
@@ -154,6 +153,16 @@ ChartModel inPercent(const ChartModel& model, bool stacked) {
   }
   return result;
 }
+
+namespace {
+
+// Two decimals; small values keep two digits that count.
+int decimalsOf(double magnitude) {
+  if (magnitude >= 0.1 || magnitude < 1e-6) return 2;
+  return 1 - static_cast<int>(std::floor(std::log10(magnitude)));
+}
+
+}  // namespace
 
 std::string valueText(double value) {
   struct Scale {
@@ -170,7 +179,9 @@ std::string valueText(double value) {
   }
   for (const Scale& scale : kScales)
     if (magnitude >= scale.from)
-      return base::formatShort(scale.from > 0 ? value / scale.from : value, 2, true) + scale.name;
+      return base::formatShort(scale.from > 0 ? value / scale.from : value, decimalsOf(magnitude),
+                               true) +
+             scale.name;
   return {};
 }
 

@@ -52,11 +52,12 @@ std::string openingCaption(const YearData& year, Selection selection);
 std::string shortMonth(std::string_view month);
 
 // The same chart in percent: each value as its share of its series' year; in a stacked chart of
-// several series of a unit as its share of the month.
+// several series of one unit as its share of the month. Two units are never added up, so that
+// theirs are shares of the year.
 ChartModel inPercent(const ChartModel& model, bool stacked);
 
-// A value of the chart as it is written beside its mark: at most two decimals, grouped; from a
-// million on with its name ("1,25 Mio.").
+// A value of the chart as it is written beside its mark: at most two decimals (two digits below
+// 0,1), grouped; from a million on with its name ("1,25 Mio.").
 std::string valueText(double value);
 
 // "März: 268 kWh", preceded by the series' name where there are several. The share of the year is

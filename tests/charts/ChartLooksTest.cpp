@@ -253,6 +253,77 @@ TEST(ChartLooks, AYearOfZerosLeavesTheMonthsReadable) {
   }
 }
 
+// One meaning of a percent on one axis.
+TEST(ChartLooks, TwoUnitsAreNotAddedUpInPercent) {
+  const ChartModel all = charts::monthlyChart(sample::sampleYear(2025), charts::Selection::None);
+  const ChartModel shares = charts::inPercent(all, true);
+  for (const charts::Series& series : shares.series) {
+    double sum = 0;
+    for (const auto& value : series.values) sum += *value;
+    EXPECT_NEAR(sum, 100, 1e-6) << series.name;
+  }
+}
+
+TEST(ChartLooks, SmallValuesKeepTheirDigits) {
+  EXPECT_EQ(charts::valueText(0.002), "0,002");
+  EXPECT_EQ(charts::valueText(-0.0064), "-0,0064");
+  EXPECT_EQ(charts::valueText(0.126), "0,13");
+  EXPECT_EQ(charts::valueText(0), "0");
+}
+
+// From below the far edge is the lower one, and the months' names stand under it.
+TEST(ChartLooks, MonthsStandUnderTheirBarsSeenFromBelow) {
+  ChartOptions options = optionsOf(ChartType::Bar);
+  options.threeD = true;
+  options.view = {60, -30, 40};
+  const Scene scene =
+      layout(charts::monthlyChart(sample::sampleYear(2025), charts::Selection::Gas), options);
+  // The lowest corner that is drawn of a bar lies above its name.
+  const Rect front = boxOf(scene.findMark(0, 0)->outline);
+  const double name = find(scene, "Jan")->at.x;
+  double lowest = 0, at = 0;
+  for (const auto& item : scene.items)
+    if (const auto* shape = std::get_if<Shape>(&item); shape && shape->closed)
+      for (const charts::Point& point : shape->points)
+        if (std::fabs(point.x - name) <= front.width && point.y > lowest &&
+            shape->points.size() == 4 && boxOf(shape->points).width < 3 * front.width) {
+          lowest = point.y;
+          at = point.x;
+        }
+  EXPECT_GT(lowest, front.bottom());
+  EXPECT_NEAR(at, name, front.width);
+  EXPECT_GT(name, front.center().x + front.width / 2) << "moved with the far edge";
+}
+
+TEST(ChartLooks, ALaterLineShowsWhereZeroIs) {
+  for (const ChartType type : {ChartType::StackedBar, ChartType::StackedArea}) {
+    const Scene scene = layout(sample::twoYears(), optionsOf(type));
+    std::size_t lastFill = 0, zero = 0;
+    for (std::size_t i = 0; i < scene.items.size(); ++i)
+      if (const auto* shape = std::get_if<Shape>(&scene.items[i])) {
+        if (shape->closed && shape->fill != charts::Theme::light().labelFill) lastFill = i;
+        if (!shape->closed && shape->stroke->color == charts::Theme::light().axis) zero = i;
+      }
+    EXPECT_GT(zero, lastFill) << static_cast<int>(type);
+  }
+}
+
+// The year in front covers the other one where it is higher; a line tells where that is.
+TEST(ChartLooks, TheAreaBehindIsSeenAsALine) {
+  ChartOptions options = optionsOf(ChartType::Area);
+  options.threeD = true;
+  const Scene scene = layout(sample::twoYears(), options);
+  const auto* last = [&]() -> const Shape* {
+    const Shape* found = nullptr;
+    for (const auto& item : scene.items)
+      if (const auto* shape = std::get_if<Shape>(&item); shape && !shape->closed) found = shape;
+    return found;
+  }();
+  ASSERT_NE(last, nullptr);
+  EXPECT_EQ(last->points.size(), 12U);
+  EXPECT_TRUE(last->stroke->dashed);
+}
+
 TEST(ChartLooks, BlanksSurviveInASvg) {
   Scene scene = layout(sample::twoYears(), optionsOf(ChartType::Pie));
   const std::string svg = charts::toSvg(scene, "T", "D");

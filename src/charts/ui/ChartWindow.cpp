@@ -146,19 +146,20 @@ void ChartWindow::chooseColor(std::optional<Color> ChartOptions::*target, Color 
 }
 
 void ChartWindow::savePicture(const QString& filter, const std::string& extension,
-                              const Encoder& encode) {
-  const QString chosen =
-      services_.prompts.saveFile(this, filter, u"Pfad für Sicherung auswählen"_s,
-                                 QString::fromStdString(services_.paths.DataFolder));
+                              const Encoder& encode, OnFailure onFailure) {
+  const QString title = u"Pfad für Sicherung auswählen"_s;
+  const QString chosen = services_.prompts.saveFile(
+      this, filter, title, QString::fromStdString(services_.paths.DataFolder));
   if (chosen.isEmpty()) return;
-  saveBytes(withPictureExtension(chosen.toStdString(), extension), encode(Chart2D1->picture()));
-}
-
-void ChartWindow::saveBytes(const std::string& path, const QByteArray& bytes) {
-  const base::ByteSpan content(reinterpret_cast<const std::uint8_t*>(bytes.constData()),
-                               static_cast<std::size_t>(bytes.size()));
-  base::ignore(services_.files.replaceFile(path, content),
-               "a picture that could not be written is missed where it is looked for");
+  const QByteArray bytes = encode(Chart2D1->picture());
+  const auto saved = services_.files.replaceFile(
+      withPictureExtension(chosen.toStdString(), extension),
+      base::asBytes({bytes.constData(), static_cast<std::size_t>(bytes.size())}));
+  if (onFailure == OnFailure::Silent)
+    base::ignore(saved, "a picture that could not be written is missed where it is looked for");
+  else if (!saved)
+    services_.prompts.tell(this, QString::fromStdString(base::germanMessage(saved.error())), title,
+                           dialogs::Icon::Warning);
 }
 
 void ChartWindow::print(PrintFit fit, PictureFormat format) {
@@ -184,11 +185,13 @@ void ChartWindow::buildChartMenu() {
   chartMenu_ = addMenu("mnuDiagramm", u"&Diagramm"_s);
   const QString wmfFilter = u"*.wmf (WMF Dateien)|*.wmf"_s;
   const auto save = [this](QAction* entry, const QString& text, const QString& filter,
-                           const std::string& extension, const Encoder& encode) {
+                           const std::string& extension, const Encoder& encode,
+                           OnFailure onFailure = OnFailure::Silent) {
     entry->setText(text);
     chartMenu_->addAction(entry);
-    connect(entry, &QAction::triggered, this,
-            [this, filter, extension, encode] { savePicture(filter, extension, encode); });
+    connect(entry, &QAction::triggered, this, [this, filter, extension, encode, onFailure] {
+      savePicture(filter, extension, encode, onFailure);
+    });
   };
   const auto as = [this](PictureFormat format) {
     return [this, format](const Scene& scene) { return pictureBytes(scene, format, pixelScale()); };
@@ -198,13 +201,16 @@ void ChartWindow::buildChartMenu() {
   save(mnuSaveWmf, u"Speichern als &WMF"_s, wmfFilter, ".wmf", as(PictureFormat::Metafile));
   save(mnuSaveEnhWmf, u"Speichern als &Enh WMF"_s, wmfFilter, ".wmf",
        as(PictureFormat::EnhancedMetafile));
-  save(mnuSavePng, u"Speichern als &PNG"_s, u"*.png (PNG Dateien)|*.png"_s, ".png",
-       [this](const Scene& scene) { return pngBytes(scene, pixelScale()); });
-  save(mnuSaveSvg, u"Speichern als &SVG"_s, u"*.svg (SVG Dateien)|*.svg"_s, ".svg",
-       [this](const Scene& scene) {
-         return QByteArray::fromStdString(toSvg(scene, Chart2D1->model().title,
-                                                Chart2D1->accessibleDescription().toStdString()));
-       });
+  save(
+      mnuSavePng, u"Speichern als &PNG"_s, u"*.png (PNG Dateien)|*.png"_s, ".png",
+      [this](const Scene& scene) { return pngBytes(scene, pixelScale()); }, OnFailure::Tell);
+  save(
+      mnuSaveSvg, u"Speichern als &SVG"_s, u"*.svg (SVG Dateien)|*.svg"_s, ".svg",
+      [this](const Scene& scene) {
+        return QByteArray::fromStdString(
+            toSvg(scene, Chart2D1->model().title, Chart2D1->accessibleDescription().toStdString()));
+      },
+      OnFailure::Tell);
   chartMenu_->addSeparator();
   const auto copy = [this](QAction* entry, const QString& text, PictureFormat format) {
     entry->setText(text);

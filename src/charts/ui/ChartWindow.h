@@ -123,8 +123,9 @@ class ChartWindow : public QDialog {
   void chooseColor(std::optional<Color> ChartOptions::*target, Color start);
   void applyOptions() { Chart2D1->setOptions(options_); }
 
-  void savePicture(const QString& filter, const std::string& extension, const Encoder& encode);
-  void saveBytes(const std::string& path, const QByteArray& bytes);
+  enum class OnFailure { Silent, Tell };
+  void savePicture(const QString& filter, const std::string& extension, const Encoder& encode,
+                   OnFailure onFailure);
   void print(PrintFit fit, PictureFormat format);
   double pixelScale() const { return devicePixelRatioF(); }
 

@@ -230,24 +230,37 @@ TEST_F(ChartUse, APictureIsReplacedWholeOrStaysAsItWas) {
   const dialogs::Services services{paths_, failing, clock_, prompts_, shell_, navigator_};
   frmDiagramm window(
       services, [this] { return year_; }, u"strom"_s);
-  put("alt.png", "das alte Bild");
+  put("alt.bmp", "das alte Bild");
   for (std::size_t call = 0;; ++call) {
     failing.arm({call, true});
-    prompts_.answerPath(u"/daten/alt.png"_s);
-    window.mnuSavePng->trigger();
+    prompts_.answerPath(u"/daten/alt.bmp"_s);
+    window.mnuSaveBmp->trigger();
     const bool struck = failing.struck();
     failing.disarm();
-    const std::string now = stored("alt.png");
-    EXPECT_TRUE(now == "das alte Bild" || now.substr(0, 4) == "\x89PNG") << "at call " << call;
+    const std::string now = stored("alt.bmp");
+    EXPECT_TRUE(now == "das alte Bild" || now.substr(0, 2) == "BM") << "at call " << call;
     if (!struck) {
-      EXPECT_EQ(now.substr(0, 4), "\x89PNG");
+      EXPECT_EQ(now.substr(0, 2), "BM");
       break;
     }
     ASSERT_LT(call, 50U);
-    put("alt.png", "das alte Bild");
+    put("alt.bmp", "das alte Bild");
   }
   EXPECT_FALSE(window.isVisible());
   for (const auto& shown : prompts_.shown) EXPECT_EQ(shown.kind, u"saveFile"_s) << "no box";
+}
+
+// Those that the program has beyond the fixed ones say so.
+TEST_F(ChartUse, APngOrSvgThatCannotBeWrittenIsTold) {
+  const auto window = monthly();
+  for (QAction* entry : {window->mnuSavePng, window->mnuSaveSvg}) {
+    prompts_.acceptTellings();
+    prompts_.answerPath(u"/gibtesnicht/bild"_s);
+    entry->trigger();
+    const FakePrompts::Shown box = prompts_.take();
+    EXPECT_EQ(box.icon, dialogs::Icon::Warning);
+    EXPECT_TRUE(box.text.contains(u"/gibtesnicht/bild"_s)) << box.text.toStdString();
+  }
 }
 
 TEST_F(ChartUse, PrintingToAFileThatNobodyNamedPrintsNothing) {
