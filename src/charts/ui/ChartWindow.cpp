@@ -135,6 +135,7 @@ void ChartWindow::showDimensions() {
   mnuDimensions->setText(QString::fromStdString(
       dimensionText({Chart2D1->width() * perPixelX, Chart2D1->height() * perPixelY},
                     perPixelX / pixelScale(), perPixelY / pixelScale())));
+  lblDimensions->setText(mnuDimensions->text().trimmed() + u"  "_s);
 }
 
 void ChartWindow::chooseColor(std::optional<Color> ChartOptions::*target, Color start) {
@@ -297,7 +298,8 @@ void ChartWindow::buildMenus() {
   mnuHilfe->setShortcut(QKeySequence::HelpContents);
   menuBar->addAction(mnuHilfe);
   connect(mnuHilfe, &QAction::triggered, this, [this] { services_.navigator.showHelp(); });
-  menuBar->addAction(mnuDimensions);
+  // Beside the menus: it cannot be chosen, and it stays when they have no room.
+  menuBar->setCornerWidget(lblDimensions);
 }
 
 }  // namespace charts

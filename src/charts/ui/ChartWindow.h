@@ -78,7 +78,8 @@ class ChartWindow : public QDialog {
   QAction* const mnuEinAus = action("mnuEinAus");
   QAction* const mnuReverse = action("mnuReverse");
   QAction* const mnuHilfe = action("mnuHilfe");
-  QAction* const mnuDimensions = action("mnuDimensions");
+  QAction* const mnuDimensions = action("mnuDimensions");  // shown by lblDimensions
+  QLabel* const lblDimensions = widgets::control<QLabel>(this, "lblDimensions");
 
   // The printer that the print commands use; the system's current one unless set.
   using PrinterSource = std::function<std::unique_ptr<QPrinter>()>;

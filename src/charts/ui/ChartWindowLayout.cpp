@@ -87,7 +87,7 @@ QWidget* ChartWindow::buildOptionColumn() {
   buildTextFrame();
   buildDepthFrame();
   for (QGroupBox* frame : {frTyp, frDaten, frOptionen, frOpt}) layout->addWidget(frame);
-  layout->addStretch();
+  layout->addStretch(1);
   picBeenden->setText(u"Fenster schließen"_s);
   picBeenden->setIcon(widgets::icon(u"ende"_s));
   picBeenden->setIconSize({24, 24});

@@ -285,6 +285,31 @@ TEST_F(ChartUse, PrintingToAFileThatNobodyNamedPrintsNothing) {
   EXPECT_TRUE(window->isVisible());
 }
 
+TEST_F(ChartUse, FramesKeepTogetherInATallWindow) {
+  const auto window = monthly();
+  window->resize(1100, 700);
+  window->show();
+  const int usual = window->frOptionen->height();
+  window->resize(1100, 1600);
+  QTest::qWait(1);
+  EXPECT_LE(window->frOptionen->height(), usual + 20);
+}
+
+TEST_F(ChartUse, TheSizeStandsBesideTheMenusAndIsNoneOfThem) {
+  const auto window = monthly();
+  window->resize(1100, 700);
+  window->show();
+  QTest::qWait(1);
+  EXPECT_EQ(window->lblDimensions->text().trimmed(), window->mnuDimensions->text().trimmed());
+  EXPECT_TRUE(window->lblDimensions->text().startsWith(u"Abmessungen"_s));
+  EXPECT_FALSE(window->menuBar->actions().contains(window->mnuDimensions));
+  window->resize(700, 700);
+  QTest::qWait(1);
+  EXPECT_TRUE(window->lblDimensions->isVisible());
+  EXPECT_TRUE(window->rect().contains(
+      window->lblDimensions->geometry().translated(window->menuBar->pos())));
+}
+
 TEST_F(ChartUse, EnterPressesAButtonOrGoesOnAndEscapeCloses) {
   auto window = monthly();
   window->show();
