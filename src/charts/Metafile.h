@@ -9,6 +9,7 @@
 #include "charts/Scene.h"
 #include "charts/TextMeasure.h"
 
+// Metafiles by hand: no kept library writes them on both systems.
 namespace charts {
 
 // A point in the 16-bit coordinates of a metafile.
