@@ -24,5 +24,7 @@ struct Catalog {
 
 // Page of the definition of the table of objects.
 inline constexpr std::uint32_t kCatalogPage = 2;
+inline constexpr char kCatalogName[] = "MSysObjects";
+inline constexpr char kPermissionsName[] = "MSysACEs";
 
 }  // namespace jet

@@ -1,18 +1,20 @@
 #include "jet/CatalogRows.h"
 
-#include <algorithm>
+#include <array>
+#include <bit>
 
-#include "base/Paths.h"
+#include "jet/Damage.h"
+#include "jet/NewTableDef.h"
+#include "jet/TableEditor.h"
 
 namespace jet {
 namespace {
 
 using base::Bytes;
+using base::Failure;
 using base::Result;
 
 constexpr std::uint8_t kSystemColumn = 0x12;
-constexpr std::uint8_t kSystemIndex = 0x80;
-constexpr int kLongest = 510;
 
 // Object numbers. Tables have the page of their definition.
 constexpr std::int64_t kRoot = 0x0F000000;
@@ -26,22 +28,86 @@ constexpr std::int64_t kTypeDatabase = 2;
 constexpr std::int64_t kTypeContainer = 3;
 constexpr std::int64_t kSystemObject = -0x80000000LL;
 
-// Accounts, as two bytes. In the file they are masked; the mask belongs to the creation date that
-// every new file bears (NewFile.cpp).
+// Accounts, as two bytes. In a file of Jet 4 they are masked.
 using Account = std::array<std::uint8_t, 2>;
-constexpr Account kMask = {0x67, 0x8A};
 constexpr Account kAdmin = {3, 1};
 constexpr Account kUsers = {2, 1};
 constexpr Account kEngine = {2, 3};
 constexpr Account kCreators = {2, 4};
 
-// The catalog of a file says when its objects were made. The same moment always, so that the same
-// tables give the same file.
-constexpr std::uint64_t kMade = 0x40E4AB3E3BD3FB4E;
+Account combined(const Account& a, const Account& b) {
+  return {static_cast<std::uint8_t>(a[0] ^ b[0]), static_cast<std::uint8_t>(a[1] ^ b[1])};
+}
 
-Value stored(const Account& account) {
-  return Bytes{static_cast<std::uint8_t>(account[0] ^ kMask[0]),
-               static_cast<std::uint8_t>(account[1] ^ kMask[1])};
+using NamedValues = std::initializer_list<std::pair<const char*, Value>>;
+
+Result<void> insert(Pager& pager, Table& table, NamedValues values) {
+  std::vector<Value> row(table.def().columns.size());
+  for (const auto& [name, value] : values) {
+    const auto column = table.def().columnByName(name);
+    if (!column)
+      return damaged(table.def().page, std::string("Tabellenverzeichnis hat kein Feld ") + name);
+    row[*column] = value;
+  }
+  auto added = TableEditor(pager, table).insert(std::move(row));
+  return added ? Result<void>() : Failure(added.error());
+}
+
+// Enters objects and permissions into the two tables of a file.
+class CatalogEditor {
+ public:
+  CatalogEditor(Pager& pager, CatalogTables tables, const Account& mask, DateTime made)
+      : pager_(pager), tables_(tables), mask_(mask), made_(made) {}
+
+  Result<void> addObject(std::int64_t id, std::int64_t parent, const std::string& name,
+                         std::int64_t type, const Account& owner, std::int64_t flags) {
+    return insert(pager_, tables_.objects,
+                  {{"Id", id},
+                   {"ParentId", parent},
+                   {"Name", name},
+                   {"Type", type},
+                   {"DateCreate", made_},
+                   {"DateUpdate", made_},
+                   {"Owner", stored(owner)},
+                   {"Flags", flags}});
+  }
+  Result<void> addPermission(std::int64_t object, const Account& account, std::int64_t mask,
+                             bool inheritable = false) {
+    return insert(pager_, tables_.permissions,
+                  {{"ObjectId", object},
+                   {"SID", stored(account)},
+                   {"ACM", mask},
+                   {"FInheritable", inheritable}});
+  }
+
+ private:
+  Value stored(const Account& account) const {
+    const Account masked = combined(account, mask_);
+    return Bytes(masked.begin(), masked.end());
+  }
+
+  Pager& pager_;
+  CatalogTables tables_;
+  Account mask_;
+  DateTime made_;
+};
+
+// The database as an object belongs to the administrator in every file, which tells the mask.
+Result<Account> accountMask(const Table& objects) {
+  const auto id = objects.def().columnByName("Id");
+  const auto owner = objects.def().columnByName("Owner");
+  for (std::size_t i = 0; id && owner && i < objects.rowCount(); ++i) {
+    auto number = objects.value(i, *id);
+    if (!number) return Failure(number.error());
+    if (*number != Value(kDatabase)) continue;
+    auto account = objects.value(i, *owner);
+    if (!account) return Failure(account.error());
+    const auto* bytes = std::get_if<Bytes>(&*account);
+    if (bytes != nullptr && bytes->size() == kAdmin.size())
+      return combined({(*bytes)[0], (*bytes)[1]}, kAdmin);
+  }
+  return base::fail(base::ErrorCode::Unsupported,
+                    "Die Datei verrät nicht, wem eine neue Tabelle gehören soll");
 }
 
 struct SystemColumn {
@@ -49,51 +115,20 @@ struct SystemColumn {
   ColumnType type;
 };
 
-// Definitions of system tables list the columns by name.
-TablePlan planOf(const char* name, std::initializer_list<SystemColumn> columns) {
-  TablePlan plan;
-  plan.name = name;
-  plan.system = true;
+TableDef systemTable(const format::Version& version, std::initializer_list<SystemColumn> columns) {
+  TableDef table;
+  table.systemTable = true;
   for (const SystemColumn& column : columns) {
     const bool limited = column.type == ColumnType::Text || column.type == ColumnType::Binary;
     const bool masked = column.name == std::string("Owner") || column.name == std::string("SID");
-    addColumn(plan, column.name, column.type, limited ? kLongest : 0,
+    addColumn(table, column.name, column.type,
+              limited ? static_cast<int>(version.column.longestBinary) : 0,
               masked ? kSystemColumn | format::kColumnMasked : kSystemColumn);
   }
-  for (std::size_t i = 0; i < plan.columns.size(); ++i) plan.order.push_back(i);
-  std::sort(plan.order.begin(), plan.order.end(), [&](std::size_t a, std::size_t b) {
-    return base::lowerCase(plan.columns[a].column.name) <
-           base::lowerCase(plan.columns[b].column.name);
-  });
-  return plan;
+  return table;
 }
 
-void addIndex(TablePlan& plan, const char* name, std::initializer_list<std::size_t> columns,
-              std::uint8_t flags, bool primary = false) {
-  PlannedIndex index;
-  index.name = name;
-  for (const std::size_t column : columns) index.parts.push_back({column, true});
-  index.flags = kSystemIndex | flags;
-  index.primary = primary;
-  plan.indexes.push_back(std::move(index));
-}
-
-Result<void> addObject(TableWriter& objects, std::int64_t id, std::int64_t parent,
-                       const std::string& name, std::int64_t type, const Account& owner,
-                       std::int64_t flags) {
-  std::vector<Value> row(objects.plan().columns.size());
-  const DateTime made{std::bit_cast<double>(kMade)};
-  const std::array<Value, 8> values = {id, parent, name, type, made, made, stored(owner), flags};
-  std::copy(values.begin(), values.end(), row.begin());
-  return objects.addRow(std::move(row));
-}
-
-Result<void> addPermission(TableWriter& permissions, std::int64_t object, const Account& account,
-                           std::int64_t mask, bool inheritable = false) {
-  return permissions.addRow({object, stored(account), mask, inheritable});
-}
-
-Result<void> addSystemPermissions(TableWriter& permissions) {
+Result<void> addSystemPermissions(CatalogEditor& catalog) {
   struct Permission {
     std::int64_t object;
     Account account;
@@ -119,7 +154,7 @@ Result<void> addSystemPermissions(TableWriter& permissions) {
       {kRelationships, kUsers, 0xFFFFF, true},
   }};
   for (const Permission& row : rows) {
-    auto added = addPermission(permissions, row.object, row.account, row.mask, row.inheritable);
+    auto added = catalog.addPermission(row.object, row.account, row.mask, row.inheritable);
     if (!added) return added;
   }
   return {};
@@ -127,67 +162,69 @@ Result<void> addSystemPermissions(TableWriter& permissions) {
 
 }  // namespace
 
-TablePlan objectsPlan() {
-  TablePlan plan = planOf("MSysObjects", {{"Id", ColumnType::Long},
-                                          {"ParentId", ColumnType::Long},
-                                          {"Name", ColumnType::Text},
-                                          {"Type", ColumnType::Integer},
-                                          {"DateCreate", ColumnType::DateTime},
-                                          {"DateUpdate", ColumnType::DateTime},
-                                          {"Owner", ColumnType::Binary},
-                                          {"Flags", ColumnType::Long},
-                                          {"Database", ColumnType::Memo},
-                                          {"Connect", ColumnType::Memo},
-                                          {"ForeignName", ColumnType::Text},
-                                          {"RmtInfoShort", ColumnType::Binary},
-                                          {"RmtInfoLong", ColumnType::Ole},
-                                          {"Lv", ColumnType::Ole},
-                                          {"LvProp", ColumnType::Ole},
-                                          {"LvModule", ColumnType::Ole},
-                                          {"LvExtra", ColumnType::Ole}});
-  addIndex(plan, "ParentIdName", {1, 2}, format::kIndexUnique);
-  addIndex(plan, "Id", {0}, format::kIndexUnique, true);
-  return plan;
+TableDef objectsTable(const format::Version& version) {
+  TableDef table = systemTable(version, {{"Id", ColumnType::Long},
+                                         {"ParentId", ColumnType::Long},
+                                         {"Name", ColumnType::Text},
+                                         {"Type", ColumnType::Integer},
+                                         {"DateCreate", ColumnType::DateTime},
+                                         {"DateUpdate", ColumnType::DateTime},
+                                         {"Owner", ColumnType::Binary},
+                                         {"Flags", ColumnType::Long},
+                                         {"Database", ColumnType::Memo},
+                                         {"Connect", ColumnType::Memo},
+                                         {"ForeignName", ColumnType::Text},
+                                         {"RmtInfoShort", ColumnType::Binary},
+                                         {"RmtInfoLong", ColumnType::Ole},
+                                         {"Lv", ColumnType::Ole},
+                                         {"LvProp", ColumnType::Ole},
+                                         {"LvModule", ColumnType::Ole},
+                                         {"LvExtra", ColumnType::Ole}});
+  addIndex(table, "ParentIdName", {{1, true}, {2, true}}, false, format::kIndexUnique);
+  addIndex(table, "Id", {{0, true}}, true, format::kIndexUnique);
+  return table;
 }
 
-TablePlan permissionsPlan() {
-  TablePlan plan = planOf("MSysACEs", {{"ObjectId", ColumnType::Long},
-                                       {"SID", ColumnType::Binary},
-                                       {"ACM", ColumnType::Long},
-                                       {"FInheritable", ColumnType::Boolean}});
-  addIndex(plan, "ObjectId", {0}, format::kIndexRequired);
-  return plan;
+TableDef permissionsTable(const format::Version& version) {
+  TableDef table = systemTable(version, {{"ObjectId", ColumnType::Long},
+                                         {"SID", ColumnType::Binary},
+                                         {"ACM", ColumnType::Long},
+                                         {"FInheritable", ColumnType::Boolean}});
+  addIndex(table, "ObjectId", {{0, true}}, false, format::kIndexRequired);
+  return table;
 }
 
-TablePlan queriesPlan() {
-  TablePlan plan = planOf("MSysQueries", {{"ObjectId", ColumnType::Long},
-                                          {"Attribute", ColumnType::Byte},
-                                          {"Order", ColumnType::Binary},
-                                          {"Name1", ColumnType::Text},
-                                          {"Name2", ColumnType::Text},
-                                          {"Expression", ColumnType::Memo},
-                                          {"Flag", ColumnType::Integer},
-                                          {"LvExtra", ColumnType::Long}});
-  addIndex(plan, "ObjectIdAttribute", {0, 1, 2}, format::kIndexUnique, true);
-  return plan;
+TableDef queriesTable(const format::Version& version) {
+  TableDef table = systemTable(version, {{"ObjectId", ColumnType::Long},
+                                         {"Attribute", ColumnType::Byte},
+                                         {"Order", ColumnType::Binary},
+                                         {"Name1", ColumnType::Text},
+                                         {"Name2", ColumnType::Text},
+                                         {"Expression", ColumnType::Memo},
+                                         {"Flag", ColumnType::Integer},
+                                         {"LvExtra", ColumnType::Long}});
+  addIndex(table, "ObjectIdAttribute", {{0, true}, {1, true}, {2, true}}, true,
+           format::kIndexUnique);
+  return table;
 }
 
-TablePlan relationshipsPlan() {
-  TablePlan plan = planOf("MSysRelationships", {{"szRelationship", ColumnType::Text},
-                                                {"grbit", ColumnType::Long},
-                                                {"ccolumn", ColumnType::Long},
-                                                {"icolumn", ColumnType::Long},
-                                                {"szObject", ColumnType::Text},
-                                                {"szColumn", ColumnType::Text},
-                                                {"szReferencedObject", ColumnType::Text},
-                                                {"szReferencedColumn", ColumnType::Text}});
-  addIndex(plan, "szRelationship", {0}, format::kIndexIgnoreNulls);
-  addIndex(plan, "szObject", {4}, format::kIndexIgnoreNulls);
-  addIndex(plan, "szReferencedObject", {6}, format::kIndexIgnoreNulls);
-  return plan;
+TableDef relationshipsTable(const format::Version& version) {
+  TableDef table = systemTable(version, {{"szRelationship", ColumnType::Text},
+                                         {"grbit", ColumnType::Long},
+                                         {"ccolumn", ColumnType::Long},
+                                         {"icolumn", ColumnType::Long},
+                                         {"szObject", ColumnType::Text},
+                                         {"szColumn", ColumnType::Text},
+                                         {"szReferencedObject", ColumnType::Text},
+                                         {"szReferencedColumn", ColumnType::Text}});
+  addIndex(table, "szRelationship", {{0, true}}, false, format::kIndexIgnoreNulls);
+  addIndex(table, "szObject", {{4, true}}, false, format::kIndexIgnoreNulls);
+  addIndex(table, "szReferencedObject", {{6, true}}, false, format::kIndexIgnoreNulls);
+  return table;
 }
 
-Result<void> addSystemRows(TableWriter& objects, TableWriter& permissions) {
+Result<void> enterSystemTables(Pager& pager, CatalogTables tables, DateTime made) {
+  CatalogEditor catalog(pager, tables, pager.version().header.newOwnerMask, made);
   struct Object {
     std::int64_t id;
     std::int64_t parent;
@@ -207,18 +244,24 @@ Result<void> addSystemRows(TableWriter& objects, TableWriter& permissions) {
   }};
   for (const Object& row : rows) {
     auto added =
-        addObject(objects, row.id, row.parent, row.name, row.type, row.owner, kSystemObject);
+        catalog.addObject(row.id, row.parent, row.name, row.type, row.owner, kSystemObject);
     if (!added) return added;
   }
-  return addSystemPermissions(permissions);
+  return addSystemPermissions(catalog);
 }
 
-Result<void> addTableRows(TableWriter& objects, TableWriter& permissions, const std::string& name,
-                          std::uint32_t page) {
-  if (auto added = addObject(objects, page, kTables, name, kTypeTable, kAdmin, 0); !added)
-    return added;
-  if (auto added = addPermission(permissions, page, kUsers, 0xFFEFF); !added) return added;
-  return addPermission(permissions, page, kAdmin, 0xF00FE);
+Result<void> enterTable(Pager& pager, CatalogTables tables, const std::string& name,
+                        std::uint32_t page, DateTime made) {
+  auto mask = accountMask(tables.objects);
+  if (!mask) return Failure(mask.error());
+  CatalogEditor catalog(pager, tables, *mask, made);
+  auto entered = catalog.addObject(page, kTables, name, kTypeTable, kAdmin, 0);
+  if (!entered && entered.error().code == base::ErrorCode::InvalidValue)
+    return about(name,
+                 base::fail(base::ErrorCode::InvalidValue, "Der Name kommt doppelt vor").value());
+  if (!entered) return entered;
+  if (auto added = catalog.addPermission(page, kUsers, 0xFFEFF); !added) return added;
+  return catalog.addPermission(page, kAdmin, 0xF00FE);
 }
 
 }  // namespace jet

@@ -2,21 +2,21 @@
 
 #include <string>
 
-#include "jet/NewTable.h"
+#include "jet/TableMaker.h"
 
 // The four tables that every Jet file has, as Jet makes them, and the rows by which a table is
 // known and may be used.
 namespace jet {
 
-TablePlan objectsPlan();        // MSysObjects: every object of the file
-TablePlan permissionsPlan();    // MSysACEs: who may do what with it
-TablePlan queriesPlan();        // MSysQueries, empty
-TablePlan relationshipsPlan();  // MSysRelationships, empty
+TableDef objectsTable(const format::Version& version);        // MSysObjects: every object
+TableDef permissionsTable(const format::Version& version);    // MSysACEs: who may do what with it
+TableDef queriesTable(const format::Version& version);        // MSysQueries, empty
+TableDef relationshipsTable(const format::Version& version);  // MSysRelationships, empty
 
 // The objects and permissions of a file without user tables.
-base::Result<void> addSystemRows(TableWriter& objects, TableWriter& permissions);
-// Those of one user table.
-base::Result<void> addTableRows(TableWriter& objects, TableWriter& permissions,
-                                const std::string& name, std::uint32_t page);
+base::Result<void> enterSystemTables(Pager& pager, CatalogTables tables, DateTime made);
+// Those of one user table. Unsupported when the file does not tell whose a new table is to be.
+base::Result<void> enterTable(Pager& pager, CatalogTables tables, const std::string& name,
+                              std::uint32_t page, DateTime made);
 
 }  // namespace jet

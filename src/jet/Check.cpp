@@ -2,7 +2,6 @@
 
 #include <set>
 
-#include "jet/PageAllocator.h"
 #include "jet/PageUse.h"
 #include "jet/TableCheck.h"
 #include "jet/UsageMap.h"
@@ -13,9 +12,9 @@ namespace {
 using Kind = PageUse::Kind;
 
 void claimGlobalMap(Pager& pager, PageUse& use) {
-  auto row = UsageMapRow::read(pager, PageAllocator::kGlobalMap);
+  auto row = UsageMapRow::read(pager, kGlobalMap);
   if (!row) return use.report(row.error(), "");
-  use.claim(PageAllocator::kGlobalMap.page, Kind::Maps, 0, "");
+  use.claim(kGlobalMap.page, Kind::Maps, 0, "");
   if (row->form() != format::UsageMapForm::Reference) return;
   for (std::size_t i = 0; i < row->bitmapCount(); ++i)
     if (row->bitmapPage(i) != 0) use.claim(row->bitmapPage(i), Kind::Bitmap, 0, "");
@@ -24,7 +23,7 @@ void claimGlobalMap(Pager& pager, PageUse& use) {
 // A page that is used and free would be handed out a second time. Pages that are neither are only
 // lost space.
 void checkFreePages(const Pager& pager, PageUse& use) {
-  const UsageMap map(pager, PageAllocator::kGlobalMap);
+  const UsageMap map(pager, kGlobalMap);
   std::uint32_t lost = 0, firstLost = 0;
   for (std::uint32_t page = 0; page < use.pageCount(); ++page) {
     auto free = map.contains(page, true);

@@ -98,6 +98,12 @@ Result<DataPageEditor> DataPageEditor::open(const format::Version& version, std:
   return DataPageEditor(version, bytes);
 }
 
+bool DataPageEditor::isEmpty() const {
+  std::size_t i = 0;
+  while (i < slotCount() && slot(i).state == SlotState::Deleted) ++i;
+  return i == slotCount();
+}
+
 Slot DataPageEditor::slot(std::size_t index) const {
   assert(index < slotCount());
   const std::size_t raw = slotField(format_->headSize, index).get(bytes_);

@@ -65,6 +65,7 @@ class DataPageEditor {
                                            std::span<std::uint8_t> bytes);
 
   std::size_t slotCount() const { return format_->slotCount.get(bytes_); }
+  bool isEmpty() const;  // every row is deleted
   Slot slot(std::size_t index) const;
   std::span<std::uint8_t> bytes(std::size_t index);
   std::size_t freeBytes() const;

@@ -1,5 +1,6 @@
 #include "jet/Database.h"
 
+#include <chrono>
 #include <map>
 #include <set>
 
@@ -10,6 +11,7 @@
 #include "jet/Table.h"
 #include "jet/TableEditor.h"
 #include "jet/TableIndexes.h"
+#include "jet/TableMaker.h"
 
 namespace jet {
 
@@ -18,6 +20,13 @@ using base::Failure;
 using base::Result;
 
 namespace {
+
+DateTime now() {
+  constexpr double kEpoch = 25569;  // 1970-01-01
+  const std::chrono::duration<double, std::ratio<86400>> days =
+      std::chrono::system_clock::now().time_since_epoch();
+  return {kEpoch + days.count()};
+}
 
 // The indexes of a table with up to so many rows are compared with them when it is opened. Those
 // of a larger one are checked along the way of each change.
@@ -31,9 +40,13 @@ struct Database::State {
   std::map<std::uint32_t, std::shared_ptr<Table>> tables;  // opened so far, by definition page
 
   Result<std::shared_ptr<Table>> table(std::string_view name);
-  // Indexes that were made anew are again what the file holds.
-  void forgetRebuilt();
-  std::set<std::uint32_t> rebuilt;  // tables, in the running transaction
+  Result<void> checkTransaction() const;
+  // What is known of tables that the running transaction has changed beyond single fields.
+  std::set<std::uint32_t> changed;
+  bool catalogChanged = false;
+  // It was undone: they are again what the file holds.
+  void forgetChanges();
+  void readAgain(std::uint32_t table);
 };
 
 struct RecordSet::State {
@@ -65,6 +78,30 @@ Result<std::shared_ptr<Table>> Database::State::table(std::string_view name) {
   if (table->rowCount() <= kRowsCheckedAtOpening) TableIndexes(*pager, *table).verifyAll();
   tables[entry->definition] = table;
   return table;
+}
+
+Result<void> Database::State::checkTransaction() const {
+  if (pager->inTransaction()) return {};
+  return pager->located(
+      base::fail(ErrorCode::Unsupported, "Es läuft kein Änderungsvorgang").value());
+}
+
+// A table that was made in the transaction is no more.
+void Database::State::readAgain(std::uint32_t page) {
+  const auto found = tables.find(page);
+  if (found == tables.end()) return;
+  Table& table = *found->second;
+  if (!table.reload() || !table.scan())
+    tables.erase(found);
+  else if (table.rowCount() <= kRowsCheckedAtOpening)
+    TableIndexes(*pager, table).verifyAll();
+}
+
+void Database::State::forgetChanges() {
+  for (const std::uint32_t page : changed) readAgain(page);
+  changed.clear();
+  if (!std::exchange(catalogChanged, false)) return;
+  if (auto read = Catalog::read(*pager)) catalog = std::move(*read);
 }
 
 // --- RecordSet ---
@@ -105,20 +142,43 @@ Result<std::vector<Value>> RecordSet::row(std::size_t position) const {
   return state_->table->values(position);
 }
 
+// Within a transaction, whole or not at all. What the table knows of itself is read again when the
+// transaction is rolled back, and at once when the change fails half-way.
+template <class Change>
+auto RecordSet::change(const Change& change, const std::string& subject) {
+  Database::State& database = *state_->database;
+  using Outcome = decltype(change(std::declval<TableEditor>()));
+  const auto located = [&](base::Error error) -> Outcome {
+    if (error.subject.empty()) error.subject = subject;
+    return database.pager->located(std::move(error));
+  };
+  if (auto begun = database.checkTransaction(); !begun) return located(begun.error());
+  Table& table = *state_->table;
+  if (table.def().systemTable)
+    return located(
+        base::fail(ErrorCode::Unsupported, "Systemtabellen werden nicht geändert").value());
+  Pager::Step step(*database.pager);
+  auto done = change(TableEditor(*database.pager, table));
+  if (!done) return located(done.error());
+  step.keep();
+  return done;
+}
+
 Result<void> RecordSet::set(std::size_t position, std::size_t column, const Value& value) {
   if (auto sound = state_->checkPlace(position, column); !sound) return sound;
-  Pager& pager = *state_->database->pager;
-  Table& table = *state_->table;
-  const auto located = [&](base::Error error) {
-    if (error.subject.empty()) error.subject = table.name() + "." + state_->columns[column].name;
-    return pager.located(std::move(error));
-  };
-  if (!pager.inTransaction()) {
-    Failure outside = base::fail(ErrorCode::Unsupported, "Es läuft kein Änderungsvorgang");
-    return located(outside.value());
-  }
-  auto done = TableEditor(pager, table).set(position, column, value);
-  return done ? done : located(done.error());
+  return change([&](TableEditor editor) { return editor.set(position, column, value); },
+                tableName() + "." + state_->columns[column].name);
+}
+
+Result<std::size_t> RecordSet::insert(std::vector<Value> values) {
+  state_->database->changed.insert(state_->table->def().page);
+  return change([&](TableEditor editor) { return editor.insert(std::move(values)); }, tableName());
+}
+
+Result<void> RecordSet::erase(std::size_t position) {
+  if (auto sound = state_->checkPlace(position, 0); !sound) return sound;
+  state_->database->changed.insert(state_->table->def().page);
+  return change([&](TableEditor editor) { return editor.erase(position); }, tableName());
 }
 
 // --- Database ---
@@ -178,23 +238,15 @@ Result<void> Database::begin() {
 }
 Result<void> Database::commit() {
   auto done = state_->pager->commit();
-  if (!done) state_->forgetRebuilt();
-  state_->rebuilt.clear();
+  if (!done) state_->forgetChanges();
+  state_->changed.clear();
+  state_->catalogChanged = false;
   return done;
 }
 
 void Database::rollback() {
   state_->pager->rollback();
-  state_->forgetRebuilt();
-}
-
-void Database::State::forgetRebuilt() {
-  for (const std::uint32_t page : rebuilt) {
-    Table& table = *tables[page];
-    base::ignore(table.reload(), "it could be read before the transaction that is undone");
-    if (table.rowCount() <= kRowsCheckedAtOpening) TableIndexes(*pager, table).verifyAll();
-  }
-  rebuilt.clear();
+  state_->forgetChanges();
 }
 
 bool Database::inTransaction() const {
@@ -217,18 +269,44 @@ std::vector<Finding> Database::check() const {
 }
 
 Result<void> Database::rebuildIndexes(std::string_view name) {
-  if (!state_->pager->inTransaction()) {
-    Failure outside = base::fail(ErrorCode::Unsupported, "Es läuft kein Änderungsvorgang", path());
-    return about(std::string(name), outside.value());
-  }
+  if (auto begun = state_->checkTransaction(); !begun)
+    return about(std::string(name), begun.error());
   auto table = state_->table(name);
   if (!table) return Failure(table.error());
-  state_->rebuilt.insert((*table)->def().page);
+  state_->changed.insert((*table)->def().page);
   Pager::Step step(*state_->pager);
   if (auto done = TableIndexes(*state_->pager, **table).rebuildAll(); !done)
     return (*table)->located(done.error(), (*table)->def().page);
   step.keep();
   return {};
+}
+
+Result<RecordSet> Database::createTable(const NewTable& table) {
+  const auto failed = [&](const base::Error& error) {
+    return state_->pager->located(about(table.name, error).value());
+  };
+  if (auto begun = state_->checkTransaction(); !begun) return failed(begun.error());
+  auto objects = state_->table(kCatalogName);
+  if (!objects) return failed(objects.error());
+  auto permissions = state_->table(kPermissionsName);
+  if (!permissions) return failed(permissions.error());
+  Result<std::uint32_t> made = 0u;
+  {
+    Pager::Step step(*state_->pager);
+    made = makeTable(*state_->pager, {**objects, **permissions}, table, now());
+    if (made) step.keep();
+  }
+  if (!made) {
+    state_->readAgain((*objects)->def().page);
+    state_->readAgain((*permissions)->def().page);
+    return failed(made.error());
+  }
+  state_->changed.insert({(*objects)->def().page, (*permissions)->def().page, *made});
+  state_->catalogChanged = true;
+  auto catalog = Catalog::read(*state_->pager);
+  if (!catalog) return failed(catalog.error());
+  state_->catalog = std::move(*catalog);
+  return openTable(table.name);
 }
 
 }  // namespace jet

@@ -8,7 +8,7 @@
 #include <vector>
 
 #include "base/File.h"
-#include "jet/Value.h"
+#include "jet/NewTable.h"
 
 // A Jet database file (Access 97 to 2003): tables by name, rows by position, changes by
 // transaction.
@@ -24,11 +24,6 @@ struct Column {
   int precision = 0;        // Numeric only
   int scale = 0;            // Numeric only
   int number = 0;           // column number: bit in the null mask
-};
-
-struct IndexColumn {
-  std::string column;
-  bool ascending = true;
 };
 
 // A logical index as Access shows it.
@@ -62,7 +57,8 @@ std::string advice(const std::vector<Finding>& findings);
 class Database;
 
 // The rows of one table in natural order, by position 0 to count() - 1. Reads see the changes of
-// the running transaction. A RecordSet is valid as long as its Database.
+// the running transaction. A RecordSet is valid as long as its Database; that of a table whose
+// making was rolled back must not be used any more.
 class RecordSet {
  public:
   ~RecordSet();
@@ -88,10 +84,18 @@ class RecordSet {
   // types when they fit exactly or, for Single and Double, by rounding; "" and Null are different.
   // The rows' positions never change by an update.
   base::Result<void> set(std::size_t position, std::size_t column, const Value& value);
+  // Adds a row: one value per column, Null in an AutoNumber column takes the next number. Returns
+  // its position, which need not be the last; rows behind it move on by one. Errors as of set();
+  // InvalidValue also for a key that a unique index has already or that a primary key lacks.
+  base::Result<std::size_t> insert(std::vector<Value> values);
+  // Rows behind it move up by one. Relationships between tables are not looked at.
+  base::Result<void> erase(std::size_t position);
 
  private:
   friend class Database;
   struct State;
+  template <class Change>
+  auto change(const Change& change, const std::string& subject);
   explicit RecordSet(std::unique_ptr<State> state);
   std::unique_ptr<State> state_;
 };
@@ -116,6 +120,10 @@ class Database {
   std::vector<std::string> tableNames() const;
   // MissingTable when there is none of that name (letter case does not count).
   base::Result<RecordSet> openTable(std::string_view name);
+
+  // Makes a table with its indexes and rows and opens it; within a transaction. InvalidValue names
+  // the table, column or value that cannot be.
+  base::Result<RecordSet> createTable(const NewTable& table);
 
   // One user action = one transaction. Transactions do not nest.
   base::Result<void> begin();

@@ -36,28 +36,6 @@ Decimal decodeNumeric(ByteSpan bytes, int scale) {
   return value;
 }
 
-std::optional<std::size_t> sizeOf(ColumnType type) {
-  switch (type) {
-    case ColumnType::Byte:
-      return 1;
-    case ColumnType::Integer:
-      return 2;
-    case ColumnType::Long:
-    case ColumnType::Single:
-      return 4;
-    case ColumnType::Currency:
-    case ColumnType::Double:
-    case ColumnType::DateTime:
-      return 8;
-    case ColumnType::Guid:
-      return 16;
-    case ColumnType::Numeric:
-      return 17;
-    default:
-      return std::nullopt;
-  }
-}
-
 base::Failure refuse(const char* reason) {
   return base::fail(ErrorCode::InvalidValue, reason);
 }
@@ -209,9 +187,31 @@ Result<Bytes> encodeDate(DateTime date) {
 
 }  // namespace
 
+std::optional<std::size_t> fixedSizeOf(ColumnType type) {
+  switch (type) {
+    case ColumnType::Byte:
+      return 1;
+    case ColumnType::Integer:
+      return 2;
+    case ColumnType::Long:
+    case ColumnType::Single:
+      return 4;
+    case ColumnType::Currency:
+    case ColumnType::Double:
+    case ColumnType::DateTime:
+      return 8;
+    case ColumnType::Guid:
+      return 16;
+    case ColumnType::Numeric:
+      return 17;
+    default:
+      return std::nullopt;
+  }
+}
+
 Result<Value> decodeField(const ColumnDef& def, ByteSpan bytes) {
   const ColumnType type = def.column.type;
-  if (const auto size = sizeOf(type); size && bytes.size() != *size)
+  if (const auto size = fixedSizeOf(type); size && bytes.size() != *size)
     return base::fail(ErrorCode::Damaged, "Wert hat die falsche Länge");
   switch (type) {
     case ColumnType::Byte:

@@ -10,6 +10,9 @@ namespace jet {
 // One value as it lies in a row, in both directions, for every type but Boolean (a bit of the null
 // mask) and long values (LongValue).
 
+// Bytes of a value; nullopt for types of varying length, and for Boolean.
+std::optional<std::size_t> fixedSizeOf(ColumnType type);
+
 // Bytes of a type that is not known come out as they are. Damaged when the length is wrong.
 base::Result<Value> decodeField(const ColumnDef& column, base::ByteSpan bytes);
 

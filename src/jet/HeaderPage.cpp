@@ -18,21 +18,17 @@ bool hasSignature(base::ByteSpan start, std::string_view signature) {
          std::equal(expected.begin(), expected.end(), start.begin() + 4);
 }
 
-// Files without a password hold zeros, or in Jet 4 the repeated date that masks it.
-bool passwordIsSet(const format::HeaderFormat& header, const base::Bytes& bytes) {
-  base::Bytes password(
-      bytes.begin() + static_cast<std::ptrdiff_t>(header.passwordOffset),
-      bytes.begin() + static_cast<std::ptrdiff_t>(header.passwordOffset + header.passwordLength));
-  if (header.dateOffset != 0) {
-    base::lef64 date;
-    std::memcpy(&date, bytes.data() + header.dateOffset, sizeof date);
-    const double days = date;
-    const bool inRange = days >= 0 && days < 4294967296.0;
-    const base::le32 mask = inRange ? static_cast<std::uint32_t>(days) : 0;
-    const auto raw = std::bit_cast<std::array<std::uint8_t, 4>>(mask);
-    for (std::size_t i = 0; i < password.size(); ++i) password[i] ^= raw[i % raw.size()];
-  }
-  return std::any_of(password.begin(), password.end(), [](std::uint8_t b) { return b != 0; });
+// A password is masked with the day of the creation date, again and again.
+void maskPassword(const format::HeaderFormat& layout, std::span<std::uint8_t> header) {
+  if (layout.dateOffset == 0) return;
+  base::lef64 date;
+  std::memcpy(&date, header.data() + layout.dateOffset, sizeof date);
+  const double days = date;
+  const bool inRange = days >= 0 && days < 4294967296.0;
+  const base::le32 mask = inRange ? static_cast<std::uint32_t>(days) : 0;
+  const auto raw = std::bit_cast<std::array<std::uint8_t, 4>>(mask);
+  for (std::size_t i = 0; i < layout.passwordLength; ++i)
+    header[layout.passwordOffset + i] ^= raw[i % raw.size()];
 }
 
 // The key stream that masks page 0, the same for every file.
@@ -66,8 +62,35 @@ base::Result<HeaderPage> HeaderPage::parse(base::ByteSpan start) {
   const auto& mask = headerMask();
   for (std::size_t i = 0; i < bytes.size(); ++i) bytes[i] ^= mask[i];
   header.pageKey = layout.pageKey.get(bytes);
-  header.hasPassword = passwordIsSet(layout, bytes);
+  // Files without a password hold zeros there, masked or not.
+  maskPassword(layout, bytes);
+  const auto password = std::span(bytes).subspan(layout.passwordOffset, layout.passwordLength);
+  header.hasPassword =
+      std::any_of(password.begin(), password.end(), [](std::uint8_t b) { return b != 0; });
   return header;
+}
+
+void HeaderPage::writeNew(const format::Version& version, std::span<std::uint8_t> page) {
+  const format::HeaderFormat& layout = version.header;
+  format::HeaderPage4 start{};  // the same in all versions up to the system tables
+  start.magic = format::kMagic;
+  std::copy(std::begin(format::kSignature), std::end(format::kSignature), start.signature.begin());
+  start.version = version.number;
+  start.unknown18 = 0x100U;
+  start.unknown1C = 0x101U;
+  for (std::uint32_t i = 0; i < 4; ++i) start.systemTables[i] = 2 + i;
+  std::memcpy(page.data(), &start, offsetof(format::HeaderPage4, unused30));
+  layout.sortOrder.set(page, format::kSortOrderGeneral);
+  layout.codePage.set(page, 1252);
+  layout.engineBuild.set(page, layout.newBuild);
+  const base::le64 date = layout.newDate;
+  if (layout.dateOffset != 0) std::memcpy(page.data() + layout.dateOffset, &date, sizeof date);
+  maskPassword(layout, page);
+  for (std::size_t i = format::kMaskStart; i < layout.size; ++i) page[i] ^= headerMask()[i];
+  std::copy(layout.newTail.begin(), layout.newTail.end(),
+            page.begin() + static_cast<std::ptrdiff_t>(layout.size));
+  for (std::size_t i = 0; i < 256; ++i) page[layout.commitBytes + 2 * i + 1] = 1;
+  page[layout.commitBytes] = 1;
 }
 
 }  // namespace jet

@@ -17,6 +17,8 @@ struct HeaderPage {
   // From the first bytes of a file; fewer than kBytes only when the file is shorter. NotADatabase,
   // NewerVersion, or Truncated when the file ends inside.
   static base::Result<HeaderPage> parse(base::ByteSpan start);
+  // Page 0 of a new file without page key and password; the page is all zeros before.
+  static void writeNew(const format::Version& version, std::span<std::uint8_t> page);
   static constexpr std::size_t kBytes = sizeof(format::HeaderPage4);
 };
 

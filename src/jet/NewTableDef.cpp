@@ -1,155 +1,144 @@
+#include "jet/NewTableDef.h"
+
 #include <algorithm>
-#include <cstring>
+#include <set>
 
 #include "base/Paths.h"
 #include "base/TextCodec.h"
-#include "jet/NewTable.h"
+#include "jet/Damage.h"
+#include "jet/FieldValue.h"
 
-// The definition of a new table, record by record in the order of the file.
 namespace jet {
 namespace {
 
-using base::Bytes;
-using format::kJet4;
+using base::ErrorCode;
+using base::Failure;
+using base::Result;
 
-constexpr std::uint32_t kConstant = 0x659;
-constexpr std::uint32_t kIndexConstant = 0x783;
-constexpr std::uint32_t kNone = 0xFFFFFFFF;
-constexpr std::uint8_t kNoCascade = 4;
+constexpr std::uint8_t kOrdinaryColumn = 0x02;
+constexpr std::size_t kMostColumns = 255;
+constexpr std::size_t kMostIndexes = 32;
+constexpr std::size_t kLongestName = 64;
+constexpr int kLongestText = 255;
 
-template <class Record>
-void append(Bytes& bytes, const Record& record) {
-  static_assert(std::is_trivially_copyable_v<Record>);
-  bytes.resize(bytes.size() + sizeof(Record));
-  std::memcpy(bytes.data() + bytes.size() - sizeof(Record), &record, sizeof(Record));
+Failure invalid(const std::string& subject, const std::string& detail) {
+  return about(subject, base::fail(ErrorCode::InvalidValue, detail).value());
 }
 
-format::RowPointerRecord recordOf(RowPointer pointer) {
-  return std::bit_cast<format::RowPointerRecord>(base::le32(pointer.toNumber()));
-}
+// Names count without regard to letter case; each kind of thing has its own.
+class Names {
+ public:
+  explicit Names(const format::Version& version) : storage_{version.text, 1252} {}
 
-void appendName(Bytes& bytes, const std::string& name) {
-  const std::u16string units = base::toUtf16(name);
-  append(bytes, base::le16(static_cast<std::uint16_t>(2 * units.size())));
-  for (const char16_t unit : units) append(bytes, base::le16(unit));
-}
-
-format::ColumnRecord4 columnRecord(const ColumnDef& def, bool system) {
-  format::ColumnRecord4 record{};
-  record.type = static_cast<std::uint8_t>(def.column.type);
-  record.constant = kConstant;
-  record.number = static_cast<std::uint16_t>(def.column.number);
-  record.slot = static_cast<std::uint16_t>(def.slot);
-  record.displayOrder = static_cast<std::uint16_t>(system ? 0 : def.column.number);
-  record.sortOrder = format::kSortOrderGeneral;
-  record.flags = def.flags;
-  record.extendedFlags = def.storage.compressed ? format::kColumnCompressed : std::uint8_t{0};
-  record.fixedOffset = static_cast<std::uint16_t>(def.fixedOffset);
-  record.length = static_cast<std::uint16_t>(def.column.length);
-  return record;
-}
-
-format::IndexRecord4 indexRecord(const TablePlan& plan, const PlannedIndex& index, RowPointer map,
-                                 std::uint32_t root) {
-  format::IndexRecord4 record{};
-  record.constant = kIndexConstant;
-  for (format::IndexColumnRecord& column : record.columns) column = {format::kIndexColumnUnused, 0};
-  for (std::size_t i = 0; i < index.parts.size(); ++i) {
-    const int number = plan.columns[index.parts[i].column].column.number;
-    record.columns[i] = {static_cast<std::uint16_t>(number),
-                         index.parts[i].ascending ? format::kIndexAscending : std::uint8_t{0}};
+  Result<void> add(const std::string& name, const std::string& subject) {
+    const std::size_t length = base::toUtf16(name).size();
+    if (length == 0 || length > kLongestName || !encodeText(storage_, name))
+      return invalid(subject,
+                     "Der Name ist leer, zu lang oder hat Zeichen, die es in der Datei nicht gibt");
+    if (!seen_.insert(base::lowerCase(name)).second)
+      return invalid(subject, "Der Name kommt doppelt vor");
+    return {};
   }
-  record.pages = recordOf(map);
-  record.root = root;
-  record.flags = index.flags;
-  return record;
+
+ private:
+  TextStorage storage_;
+  std::set<std::string> seen_;
+};
+
+Result<void> addNewColumn(const format::Version& version, TableDef& def, const NewColumn& column,
+                          const std::string& subject) {
+  const bool text = column.type == ColumnType::Text;
+  const bool binary = column.type == ColumnType::Binary;
+  const int limit = text ? kLongestText : static_cast<int>(version.column.longestBinary);
+  if ((text || binary) && (column.length < 1 || column.length > limit))
+    return invalid(subject, "Die Feldlänge ist ungültig");
+  if (column.type == ColumnType::Numeric || column.type == ColumnType::FixedBinary)
+    return invalid(subject, "Der Feldtyp wird nicht unterstützt");
+  if (column.autoNumber && column.type != ColumnType::Long)
+    return invalid(subject, "Nur ein Feld vom Typ Long kann selbst zählen");
+  const int width = text && version.text == format::TextForm::Unicode ? 2 : 1;
+  ColumnDef& added =
+      addColumn(def, column.name, column.type, text || binary ? width * column.length : 0,
+                column.autoNumber ? kOrdinaryColumn | format::kColumnAutoNumber : kOrdinaryColumn);
+  added.storage.compressed = text || column.type == ColumnType::Memo;
+  return {};
 }
 
-format::LogicalIndexRecord4 logicalRecord(std::size_t number, bool primary) {
-  format::LogicalIndexRecord4 record{};
-  record.constant = kConstant;
-  record.number = static_cast<std::uint32_t>(number);
-  record.index = static_cast<std::uint32_t>(number);
-  record.otherNumber = kNone;
-  record.cascadeUpdates = record.cascadeDeletes = kNoCascade;
-  record.kind = primary ? format::kLogicalPrimary : std::uint8_t{0};
-  return record;
-}
-
-// Logical indexes are sorted by name.
-std::vector<std::size_t> byName(const std::vector<PlannedIndex>& indexes) {
-  std::vector<std::size_t> order(indexes.size());
-  for (std::size_t i = 0; i < order.size(); ++i) order[i] = i;
-  std::sort(order.begin(), order.end(), [&](std::size_t a, std::size_t b) {
-    return base::lowerCase(indexes[a].name) < base::lowerCase(indexes[b].name);
-  });
-  return order;
+Result<void> addNewIndex(TableDef& def, const NewIndex& index, const std::string& subject) {
+  if (index.columns.empty() || index.columns.size() > format::kIndexColumns)
+    return invalid(subject, "Zahl der Felder des Index ist ungültig");
+  std::vector<IndexDef::Part> parts;
+  for (const IndexColumn& part : index.columns) {
+    const auto column = def.columnByName(part.column);
+    if (!column || def.columns[*column].column.type == ColumnType::Ole)
+      return invalid(subject, "Das Feld " + part.column + " gibt es nicht oder es taugt nicht");
+    parts.push_back({*column, part.ascending});
+  }
+  const bool unique = index.primary || index.unique;
+  addIndex(def, index.name, std::move(parts), index.primary,
+           static_cast<std::uint8_t>((unique ? format::kIndexUnique : 0) |
+                                     (index.primary ? format::kIndexRequired : 0)));
+  return {};
 }
 
 }  // namespace
 
-Bytes TableWriter::definition(const std::vector<std::uint32_t>& distinct) const {
-  const auto count = [](auto size) { return static_cast<std::uint32_t>(size); };
-  const auto count16 = [](auto size) { return static_cast<std::uint16_t>(size); };
-  format::TableHead4 head{};
-  head.page.kind = static_cast<std::uint8_t>(format::PageKind::TableDef);
-  head.page.used = 1;
-  head.constant = kConstant;
-  head.rowCount = rowCount_;
-  head.lastAutoNumber = lastAutoNumber_;
-  head.autoNumberEnabled = 1;
-  head.tableKind = plan_.system ? 'S' : 'N';
-  head.maxColumns = head.columnCount = count16(plan_.columns.size());
-  head.variableSlots = count16(std::count_if(plan_.columns.begin(), plan_.columns.end(),
-                                             [](const ColumnDef& c) { return !c.isFixed(); }));
-  head.logicalIndexCount = head.indexCount = count(plan_.indexes.size());
-  head.ownedPages = recordOf(maps_.owned);
-  head.freeSpacePages = recordOf(maps_.free);
-
-  Bytes bytes;
-  append(bytes, head);
-  for (std::size_t i = 0; i < plan_.indexes.size(); ++i) {
-    format::IndexCounter4 counter{};
-    if (i < distinct.size()) counter.distinctKeys = distinct[i];
-    append(bytes, counter);
+ColumnDef& addColumn(TableDef& table, std::string name, ColumnType type, int length,
+                     std::uint8_t flags) {
+  ColumnDef def;
+  // A Boolean has a declared length of 1, but lies in the null mask.
+  const bool bit = type == ColumnType::Boolean;
+  const auto size = bit ? 1 : fixedSizeOf(type);
+  def.column.name = std::move(name);
+  def.column.type = type;
+  def.column.length = size ? static_cast<int>(*size) : length;
+  def.column.fixedLength = size.has_value();
+  def.column.number = static_cast<int>(table.columns.size());
+  def.flags = static_cast<std::uint8_t>(flags | (size ? format::kColumnFixed : 0));
+  def.slot = table.variableSlots;
+  if (!size) {
+    ++table.variableSlots;
+  } else if (!bit) {
+    def.fixedOffset = table.fixedLength;
+    table.fixedLength += *size;
   }
-  for (const std::size_t i : plan_.order)
-    append(bytes, columnRecord(plan_.columns[i], plan_.system));
-  for (const std::size_t i : plan_.order) appendName(bytes, plan_.columns[i].column.name);
-  for (std::size_t i = 0; i < plan_.indexes.size(); ++i)
-    append(bytes,
-           indexRecord(plan_, plan_.indexes[i], indexMaps_[i], i < roots_.size() ? roots_[i] : 0));
-  const auto names = byName(plan_.indexes);
-  for (const std::size_t i : names) append(bytes, logicalRecord(i, plan_.indexes[i].primary));
-  for (const std::size_t i : names) appendName(bytes, plan_.indexes[i].name);
-  for (const std::size_t i : plan_.order) {
-    if (!plan_.columns[i].isLongValue()) continue;
-    append(bytes,
-           format::LongValueMaps{static_cast<std::uint16_t>(i), recordOf(longValueMaps_[i].owned),
-                                 recordOf(longValueMaps_[i].free)});
-  }
-  append(bytes, base::le16(format::kLongValueMapsEnd));
-  kJet4.table.length.set(bytes, count(bytes.size()));
-  return bytes;
+  ++table.maxColumns;
+  return table.columns.emplace_back(std::move(def));
 }
 
-// Each page begins with a head of its own; the definition runs on behind it.
-void TableWriter::writeDefinition(const Bytes& bytes) {
-  const std::size_t headSize = sizeof(format::TableDefPage);
-  const std::size_t room = kJet4.pageSize - headSize;
-  for (std::size_t i = 0; i < definition_.size(); ++i) {
-    const std::size_t start = headSize + i * room;
-    const std::size_t length = std::min(room, bytes.size() - start);
-    format::TableDefPage head{};
-    head.kind = static_cast<std::uint8_t>(format::PageKind::TableDef);
-    head.used = 1;
-    // A page of the definition keeps eight bytes of what is left to itself.
-    head.freeBytes = static_cast<std::uint16_t>(std::max<std::size_t>(room - length, 8) - 8);
-    head.next = i + 1 < definition_.size() ? definition_[i + 1] : 0;
-    const auto target = file_.page(definition_[i]);
-    std::memcpy(target.data(), &head, headSize);
-    std::memcpy(target.data() + headSize, bytes.data() + start, length);
+void addIndex(TableDef& table, std::string name, std::vector<IndexDef::Part> parts, bool primary,
+              std::uint8_t flags) {
+  IndexDef& index = table.indexes.emplace_back();
+  index.parts = std::move(parts);
+  index.unique = (flags & format::kIndexUnique) != 0;
+  index.ignoreNulls = (flags & format::kIndexIgnoreNulls) != 0;
+  index.required = (flags & format::kIndexRequired) != 0;
+  Index& logical = table.logicalIndexes.emplace_back();
+  logical.primary = primary;
+  logical.name = index.name = std::move(name);
+}
+
+Result<TableDef> newTableDef(const format::Version& version, const NewTable& table) {
+  TableDef def;
+  Names names(version);
+  if (auto named = names.add(table.name, table.name); !named) return Failure(named.error());
+  if (table.columns.empty() || table.columns.size() > kMostColumns)
+    return invalid(table.name, "Zahl der Felder ist ungültig");
+  if (table.indexes.size() > kMostIndexes) return invalid(table.name, "Zu viele Indizes");
+  Names columns(version);
+  for (const NewColumn& column : table.columns) {
+    const std::string subject = table.name + "." + column.name;
+    if (auto named = columns.add(column.name, subject); !named) return Failure(named.error());
+    if (auto added = addNewColumn(version, def, column, subject); !added)
+      return Failure(added.error());
   }
+  Names indexes(version);
+  for (const NewIndex& index : table.indexes) {
+    const std::string subject = table.name + "." + index.name;
+    if (auto named = indexes.add(index.name, subject); !named) return Failure(named.error());
+    if (auto added = addNewIndex(def, index, subject); !added) return Failure(added.error());
+  }
+  return def;
 }
 
 }  // namespace jet

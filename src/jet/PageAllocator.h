@@ -17,9 +17,6 @@ class PageAllocator {
   // The page keeps its content but is marked as freed.
   base::Result<void> release(std::uint32_t page);
 
-  // Where every file keeps the map of its free pages.
-  static constexpr RowPointer kGlobalMap = {1, 0};
-
  private:
   base::Result<std::uint32_t> reuse();
   base::Result<void> markUsed(std::uint32_t page);

@@ -32,15 +32,32 @@ bool meansReadOnly(ErrorCode code) {
 
 }  // namespace
 
-Pager::Pager(base::FileSystem& files, std::string path) : files_(&files), path_(std::move(path)) {
+Pager::Pager(base::FileSystem* files, std::string path) : files_(files), path_(std::move(path)) {
   cache_.reserve(64);
 }
 
 Result<std::unique_ptr<Pager>> Pager::open(base::FileSystem& files, const std::string& path,
                                            Options options) {
-  std::unique_ptr<Pager> pager(new Pager(files, path));
+  std::unique_ptr<Pager> pager(new Pager(&files, path));
   if (auto opened = pager->openFile(options); !opened) return pager->located(opened.error());
   return pager;
+}
+
+std::unique_ptr<Pager> Pager::ofNewFile(const format::Version& version) {
+  std::unique_ptr<Pager> pager(new Pager(nullptr, {}));
+  pager->header_.version = &version;
+  pager->inTransaction_ = true;
+  pager->dirty_[pager->pageCount_++] = std::make_shared<base::Bytes>(version.pageSize);
+  HeaderPage::writeNew(version, *pager->dirty_[0]);
+  return pager;
+}
+
+base::Bytes Pager::content() const {
+  base::Bytes content;
+  content.reserve(pageCount_ * version().pageSize);
+  for (const auto& [number, page] : dirty_)
+    content.insert(content.end(), page->begin(), page->end());
+  return content;
 }
 
 // Access opens a file for several users at once: it names them in a file of its own, and its locks

@@ -46,6 +46,11 @@ class Pager {
   static base::Result<std::unique_ptr<Pager>> open(base::FileSystem& files, const std::string& path,
                                                    Options options);
 
+  // A file in the making: its header page, to which others are appended. In memory only, within a
+  // transaction that is not committed; content() has the bytes.
+  static std::unique_ptr<Pager> ofNewFile(const format::Version& version);
+  base::Bytes content() const;
+
   const std::string& path() const { return path_; }
   const format::Version& version() const { return *header_.version; }
   const std::optional<base::Error>& readOnlyReason() const { return readOnlyReason_; }
@@ -93,7 +98,7 @@ class Pager {
  private:
   using Images = std::map<std::uint32_t, std::shared_ptr<base::Bytes>>;
 
-  Pager(base::FileSystem& files, std::string path);
+  Pager(base::FileSystem* files, std::string path);
   base::Result<void> openFile(Options options);
   base::Result<void> checkNotShared() const;
   base::Result<void> openForWriting();
@@ -106,7 +111,7 @@ class Pager {
   PageImages changedImages() const;
   PageImages originalImages() const;
 
-  base::FileSystem* files_;
+  base::FileSystem* files_;  // nullptr: a file in the making
   std::string path_;
   std::unique_ptr<base::File> file_;
   std::optional<Journal> journal_;

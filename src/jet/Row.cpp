@@ -100,16 +100,20 @@ std::optional<ByteSpan> RowView::field(const ColumnDef& def) const {
   return fixed_.subspan(def.fixedOffset, length);
 }
 
-RowContent::RowContent(const format::Version& version, const TableDef& table, const RowView& row)
+RowContent::RowContent(const format::Version& version, const TableDef& table)
     : layout_(&version.row),
       columnCount_(table.maxColumns),
       hasVariable_(table.variableSlots > 0),
-      fixed_(row.fixedPart().begin(), row.fixedPart().end()),
+      fixed_(table.fixedLength),
       variable_(table.variableSlots),
-      mask_(row.nullMask().begin(), row.nullMask().end()) {
+      mask_((columnCount_ + 7) / 8) {}
+
+RowContent::RowContent(const format::Version& version, const TableDef& table, const RowView& row)
+    : RowContent(version, table) {
   // A deleted column at the end of the fixed part shows only in the row's own length.
-  fixed_.resize(std::max(fixed_.size(), table.fixedLength));
-  mask_.resize((columnCount_ + 7) / 8);
+  fixed_.resize(std::max(row.fixedPart().size(), table.fixedLength));
+  std::copy(row.fixedPart().begin(), row.fixedPart().end(), fixed_.begin());
+  std::copy(row.nullMask().begin(), row.nullMask().end(), mask_.begin());
   for (std::size_t slot = 0; slot < row.variableCount(); ++slot)
     variable_[slot].assign(row.variable(slot).begin(), row.variable(slot).end());
 }

@@ -54,6 +54,8 @@ class RowContent {
  public:
   // A full row of the table: what the stored one lacks is Null.
   RowContent(const format::Version& version, const TableDef& table, const RowView& row);
+  // A new row in which all is Null.
+  RowContent(const format::Version& version, const TableDef& table);
 
   // nullopt for Null. Fixed columns keep their length.
   void setField(const ColumnDef& column, std::optional<base::ByteSpan> bytes);

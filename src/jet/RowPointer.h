@@ -18,5 +18,7 @@ struct RowPointer {
 };
 
 inline constexpr std::uint32_t kMaxPointerPage = 0xFFFFFF;
+// Where every file keeps the map of its free pages.
+inline constexpr RowPointer kGlobalMap = {1, 0};
 
 }  // namespace jet

@@ -1,5 +1,7 @@
 #include "jet/RowSpace.h"
 
+#include <algorithm>
+
 #include "jet/Damage.h"
 #include "jet/UsageMapEditor.h"
 
@@ -9,8 +11,9 @@ namespace {
 using base::Failure;
 using base::Result;
 
-// How many pages that are said to have room are tried before a new one is taken.
-constexpr std::size_t kCandidates = 16;
+// How many pages that are said to have room are tried before a new one is taken: the latest, which
+// are filled in turn, and the first.
+constexpr std::size_t kCandidates = 8;
 // A page counts as full below a twentieth of it and as having room from a tenth on; in between the
 // hint stays, so that small changes do not flip it each time.
 constexpr std::size_t kFullPart = 20;
@@ -35,8 +38,11 @@ Result<DataPageEditor> RowSpace::edit(std::uint32_t page) {
 }
 
 Result<std::uint32_t> RowSpace::pageFor(std::size_t length) {
-  auto candidates = UsageMap(*pager_, freeSpace_).pagesInFile(kCandidates);
+  auto candidates = UsageMap(*pager_, freeSpace_).pagesInFile(SIZE_MAX);
   if (!candidates) return Failure(candidates.error());
+  std::reverse(candidates->begin(), candidates->end());
+  if (candidates->size() > 2 * kCandidates)
+    candidates->erase(candidates->begin() + kCandidates, candidates->end() - kCandidates);
   for (const std::uint32_t number : *candidates) {
     auto current = pager_->page(number, format::PageKind::Data);
     if (!current) return Failure(current.error());
@@ -69,7 +75,10 @@ Result<void> RowSpace::erase(RowPointer row) {
   if (!page) return Failure(page.error());
   if (row.slot >= page->slotCount()) return damaged(row.page, "Datensatz fehlt auf der Seite");
   page->erase(row.slot);
-  return changed(row.page);
+  if (!page->isEmpty()) return changed(row.page);
+  if (auto done = mapEditor(*pager_, freeSpace_).remove(row.page); !done) return done;
+  if (auto done = mapEditor(*pager_, owned_).remove(row.page); !done) return done;
+  return PageAllocator(*pager_).release(row.page);
 }
 
 Result<void> RowSpace::changed(std::uint32_t page) {

@@ -18,6 +18,7 @@ class RowSpace {
   base::Result<DataPageEditor> edit(std::uint32_t page);
   // On a page with room, or a new one.
   base::Result<RowPointer> insert(base::ByteSpan row, SlotState state);
+  // A page without rows is given back.
   base::Result<void> erase(RowPointer row);
   // Keeps the hint right after a change of a page.
   base::Result<void> changed(std::uint32_t page);

@@ -1,5 +1,7 @@
 #include "jet/Table.h"
 
+#include <algorithm>
+
 #include "jet/Damage.h"
 #include "jet/FieldValue.h"
 #include "jet/LongValue.h"
@@ -59,6 +61,15 @@ Result<void> Table::scan() {
     if (auto done = scanPage(number, rows); !done) return located(done.error(), number);
   rows_ = std::move(rows);
   return {};
+}
+
+std::size_t Table::addRow(RowPointer row) {
+  const auto place = rows_.insert(std::lower_bound(rows_.begin(), rows_.end(), row), row);
+  return static_cast<std::size_t>(place - rows_.begin());
+}
+
+void Table::removeRow(std::size_t position) {
+  rows_.erase(rows_.begin() + static_cast<std::ptrdiff_t>(position));
 }
 
 Result<DataPage> Table::ownPage(std::uint32_t number, PageRef& page) const {

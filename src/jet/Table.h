@@ -39,6 +39,9 @@ class Table {
   const std::vector<IndexState>& indexStates() const { return indexStates_; }
   // Finds the rows anew.
   base::Result<void> scan();
+  // A row has come, or gone. Its position.
+  std::size_t addRow(RowPointer row);
+  void removeRow(std::size_t position);
 
   base::Result<Value> value(std::size_t position, std::size_t column) const;
   base::Result<std::vector<Value>> values(std::size_t position) const;

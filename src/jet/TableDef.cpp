@@ -126,6 +126,7 @@ Result<void> DefinitionReader::readHead() {
   if (kind != 'N' && kind != 'S') return wrong("Art der Tabelle ist unbekannt");
   table_.systemTable = kind == 'S';
   table_.rowCount = layout.rowCount.get(*head);
+  table_.lastAutoNumber = layout.lastAutoNumber.get(*head);
   table_.maxColumns = layout.maxColumns.get(*head);
   table_.variableSlots = layout.variableSlots.get(*head);
   table_.ownedPages = RowPointer::fromNumber(layout.ownedPages.get(*head));
@@ -136,8 +137,9 @@ Result<void> DefinitionReader::readHead() {
   const bool sound = columnCount_ <= table_.maxColumns && table_.maxColumns <= kMaxColumns &&
                      table_.variableSlots <= table_.maxColumns;
   if (!sound) return wrong("Zahl der Felder in der Tabellendefinition ist falsch");
-  // Also keeps the products of counts and record sizes small.
-  if (indexCount_ > bytes_.size() || logicalCount_ > bytes_.size())
+  // Also keeps the products of counts and record sizes small. The counters lie on the first page.
+  if (indexCount_ > bytes_.size() || logicalCount_ > bytes_.size() ||
+      layout.headSize + indexCount_ * layout.counterSize > format_.pageSize)
     return wrong("Zahl der Indizes in der Tabellendefinition ist falsch");
   return {};
 }

@@ -53,6 +53,7 @@ struct TableDef {
   std::vector<std::uint32_t> pages;  // all pages of the definition
   bool systemTable = false;
   std::uint32_t rowCount = 0;  // a hint: stale in some files
+  std::uint32_t lastAutoNumber = 0;
   std::size_t maxColumns = 0;
   std::size_t variableSlots = 0;
   std::size_t fixedLength = 0;  // of a full row's fixed part, as far as present columns tell
@@ -64,6 +65,9 @@ struct TableDef {
 
   // Errors carry the page; loops and lengths beyond the pages are Damaged.
   static base::Result<TableDef> read(const Pager& pager, std::uint32_t page);
+  // The bytes of a new table's definition, heads of pages left out but the first's. Each logical
+  // index stands for the tree of the same position; no rows are counted yet.
+  base::Bytes encode(const format::Version& version) const;
   std::optional<std::size_t> columnByName(std::string_view name) const;
   // Writes another root page into the definition and keeps it here.
   base::Result<void> changeRoot(Pager& pager, std::size_t index, std::uint32_t root);

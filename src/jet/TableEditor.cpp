@@ -24,54 +24,141 @@ TableEditor::TableEditor(Pager& pager, Table& table)
       table_(&table),
       space_(pager, table.def().page, table.def().ownedPages, table.def().freeSpacePages) {}
 
-Result<void> TableEditor::set(std::size_t position, std::size_t column, const Value& given) {
-  const ColumnDef& def = table_->def().columns[column];
-  if (auto allowed = checkAllowed(def, given); !allowed) return allowed;
-  auto normalized = asStored(def, given);
-  if (!normalized) return Failure(normalized.error());
-  const Value& value = *normalized;
+Result<TableEditor::OpenRow> TableEditor::open(std::size_t position) const {
   auto row = table_->stored(table_->row(position));
   if (!row) return Failure(row.error());
   if (row->pointers > 1)
     return base::fail(ErrorCode::Unsupported, "Der Datensatz wurde mehrfach verschoben");
   auto view = RowView::parse(pager_->version(), table_->def(), row->bytes);
   if (!view) return at(row->place.page, view.error());
-  auto old = table_->decode(*view, column);
-  if (!old) return at(row->place.page, old.error());
+  return OpenRow{std::move(*row), *view};
+}
+
+Result<void> TableEditor::set(std::size_t position, std::size_t column, const Value& given) {
+  const ColumnDef& def = table_->def().columns[column];
+  if (auto allowed = checkAllowed(def); !allowed) return allowed;
+  auto normalized = asStored(def, given);
+  if (!normalized) return Failure(normalized.error());
+  const Value& value = *normalized;
+  auto row = open(position);
+  if (!row) return Failure(row.error());
+  const auto decode = [&](std::size_t c) { return table_->decode(row->view, c); };
+  auto old = decode(column);
+  if (!old) return at(row->stored.place.page, old.error());
   if (*old == value) return {};
-  Pager::Step step(*pager_);
-  if (auto done = change(*row, *view, column, value); !done) return done;
-  step.keep();
+  TableIndexes indexes(*pager_, *table_);
+  const auto changed = [&](std::size_t c) {
+    return c == column ? Result<Value>(value) : decode(c);
+  };
+  auto keys = indexes.plan({row->stored.home, decode, changed, column});
+  if (!keys) return Failure(keys.error());
+  if (auto done = changeField(row->stored, row->view, def, value); !done) return done;
+  return indexes.apply(*keys);
+}
+
+// --- rows that come and go ---
+
+Result<std::size_t> TableEditor::insert(std::vector<Value> values) {
+  if (values.size() != table_->def().columns.size())
+    return base::fail(ErrorCode::InvalidValue, "Zahl der Werte ist falsch");
+  std::uint32_t last = table_->def().lastAutoNumber;
+  for (std::size_t i = 0; i < values.size(); ++i) {
+    const Column& column = table_->def().columns[i].column;
+    if (!column.autoNumber || column.type != ColumnType::Long) continue;
+    if (isNull(values[i])) values[i] = std::int64_t{last} + 1;
+    const auto* number = std::get_if<std::int64_t>(&values[i]);
+    if (number != nullptr && *number > last) last = static_cast<std::uint32_t>(*number);
+  }
+  auto bytes = encodeRow(values);
+  if (!bytes) return Failure(bytes.error());
+  auto row = space_.insert(*bytes, SlotState::Row);
+  if (!row) return Failure(row.error());
+  TableIndexes indexes(*pager_, *table_);
+  auto keys = indexes.plan({*row, {}, [&](std::size_t c) { return Result<Value>(values[c]); }, {}});
+  if (!keys) return Failure(keys.error());
+  if (auto done = indexes.apply(*keys); !done) return Failure(done.error());
+  if (auto done = countRows(table_->def().rowCount + 1, last); !done) return Failure(done.error());
+  return table_->addRow(*row);
+}
+
+// The values become what a reader will find.
+Result<base::Bytes> TableEditor::encodeRow(std::vector<Value>& values) {
+  RowContent content(pager_->version(), table_->def());
+  for (std::size_t i = 0; i < values.size(); ++i) {
+    const ColumnDef& def = table_->def().columns[i];
+    if (auto done = encodeInto(content, def, values[i]); !done)
+      return about(table_->name() + "." + def.column.name, done.error());
+  }
+  return content.encode();
+}
+
+Result<void> TableEditor::encodeInto(RowContent& row, const ColumnDef& def, Value& value) {
+  auto normalized = asStored(def, value);
+  if (!normalized) return Failure(normalized.error());
+  value = std::move(*normalized);
+  if (def.column.type == ColumnType::Boolean) {
+    row.setBit(def.column.number, std::get<bool>(value));
+    return {};
+  }
+  auto field = encode(def, value);
+  if (!field) return Failure(field.error());
+  row.setField(def, *field ? std::optional<ByteSpan>(**field) : std::nullopt);
   return {};
 }
 
+Result<void> TableEditor::erase(std::size_t position) {
+  auto row = open(position);
+  if (!row) return Failure(row.error());
+  TableIndexes indexes(*pager_, *table_);
+  auto keys = indexes.plan(
+      {row->stored.home, [&](std::size_t c) { return table_->decode(row->view, c); }, {}, {}});
+  if (!keys) return Failure(keys.error());
+  for (const ColumnDef& def : table_->def().columns) {
+    const auto field = def.isLongValue() ? row->view.field(def) : std::nullopt;
+    if (!field) continue;
+    if (auto done = eraseLongValue(*pager_, def, *field); !done) return done;
+  }
+  if (row->stored.place != row->stored.home)
+    if (auto done = space_.erase(row->stored.place); !done) return done;
+  if (auto done = space_.erase(row->stored.home); !done) return done;
+  if (auto done = indexes.apply(*keys); !done) return done;
+  const std::uint32_t rows = table_->def().rowCount;
+  if (auto done = countRows(rows > 0 ? rows - 1 : 0, table_->def().lastAutoNumber); !done)
+    return done;
+  table_->removeRow(position);
+  return {};
+}
+
+Result<void> TableEditor::countRows(std::uint32_t rows, std::uint32_t lastAutoNumber) {
+  TableDef& def = table_->def();
+  auto head = pager_->edit(def.page);
+  if (!head) return Failure(head.error());
+  pager_->version().table.rowCount.set(*head, rows);
+  pager_->version().table.lastAutoNumber.set(*head, lastAutoNumber);
+  def.rowCount = rows;
+  def.lastAutoNumber = lastAutoNumber;
+  return {};
+}
+
+// --- one field ---
+
 // The value in the column's own kind, as it will be read.
 Result<Value> TableEditor::asStored(const ColumnDef& def, const Value& value) {
-  if (def.column.type == ColumnType::Boolean) return isNull(value) ? Value(false) : value;
-  if (isNull(value)) return value;
+  if (def.column.type == ColumnType::Boolean && isNull(value)) return Value(false);
+  if (def.column.type == ColumnType::Boolean && !std::holds_alternative<bool>(value))
+    return base::fail(ErrorCode::InvalidValue, "Der Wert passt nicht zur Art des Feldes");
+  if (def.column.type == ColumnType::Boolean || isNull(value)) return value;
   auto bytes = encodeField(def, value);
   if (!bytes) return Failure(bytes.error());
   return decodeField(def, *bytes);
 }
 
-Result<void> TableEditor::checkAllowed(const ColumnDef& def, const Value& value) const {
+Result<void> TableEditor::checkAllowed(const ColumnDef& def) const {
   if (def.column.autoNumber)
     return base::fail(ErrorCode::Unsupported, "Ein AutoWert-Feld kann nicht geändert werden");
-  if ((def.flags & format::kColumnMasked) != 0 || table_->def().systemTable)
+  if ((def.flags & format::kColumnMasked) != 0)
     return base::fail(ErrorCode::Unsupported, "Systemtabellen werden nicht geändert");
-  if (def.column.type == ColumnType::Boolean && !isNull(value) &&
-      !std::holds_alternative<bool>(value))
-    return base::fail(ErrorCode::InvalidValue, "Der Wert passt nicht zur Art des Feldes");
   return {};
-}
-
-Result<void> TableEditor::change(const Table::StoredRow& row, const RowView& view,
-                                 std::size_t column, const Value& value) {
-  TableIndexes indexes(*pager_, *table_);
-  auto keys = indexes.plan(row.home, view, column, value);
-  if (!keys) return Failure(keys.error());
-  if (auto done = changeField(row, view, table_->def().columns[column], value); !done) return done;
-  return indexes.apply(*keys);
 }
 
 Result<void> TableEditor::changeField(const Table::StoredRow& row, const RowView& view,

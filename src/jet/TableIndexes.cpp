@@ -1,7 +1,6 @@
 #include "jet/TableIndexes.h"
 
 #include <algorithm>
-#include <set>
 
 #include "jet/Damage.h"
 #include "jet/IndexKey.h"
@@ -29,10 +28,10 @@ Failure TableIndexes::named(const IndexDef& index, base::Error error) const {
 }
 
 Result<std::vector<Value>> TableIndexes::keyValues(const IndexDef& index,
-                                                   const RowView& view) const {
+                                                   const RowChange::ValueOf& valueOf) {
   std::vector<Value> values;
   for (const IndexDef::Part& part : index.parts) {
-    auto value = table_->decode(view, part.column);
+    auto value = valueOf(part.column);
     if (!value) return Failure(value.error());
     values.push_back(std::move(*value));
   }
@@ -52,45 +51,60 @@ Result<std::optional<IndexEntry>> TableIndexes::entryOf(const IndexDef& index, R
   return IndexEntry::of(*key, row);
 }
 
-// --- a change of one field ---
+// --- a change of one row ---
 
-Result<std::vector<TableIndexes::KeyChange>> TableIndexes::plan(RowPointer row, const RowView& view,
-                                                                std::size_t column,
-                                                                const Value& value) const {
+Result<std::vector<TableIndexes::KeyChange>> TableIndexes::plan(const RowChange& change) const {
   std::vector<KeyChange> changes;
   for (std::size_t i = 0; i < table_->def().indexes.size(); ++i) {
-    const IndexDef& index = table_->def().indexes[i];
-    const auto part = std::find_if(index.parts.begin(), index.parts.end(),
-                                   [&](const IndexDef::Part& p) { return p.column == column; });
-    if (part == index.parts.end()) continue;
-    if (const auto& damage = table_->indexStates()[i].damage) return Failure(*damage);
-    auto values = keyValues(index, view);
-    if (!values) return Failure(values.error());
-    auto removed = entryOf(index, row, *values);
-    (*values)[static_cast<std::size_t>(part - index.parts.begin())] = value;
-    auto added = entryOf(index, row, *values);
-    if (!removed || !added) return Failure(removed ? added.error() : removed.error());
-    if (removed->has_value() == added->has_value() &&
-        (!*removed || (*removed)->bytes == (*added)->bytes))
-      continue;
-    if (auto allowed = checkConstraints(index, *values, *added); !allowed)
-      return Failure(allowed.error());
-    changes.push_back({i, std::move(*removed), std::move(*added)});
+    const auto& parts = table_->def().indexes[i].parts;
+    const auto concerned = [&](const IndexDef::Part& p) { return p.column == change.column; };
+    if (change.column && std::none_of(parts.begin(), parts.end(), concerned)) continue;
+    auto planned = planOne(i, change);
+    if (!planned) return Failure(planned.error());
+    if (*planned) changes.push_back(std::move(**planned));
   }
   return changes;
 }
 
-Result<void> TableIndexes::checkConstraints(const IndexDef& index, const std::vector<Value>& values,
+Result<std::optional<TableIndexes::KeyChange>> TableIndexes::planOne(
+    std::size_t i, const RowChange& change) const {
+  const IndexDef& index = table_->def().indexes[i];
+  if (const auto& damage = table_->indexStates()[i].damage) return Failure(*damage);
+  KeyChange planned;
+  planned.index = i;
+  std::vector<Value> values;
+  for (const bool old : {true, false}) {
+    const RowChange::ValueOf& valueOf = old ? change.before : change.after;
+    if (!valueOf) continue;
+    auto found = keyValues(index, valueOf);
+    if (!found) return Failure(found.error());
+    values = std::move(*found);
+    auto entry = entryOf(index, change.row, values);
+    if (!entry) return Failure(entry.error());
+    (old ? planned.removed : planned.added) = std::move(*entry);
+  }
+  const bool same = planned.removed && planned.added
+                        ? planned.removed->bytes == planned.added->bytes
+                        : change.before && !planned.removed && !planned.added;
+  if (same) return std::nullopt;
+  if (!change.after) return planned;
+  auto fresh = checkConstraints(index, values, planned.added);
+  if (!fresh) return Failure(fresh.error());
+  planned.counts = *fresh && !change.before;
+  return planned;
+}
+
+Result<bool> TableIndexes::checkConstraints(const IndexDef& index, const std::vector<Value>& values,
                                             const std::optional<IndexEntry>& added) const {
   if (index.required && anyNull(values)) {
     Failure empty = base::fail(ErrorCode::InvalidValue, "Das Feld darf nicht leer sein");
     return named(index, empty.value());
   }
-  if (!index.unique || anyNull(values) || !added) return {};
+  if (!added) return false;
   const IndexTree tree(*pager_, table_->def().page, index);
   auto present = tree.containsKey(added->key());
   if (!present) return named(index, present.error());
-  if (!*present) return {};
+  if (!*present || !index.unique || anyNull(values)) return !*present;
   Failure twice =
       base::fail(ErrorCode::InvalidValue, "Den Wert gibt es schon in einem anderen Datensatz");
   return named(index, twice.value());
@@ -103,6 +117,7 @@ Result<void> TableIndexes::apply(const std::vector<KeyChange>& changes) {
     Result<void> done;
     if (change.removed) done = tree.remove(*change.removed);
     if (done && change.added) done = tree.insert(*change.added);
+    if (done && change.counts) done = countKey(change.index);
     if (done) continue;
     Failure failure = named(index, done.error());
     if (failure.value().code == ErrorCode::IndexDamaged)
@@ -112,9 +127,21 @@ Result<void> TableIndexes::apply(const std::vector<KeyChange>& changes) {
   return {};
 }
 
+// The definition counts the distinct keys of each index; it is never lowered.
+Result<void> TableIndexes::countKey(std::size_t index) {
+  const format::TableFormat& layout = pager_->version().table;
+  auto page = pager_->edit(table_->def().page);
+  if (!page) return Failure(page.error());
+  const auto counter =
+      page->subspan(layout.headSize + index * layout.counterSize, layout.counterSize);
+  layout.distinctKeys.set(counter, layout.distinctKeys.get(counter) + 1);
+  return {};
+}
+
 // --- the whole ---
 
-Result<std::vector<IndexEntry>> TableIndexes::entriesOfRows(const IndexDef& index) const {
+Result<std::vector<IndexEntry>> TableIndexes::entriesOfRows(const IndexDef& index,
+                                                            std::set<base::Bytes>* withNull) const {
   std::vector<IndexEntry> entries;
   for (std::size_t i = 0; i < table_->rowCount(); ++i) {
     const RowPointer home = table_->row(i);
@@ -122,11 +149,15 @@ Result<std::vector<IndexEntry>> TableIndexes::entriesOfRows(const IndexDef& inde
     if (!row) return Failure(row.error());
     auto view = RowView::parse(pager_->version(), table_->def(), row->bytes);
     if (!view) return at(row->place.page, view.error());
-    auto values = keyValues(index, *view);
+    auto values =
+        keyValues(index, [&](std::size_t column) { return table_->decode(*view, column); });
     if (!values) return at(row->place.page, values.error());
     auto entry = entryOf(index, home, *values);
     if (!entry) return Failure(entry.error());
-    if (*entry) entries.push_back(std::move(**entry));
+    if (!*entry) continue;
+    if (withNull != nullptr && anyNull(*values))
+      withNull->emplace((**entry).key().begin(), (**entry).key().end());
+    entries.push_back(std::move(**entry));
   }
   std::sort(entries.begin(), entries.end(),
             [](const IndexEntry& a, const IndexEntry& b) { return a.bytes < b.bytes; });
@@ -216,24 +247,19 @@ std::vector<std::uint32_t> TableIndexes::usablePages(std::size_t which) const {
 Result<void> TableIndexes::rebuild(std::size_t i) {
   TableDef& def = table_->def();
   const IndexDef& index = def.indexes[i];
-  auto entries = entriesOfRows(index);
+  std::set<base::Bytes> withNull;
+  auto entries = entriesOfRows(index, &withNull);
   if (!entries) return Failure(entries.error());
-  if (index.unique) {
-    const auto sameKey = [](const IndexEntry& a, const IndexEntry& b) {
-      return std::equal(a.key().begin(), a.key().end(), b.key().begin(), b.key().end());
-    };
-    const auto twice = std::adjacent_find(entries->begin(), entries->end(), sameKey);
-    // Only keys that are wholly Null may repeat; their flag bytes are all 00 or FF.
-    const auto isNullKey = [](const IndexEntry& entry) {
-      const base::ByteSpan key = entry.key();
-      return std::all_of(key.begin(), key.end(), [](auto b) { return b == 0 || b == 0xFF; });
-    };
-    if (twice != entries->end() && !isNullKey(*twice)) {
-      Failure failure =
-          base::fail(ErrorCode::InvalidValue, "Der Wert eines Datensatzes kommt doppelt vor");
-      failure.value().page = twice->row().page;
-      return named(index, failure.value());
-    }
+  const auto sameKey = [&](const IndexEntry& a, const IndexEntry& b) {
+    return std::equal(a.key().begin(), a.key().end(), b.key().begin(), b.key().end()) &&
+           withNull.count(base::Bytes(a.key().begin(), a.key().end())) == 0;
+  };
+  const auto twice = std::adjacent_find(entries->begin(), entries->end(), sameKey);
+  if (index.unique && twice != entries->end()) {
+    Failure failure =
+        base::fail(ErrorCode::InvalidValue, "Der Wert eines Datensatzes kommt doppelt vor");
+    failure.value().page = twice->row().page;
+    return named(index, failure.value());
   }
   IndexTree tree(*pager_, def.page, index);
   auto root = tree.rebuild(*entries, usablePages(i));

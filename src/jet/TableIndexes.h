@@ -1,6 +1,8 @@
 #pragma once
 
+#include <functional>
 #include <optional>
+#include <set>
 #include <vector>
 
 #include "jet/IndexTree.h"
@@ -14,16 +16,24 @@ class TableIndexes {
  public:
   TableIndexes(Pager& pager, Table& table) : pager_(&pager), table_(&table) {}
 
-  // What a change of one field of a row does to the indexes.
+  // A row that comes, goes or changes.
+  struct RowChange {
+    using ValueOf = std::function<base::Result<Value>(std::size_t column)>;
+    RowPointer row;
+    ValueOf before;                     // empty: the row is new
+    ValueOf after;                      // empty: the row goes
+    std::optional<std::size_t> column;  // the only one that changes
+  };
+  // What it does to an index.
   struct KeyChange {
     std::size_t index = 0;
     std::optional<IndexEntry> removed;  // nullopt: the row had or gets no entry
     std::optional<IndexEntry> added;
+    bool counts = false;  // the index has one more distinct key
   };
   // IndexDamaged when an index concerned is damaged; InvalidValue for a second equal value in a
   // unique index or an empty one in a primary key; Unsupported when the key cannot be made.
-  base::Result<std::vector<KeyChange>> plan(RowPointer row, const RowView& view, std::size_t column,
-                                            const Value& value) const;
+  base::Result<std::vector<KeyChange>> plan(const RowChange& change) const;
   base::Result<void> apply(const std::vector<KeyChange>& changes);
 
   // Compares each index with the rows and keeps the outcome in the table. Rows that cannot be read
@@ -36,15 +46,21 @@ class TableIndexes {
   base::Result<void> rebuildAll();
 
  private:
-  base::Result<std::vector<Value>> keyValues(const IndexDef& index, const RowView& view) const;
+  base::Result<std::optional<KeyChange>> planOne(std::size_t index, const RowChange& change) const;
+  static base::Result<std::vector<Value>> keyValues(const IndexDef& index,
+                                                    const RowChange::ValueOf& valueOf);
   // nullopt when the index leaves such rows out.
   base::Result<std::optional<IndexEntry>> entryOf(const IndexDef& index, RowPointer row,
                                                   const std::vector<Value>& values) const;
-  base::Result<std::vector<IndexEntry>> entriesOfRows(const IndexDef& index) const;
+  // In order. withNull gets the keys with a Null, of which no two count as equal.
+  base::Result<std::vector<IndexEntry>> entriesOfRows(
+      const IndexDef& index, std::set<base::Bytes>* withNull = nullptr) const;
   base::Result<void> comparePointers(const IndexDef& index,
                                      const std::vector<IndexEntry>& entries) const;
-  base::Result<void> checkConstraints(const IndexDef& index, const std::vector<Value>& values,
+  // Whether the key is new to the index.
+  base::Result<bool> checkConstraints(const IndexDef& index, const std::vector<Value>& values,
                                       const std::optional<IndexEntry>& added) const;
+  base::Result<void> countKey(std::size_t index);
   base::Result<void> rebuild(std::size_t index);
   std::vector<std::uint32_t> usablePages(std::size_t index) const;
   base::Failure named(const IndexDef& index, base::Error error) const;

@@ -182,10 +182,10 @@ TEST(Creator, RefusesWhatCannotBeStoredAndNamesIt) {
   EXPECT_EQ(errorOf(table), "T.Name");
   table = good;
   table.rows.push_back(good.rows[0]);
-  EXPECT_EQ(errorOf(table), "T.PrimaryKey");
+  EXPECT_EQ(errorOf(table), "T, Index PrimaryKey");
   table = good;
   table.rows.push_back({jet::Null(), std::string("a")});
-  EXPECT_EQ(errorOf(table), "T.PrimaryKey");
+  EXPECT_EQ(errorOf(table), "T, Index PrimaryKey");
   table = good;
   table.columns[1].name = "NR";
   EXPECT_EQ(errorOf(table), "T.NR");

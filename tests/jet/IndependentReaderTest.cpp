@@ -214,6 +214,46 @@ TEST_P(IndependentReader, AgreesAfterEditsOfEveryType) {
   RecordProperty("stored", static_cast<int>(stored));
 }
 
+// Rows that go, rows that come, and a table that was not there before.
+TEST_P(IndependentReader, AgreesWhenRowsAndTablesComeAndGo) {
+  open();
+  const bool wide = database_->formatName() == "Jet 4";
+  ASSERT_TRUE(database_->begin());
+  jet::NewTable fresh{"Neu",
+                      {{"Nr", ColumnType::Long, 0, true},
+                       {"Name", ColumnType::Text, 200},
+                       {"Wert", ColumnType::Double},
+                       {"Text", ColumnType::Memo}},
+                      {{"PrimaryKey", {{"Nr", true}}, true}, {"Name", {{"Name", true}}}},
+                      {}};
+  auto made = database_->createTable(fresh);
+  ASSERT_TRUE(made) << germanMessage(made.error());
+  for (const std::string& name : database_->tableNames()) {
+    auto rows = database_->openTable(name);
+    ASSERT_TRUE(rows) << germanMessage(rows.error());
+    const std::size_t before = rows->count();
+    for (std::size_t row = 0; row < 40; ++row) {
+      std::vector<Value> values;
+      for (const Column& column : rows->columns())
+        values.push_back(column.autoNumber ? Value() : valueFor(column, before + row, wide));
+      const auto added = rows->insert(values);
+      EXPECT_TRUE(added || name != fresh.name);
+    }
+    for (std::size_t row = rows->count(); row-- > 0;)
+      if (row % 3 == 0) base::ignore(rows->erase(row), "keys beyond our tables stay");
+  }
+  auto done = database_->commit();
+  ASSERT_TRUE(done) << germanMessage(done.error());
+  open();
+  EXPECT_EQ(database_->openTable(fresh.name)->count(), 26u);
+  for (const std::string& name : database_->tableNames()) {
+    auto rows = database_->openTable(name);
+    ASSERT_TRUE(rows);
+    EXPECT_EQ(difference(read(*rows), ours(*rows)), "") << name;
+  }
+  EXPECT_TRUE(database_->warnings().empty());
+}
+
 // Before and after the change of one field: one row differs, in that field.
 TEST_P(IndependentReader, SeesOneFieldChange) {
   open();

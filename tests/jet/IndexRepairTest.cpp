@@ -1,8 +1,13 @@
 #include <gtest/gtest.h>
 
+#include <algorithm>
+
+#include "jet/Catalog.h"
 #include "jet/Creator.h"
 #include "jet/Database.h"
 #include "jet/IndexPage.h"
+#include "jet/TableDef.h"
+#include "jet/UsageMapEditor.h"
 #include "support/MemoryFileSystem.h"
 
 namespace {
@@ -54,6 +59,29 @@ class IndexRepair : public testing::Test {
   }
   base::Result<void> set(std::size_t row, const char* column, const Value& value) {
     return rows_->set(row, *rows_->columnIndex(column), value);
+  }
+
+  // Has an index claim the root page of the other, and breaks the page.
+  void addForeignPage(bool firstClaims) {
+    support::MemoryFileSystem disk({{kPath, content_}});
+    auto pager = *jet::Pager::open(disk, kPath, {});
+    const auto catalog = *jet::Catalog::read(*pager);
+    const auto def = *jet::TableDef::read(*pager, catalog.find("Strom")->definition);
+    const auto& claiming = def.indexes[firstClaims ? 0 : 1];
+    const std::uint32_t page = def.indexes[firstClaims ? 1 : 0].root;
+    ASSERT_TRUE(pager->begin());
+    ASSERT_TRUE(
+        jet::UsageMapEditor(*pager, claiming.pages, jet::UsageMapEditor::Beyond::Absent, [&] {
+          return pager->append();
+        }).add(page));
+    ASSERT_TRUE(pager->commit());
+    content_ = disk.get(kPath);
+    content_[page * kPage + 483] ^= 0x40;
+  }
+  bool hasErrors() const {
+    const auto findings = database_->check();
+    return std::any_of(findings.begin(), findings.end(),
+                       [](const jet::Finding& finding) { return !finding.warning; });
   }
 
   base::Bytes content_;
@@ -108,6 +136,31 @@ TEST_P(Spoiled, IndexLeavesTheRowsReadableAndIsMadeAnew) {
     EXPECT_TRUE(finding.warning) << germanMessage(finding.error);
   EXPECT_EQ(rows_->value(3, 1), Value(std::string("April")));
   EXPECT_EQ(rows_->value(3, 2), Value(7.0));
+}
+
+// An index that lists a page of another one as its own leaves it to that when both are made anew,
+// whichever of them comes first.
+TEST_F(IndexRepair, LeavesPagesToTheIndexThatUsesThem) {
+  for (const bool first : {true, false}) {
+    SetUp();
+    addForeignPage(first);
+    open();
+    EXPECT_TRUE(hasErrors());
+    ASSERT_TRUE(database_->begin());
+    ASSERT_TRUE(database_->rebuildIndexes("Strom"));
+    ASSERT_TRUE(database_->commit());
+    reopen();
+    EXPECT_FALSE(hasErrors());
+    EXPECT_TRUE(database_->warnings().empty());
+    // Pages that were given back by mistake would now be handed out a second time.
+    ASSERT_TRUE(database_->begin());
+    for (std::int64_t i = 0; i < 400; ++i)
+      ASSERT_TRUE(rows_->insert({100 + i, "Monat " + std::to_string(i), 1.0}));
+    ASSERT_TRUE(database_->commit());
+    reopen();
+    EXPECT_FALSE(hasErrors());
+    EXPECT_EQ(rows_->count(), 412u);
+  }
 }
 
 TEST_F(IndexRepair, ThatIsRolledBackLeavesTheDamageKnown) {

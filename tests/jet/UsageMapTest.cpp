@@ -75,7 +75,7 @@ TEST_F(UsageMaps, NamingAPageBehindTheEndAreReportedWithThatPage) {
 
 // New pages are in use, pages given back are handed out again, however large the file is.
 TEST_F(UsageMaps, OfFreePagesGrowWithTheFile) {
-  const UsageMap global(*pager_, jet::PageAllocator::kGlobalMap);
+  const UsageMap global(*pager_, jet::kGlobalMap);
   jet::PageAllocator allocator(*pager_);
   for (const std::uint32_t size : {600u, 5000u, 33500u}) {
     grow(size);

@@ -25,6 +25,12 @@ Action history(std::size_t row, std::size_t length) {
   return [=](RecordSet& rows) { return set(rows, row, "Verlauf", text(length, "x")); };
 }
 
+Result<void> insert(RecordSet& rows, const char* month, std::size_t historyLength) {
+  auto done = rows.insert(
+      {jet::Null(), std::string(month), 1.0, base::Money(), jet::Null(), text(historyLength, "x")});
+  return done ? Result<void>() : base::Failure(done.error());
+}
+
 }  // namespace
 
 base::Bytes file() {
@@ -88,6 +94,18 @@ const std::vector<Scenario>& scenarios() {
       {"KeysThatChange",
        {everyRow("Monat", [](std::size_t row) { return Value(std::string(kMonths[11 - row])); }),
         [](RecordSet& rows) { return set(rows, 0, "Monat", std::string("Zusatz")); }}},
+      {"RowsThatComeAndGo",
+       {[](RecordSet& rows) {
+          return rows.count() > 12 ? Result<void>() : insert(rows, "Zusatz", 9000);
+        },
+        [](RecordSet& rows) { return rows.erase(rows.count() - 1); },
+        [](RecordSet& rows) -> Result<void> {
+          for (int i = 0; i < 20; ++i)
+            if (auto done = insert(rows, "Mehr", 50); !done) return done;
+          while (rows.count() > 9)
+            if (auto done = rows.erase(rows.count() / 2); !done) return done;
+          return {};
+        }}},
   };
   return kScenarios;
 }

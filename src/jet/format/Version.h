@@ -13,10 +13,17 @@ namespace jet::format {
 
 struct HeaderFormat {
   std::size_t size;
-  Field pageKey;
+  Field sortOrder, codePage, pageKey, engineBuild;
   std::size_t passwordOffset;
   std::size_t passwordLength;
-  std::size_t dateOffset;  // creation date that masks the password; 0 = it is not masked
+  std::size_t dateOffset;   // creation date that masks the password; 0 = it is not masked
+  std::size_t commitBytes;  // two for each of 256 users
+  // What a new file bears. How the mask of the owners in the catalog follows from build and
+  // creation date is not known, so all new files have one known set of the three.
+  std::uint32_t newBuild;
+  std::uint64_t newDate;  // bits of the number of days
+  std::array<std::uint8_t, 2> newOwnerMask;
+  std::array<std::uint8_t, 7> newTail;  // behind the head
 };
 
 struct DataPageFormat {
@@ -26,8 +33,9 @@ struct DataPageFormat {
 
 struct TableFormat {
   std::size_t headSize;
-  Field length, rowCount, lastAutoNumber, tableKind, maxColumns, variableSlots, columnCount,
-      logicalIndexCount, indexCount, ownedPages, freeSpacePages;
+  std::uint16_t pageMark;  // in the place of a page's free bytes; 0 = those
+  Field length, constant, rowCount, lastAutoNumber, autoNumberEnabled, tableKind, maxColumns,
+      variableSlots, columnCount, logicalIndexCount, indexCount, ownedPages, freeSpacePages;
   std::size_t counterSize;
   Field distinctKeys;
   std::size_t nameLengthWidth;  // bytes of the length before a name
@@ -35,16 +43,19 @@ struct TableFormat {
 
 struct ColumnFormat {
   std::size_t size;
-  Field type, number, slot, displayOrder, sortOrder, sortVersion, codePage, flags, extendedFlags,
-      fixedOffset, length;
+  Field type, constant, number, slot, displayOrder, sortOrder, sortVersion, codePage, flags,
+      extendedFlags, fixedOffset, length;
+  std::size_t longestBinary;
 };
 
 struct IndexFormat {
   std::size_t size;
   std::size_t columns;
-  Field pages, root, flags;
+  Field constant, pages, root, flags;
+  std::uint8_t everyFlag;  // set in every index
   std::size_t logicalSize;
-  Field logicalIndex, logicalForeignSide, logicalKind;
+  Field logicalConstant, logicalNumber, logicalIndex, logicalOtherNumber, cascadeUpdates,
+      cascadeDeletes, logicalKind;
 };
 
 struct IndexPageFormat {
@@ -103,18 +114,29 @@ inline constexpr Version kJet3 = {
     .maxFileSize = std::uint64_t{1} << 30,
     .text = TextForm::CodePage,
     .header = {.size = sizeof(HeaderPage3),
+               .sortOrder = JET_FIELD(HeaderPage3, sortOrder),
+               .codePage = JET_FIELD(HeaderPage3, codePage),
                .pageKey = JET_FIELD(HeaderPage3, pageKey),
+               .engineBuild = JET_FIELD(HeaderPage3, engineBuild),
                .passwordOffset = offsetof(HeaderPage3, password),
                .passwordLength = sizeof(HeaderPage3::password),
-               .dateOffset = 0},
+               .dateOffset = 0,
+               .commitBytes = 0x600,
+               .newBuild = 0x251E,
+               .newDate = 0,
+               .newOwnerMask = {},
+               .newTail = {}},
     .dataPage = {.headSize = sizeof(DataPage3),
                  .freeBytes = JET_FIELD(DataPage3, freeBytes),
                  .owner = JET_FIELD(DataPage3, owner),
                  .slotCount = JET_FIELD(DataPage3, slotCount)},
     .table = {.headSize = sizeof(TableHead3),
+              .pageMark = 0x4356,
               .length = JET_FIELD(TableHead3, length),
+              .constant = {},
               .rowCount = JET_FIELD(TableHead3, rowCount),
               .lastAutoNumber = JET_FIELD(TableHead3, lastAutoNumber),
+              .autoNumberEnabled = {},
               .tableKind = JET_FIELD(TableHead3, tableKind),
               .maxColumns = JET_FIELD(TableHead3, maxColumns),
               .variableSlots = JET_FIELD(TableHead3, variableSlots),
@@ -128,6 +150,7 @@ inline constexpr Version kJet3 = {
               .nameLengthWidth = 1},
     .column = {.size = sizeof(ColumnRecord3),
                .type = JET_FIELD(ColumnRecord3, type),
+               .constant = {},
                .number = JET_FIELD(ColumnRecord3, number),
                .slot = JET_FIELD(ColumnRecord3, slot),
                .displayOrder = JET_FIELD(ColumnRecord3, displayOrder),
@@ -137,15 +160,22 @@ inline constexpr Version kJet3 = {
                .flags = JET_FIELD(ColumnRecord3, flags),
                .extendedFlags = {},
                .fixedOffset = JET_FIELD(ColumnRecord3, fixedOffset),
-               .length = JET_FIELD(ColumnRecord3, length)},
+               .length = JET_FIELD(ColumnRecord3, length),
+               .longestBinary = 255},
     .index = {.size = sizeof(IndexRecord3),
               .columns = offsetof(IndexRecord3, columns),
+              .constant = {},
               .pages = JET_FIELD(IndexRecord3, pages),
               .root = JET_FIELD(IndexRecord3, root),
               .flags = JET_FIELD(IndexRecord3, flags),
+              .everyFlag = 0,
               .logicalSize = sizeof(LogicalIndexRecord3),
+              .logicalConstant = {},
+              .logicalNumber = JET_FIELD(LogicalIndexRecord3, number),
               .logicalIndex = JET_FIELD(LogicalIndexRecord3, index),
-              .logicalForeignSide = JET_FIELD(LogicalIndexRecord3, foreignSide),
+              .logicalOtherNumber = JET_FIELD(LogicalIndexRecord3, otherNumber),
+              .cascadeUpdates = JET_FIELD(LogicalIndexRecord3, cascadeUpdates),
+              .cascadeDeletes = JET_FIELD(LogicalIndexRecord3, cascadeDeletes),
               .logicalKind = JET_FIELD(LogicalIndexRecord3, kind)},
     .indexPage = {.headSize = sizeof(IndexPage3),
                   .freeBytes = JET_FIELD(IndexPage3, freeBytes),
@@ -169,18 +199,29 @@ inline constexpr Version kJet4 = {
     .maxFileSize = std::uint64_t{1} << 31,
     .text = TextForm::Unicode,
     .header = {.size = sizeof(HeaderPage4),
+               .sortOrder = JET_FIELD(HeaderPage4, sortOrder),
+               .codePage = JET_FIELD(HeaderPage4, codePage),
                .pageKey = JET_FIELD(HeaderPage4, pageKey),
+               .engineBuild = JET_FIELD(HeaderPage4, engineBuild),
                .passwordOffset = offsetof(HeaderPage4, password),
                .passwordLength = sizeof(HeaderPage4::password),
-               .dateOffset = offsetof(HeaderPage4, creationDate)},
+               .dateOffset = offsetof(HeaderPage4, creationDate),
+               .commitBytes = 0xE00,
+               .newBuild = 0x261C,
+               .newDate = 0x40E4AB3E3BD3853E,
+               .newOwnerMask = {0x67, 0x8A},
+               .newTail = {0x54, 0x06, 0, 0, '4', '.', '0'}},
     .dataPage = {.headSize = sizeof(DataPage4),
                  .freeBytes = JET_FIELD(DataPage4, freeBytes),
                  .owner = JET_FIELD(DataPage4, owner),
                  .slotCount = JET_FIELD(DataPage4, slotCount)},
     .table = {.headSize = sizeof(TableHead4),
+              .pageMark = 0,
               .length = JET_FIELD(TableHead4, length),
+              .constant = JET_FIELD(TableHead4, constant),
               .rowCount = JET_FIELD(TableHead4, rowCount),
               .lastAutoNumber = JET_FIELD(TableHead4, lastAutoNumber),
+              .autoNumberEnabled = JET_FIELD(TableHead4, autoNumberEnabled),
               .tableKind = JET_FIELD(TableHead4, tableKind),
               .maxColumns = JET_FIELD(TableHead4, maxColumns),
               .variableSlots = JET_FIELD(TableHead4, variableSlots),
@@ -194,6 +235,7 @@ inline constexpr Version kJet4 = {
               .nameLengthWidth = 2},
     .column = {.size = sizeof(ColumnRecord4),
                .type = JET_FIELD(ColumnRecord4, type),
+               .constant = JET_FIELD(ColumnRecord4, constant),
                .number = JET_FIELD(ColumnRecord4, number),
                .slot = JET_FIELD(ColumnRecord4, slot),
                .displayOrder = JET_FIELD(ColumnRecord4, displayOrder),
@@ -203,15 +245,22 @@ inline constexpr Version kJet4 = {
                .flags = JET_FIELD(ColumnRecord4, flags),
                .extendedFlags = JET_FIELD(ColumnRecord4, extendedFlags),
                .fixedOffset = JET_FIELD(ColumnRecord4, fixedOffset),
-               .length = JET_FIELD(ColumnRecord4, length)},
+               .length = JET_FIELD(ColumnRecord4, length),
+               .longestBinary = 510},
     .index = {.size = sizeof(IndexRecord4),
               .columns = offsetof(IndexRecord4, columns),
+              .constant = JET_FIELD(IndexRecord4, constant),
               .pages = JET_FIELD(IndexRecord4, pages),
               .root = JET_FIELD(IndexRecord4, root),
               .flags = JET_FIELD(IndexRecord4, flags),
+              .everyFlag = 0x80,
               .logicalSize = sizeof(LogicalIndexRecord4),
+              .logicalConstant = JET_FIELD(LogicalIndexRecord4, constant),
+              .logicalNumber = JET_FIELD(LogicalIndexRecord4, number),
               .logicalIndex = JET_FIELD(LogicalIndexRecord4, index),
-              .logicalForeignSide = JET_FIELD(LogicalIndexRecord4, foreignSide),
+              .logicalOtherNumber = JET_FIELD(LogicalIndexRecord4, otherNumber),
+              .cascadeUpdates = JET_FIELD(LogicalIndexRecord4, cascadeUpdates),
+              .cascadeDeletes = JET_FIELD(LogicalIndexRecord4, cascadeDeletes),
               .logicalKind = JET_FIELD(LogicalIndexRecord4, kind)},
     .indexPage = {.headSize = sizeof(IndexPage4),
                   .freeBytes = JET_FIELD(IndexPage4, freeBytes),
