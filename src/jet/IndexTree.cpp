@@ -165,8 +165,8 @@ Result<bool> IndexTree::containsKey(ByteSpan key) const {
   IndexPage leaf = std::move(path->back().page);
   std::size_t position = path->back().child;
   // A node may name a last entry that has been removed: then the next leaf has the first one.
-  for (int steps = 0; position == leaf.entries.size() && leaf.next != 0 && steps < kMaxDepth;
-       ++steps) {
+  for (std::uint32_t steps = 0; position == leaf.entries.size() && leaf.next != 0; ++steps) {
+    if (steps == pager_->pageCount()) return indexDamaged(leaf.next, "Index läuft im Kreis");
     auto next = read(leaf.next);
     if (!next) return Failure(next.error());
     leaf = std::move(*next);

@@ -18,6 +18,26 @@ IndexEntry entryOf(const std::string& key, std::uint32_t row) {
   return IndexEntry::of(base::asBytes(key), {row / 200, static_cast<std::uint8_t>(row % 200)});
 }
 
+// The last byte of the page holds an entry, one more does not fit.
+TEST(IndexPage, CanBeFilledExactly) {
+  for (const auto* version : {&jet::format::kJet3, &jet::format::kJet4}) {
+    IndexPage page;
+    page.tableDef = 9;
+    const std::size_t size = version->indexRoom() / 8;
+    for (std::uint32_t i = 0; i < 8; ++i)
+      page.entries.push_back(entryOf(static_cast<char>('a' + i) + std::string(size - 5, 'k'), i));
+    ASSERT_TRUE(page.fits(*version));
+    Bytes bytes(version->pageSize);
+    page.encode(*version, bytes);
+    EXPECT_EQ(version->indexPage.freeBytes.get(bytes), 0u);
+    auto read = IndexPage::parse(*version, 3, bytes, 9);
+    ASSERT_TRUE(read) << germanMessage(read.error());
+    EXPECT_EQ(read->entries.back().bytes, page.entries.back().bytes);
+    page.entries.back() = entryOf("h" + std::string(size - 4, 'k'), 7);
+    EXPECT_FALSE(page.fits(*version));
+  }
+}
+
 TEST(IndexPage, ComesBackAsItWasWritten) {
   for (const auto* version : {&jet::format::kJet3, &jet::format::kJet4}) {
     for (const bool leaf : {true, false}) {
@@ -135,6 +155,34 @@ TEST_F(IndexTrees, RebuiltHoldTheSameEntries) {
   ASSERT_TRUE(root) << germanMessage(root.error());
   EXPECT_EQ(*root, def_.indexes[0].root);
   expect(model);
+}
+
+// Other programs leave leaves without entries in the tree; a key behind any number of them is
+// found.
+TEST_F(IndexTrees, FindKeysBehindEmptyLeaves) {
+  constexpr std::uint32_t kLeaves = 40;
+  std::vector<IndexEntry> entries;
+  for (std::uint32_t i = 0; i < 3 * kLeaves; ++i)
+    entries.push_back(entryOf(std::to_string(1000 + i) + std::string(1000, 'k'), i));
+  ASSERT_TRUE(tree().rebuild(entries, {def_.indexes[0].root}));
+  std::vector<std::uint32_t> pages;
+  ASSERT_TRUE(tree().entries(entries.size(), &pages));
+  const std::string first = std::to_string(1000) + std::string(1000, 'k');
+  std::size_t emptied = 0;
+  for (const std::uint32_t number : pages) {
+    auto page = IndexPage::parse(pager_->version(), number, **pager_->page(number), def_.page);
+    ASSERT_TRUE(page);
+    // All leaves but the last, and the first entry of that is the first of all.
+    if (!page->leaf) continue;
+    if (page->next == 0)
+      page->entries = {entryOf(first, 7)};
+    else
+      ++emptied, page->entries.clear();
+    page->encode(pager_->version(), *pager_->edit(number));
+  }
+  EXPECT_GT(emptied, 30u);
+  EXPECT_EQ(tree().containsKey(base::asBytes(first)), true);
+  EXPECT_EQ(tree().containsKey(base::asBytes("0")), false);
 }
 
 TEST_F(IndexTrees, TellWhatIsMissingOrTwice) {

@@ -36,6 +36,8 @@ TEST(PageBreaking, RepeatsHeadRowsAndLeavesBlankRowsAtTheTopOut) {
 TEST(PageBreaking, KeepsABlockTogetherOrRepeatsItsHeading) {
   Grid grid = gridOf(6);
   for (int row = 3; row < 6; ++row) grid.row(row).headingRow = 2;
+  EXPECT_EQ(breakIntoPages(grid, 600), Pages({{0, 1, 2, 3, 4, 5}}));
+  EXPECT_EQ(breakIntoPages(grid, 599), Pages({{0, 1}, {2, 3, 4, 5}}));
   EXPECT_EQ(breakIntoPages(grid, 400), Pages({{0, 1}, {2, 3, 4, 5}}));
   EXPECT_EQ(breakIntoPages(grid, 300), Pages({{0, 1, 2}, {2, 3, 4}, {2, 5}}));
 }
