@@ -1,8 +1,8 @@
 #include "BaseFiles.h"
 #include "FuzzInput.h"
 #include "jet/Database.h"
-#include "jet/JournalFormat.h"
-#include "jet/JournalMatch.h"
+#include "jet/engine/JournalFormat.h"
+#include "jet/engine/JournalMatch.h"
 #include "support/MemoryFileSystem.h"
 
 // A journal beside a database: any bytes at all, a well-formed journal of any content, or one that

@@ -66,7 +66,7 @@ Failure fail(ErrorCode code, std::string detail, std::string file) {
 
 std::string germanReason(const Error& error) {
   std::string text = codeSentence(error.code);
-  std::string more = error.detail;
+  std::string more = germanDetail(error);
   if (!error.subject.empty()) more = error.subject + (more.empty() ? "" : ": " + more);
   if (error.page) more += (more.empty() ? "Seite " : ", Seite ") + std::to_string(*error.page);
   if (!more.empty()) text += " (" + more + ")";

@@ -5,6 +5,7 @@
 #include <string>
 #include <tl/expected.hpp>
 #include <utility>
+#include <vector>
 
 // Errors as values. Below the windows nothing throws: a call that can fail returns Result<T>, and
 // the caller hands it on, reports it to the user, or passes it over with ignore() and a reason.
@@ -34,13 +35,16 @@ enum class ErrorCode {
   Cancelled,      // the user stopped it
 };
 
-// What went wrong and where. Texts are names (file, table, column) and short German details; the
-// sentence for the user is made by germanMessage().
+// What went wrong and where. Texts are names (file, table, column) and the reason; the sentence for
+// the user is made by germanMessage().
 struct Error {
   ErrorCode code = ErrorCode::IoError;
-  std::string file;                   // full path, UTF-8
-  std::string subject;                // table, "Table.Column", index or setting concerned
-  std::string detail;                 // reason in German, without full stop; may be empty
+  std::string file;     // full path, UTF-8
+  std::string subject;  // table, "Table.Column", index or setting concerned
+  std::string detail;   // the reason, without full stop; may be empty. The database
+                        // engine has a fixed English text for each, in which %1 and
+                        // %2 stand for the arguments
+  std::vector<std::string> arguments;
   std::optional<std::uint32_t> page;  // page number inside a database
   int systemError = 0;                // errno or GetLastError(), 0 = none
 
@@ -62,6 +66,12 @@ std::string germanMessage(const Error& error);
 
 // The reason alone ("Der Datenträger ist voll."), one sentence.
 std::string germanReason(const Error& error);
+
+// The error's detail alone, the engine's reasons in German.
+std::string germanDetail(const Error& error);
+
+// The error in one line for a log: "Damaged: Strom, page 42: row 3 has the wrong place 5 (/a.kwd)".
+std::string describe(const Error& error);
 
 // Passes over a failure on purpose. The reason stays in the source, where it can be searched for.
 template <class T>

@@ -3,9 +3,9 @@
 #include <algorithm>
 #include <bit>
 
-#include "jet/CatalogRows.h"
-#include "jet/PageAllocator.h"
-#include "jet/Table.h"
+#include "jet/engine/CatalogRows.h"
+#include "jet/engine/PageAllocator.h"
+#include "jet/engine/Table.h"
 
 namespace jet {
 namespace {

@@ -4,14 +4,14 @@
 #include <map>
 #include <set>
 
-#include "jet/Catalog.h"
-#include "jet/Check.h"
-#include "jet/Damage.h"
-#include "jet/Pager.h"
-#include "jet/Table.h"
-#include "jet/TableEditor.h"
-#include "jet/TableIndexes.h"
-#include "jet/TableMaker.h"
+#include "jet/engine/Catalog.h"
+#include "jet/engine/Check.h"
+#include "jet/engine/Damage.h"
+#include "jet/engine/Pager.h"
+#include "jet/engine/Table.h"
+#include "jet/engine/TableEditor.h"
+#include "jet/engine/TableIndexes.h"
+#include "jet/engine/TableMaker.h"
 
 namespace jet {
 
@@ -56,21 +56,15 @@ struct RecordSet::State {
 
   Result<void> checkPlace(std::size_t position, std::size_t column) const {
     if (position < table->rowCount() && column < columns.size()) return {};
-    base::Error error;
-    error.code = ErrorCode::InvalidValue;
-    error.file = database->pager->path();
-    error.subject = table->name();
-    error.detail = "Datensatz oder Feld gibt es nicht";
-    return base::fail(std::move(error));
+    return database->pager->located(
+        about(table->name(), refuse(ErrorCode::InvalidValue, "there is no such row or column")));
   }
 };
 
 Result<std::shared_ptr<Table>> Database::State::table(std::string_view name) {
   const Catalog::Entry* entry = catalog.find(name);
-  if (entry == nullptr) {
-    Failure missing = base::fail(ErrorCode::MissingTable, "", pager->path());
-    return about(std::string(name), missing.value());
-  }
+  if (entry == nullptr)
+    return pager->located(about(std::string(name), base::fail(ErrorCode::MissingTable, "")));
   if (auto it = tables.find(entry->definition); it != tables.end()) return it->second;
   auto opened = Table::open(*pager, entry->definition, entry->name);
   if (!opened) return Failure(opened.error());
@@ -82,8 +76,7 @@ Result<std::shared_ptr<Table>> Database::State::table(std::string_view name) {
 
 Result<void> Database::State::checkTransaction() const {
   if (pager->inTransaction()) return {};
-  return pager->located(
-      base::fail(ErrorCode::Unsupported, "Es läuft kein Änderungsvorgang").value());
+  return pager->located(refuse(ErrorCode::Unsupported, "no transaction is running"));
 }
 
 // A table that was made in the transaction is no more.
@@ -155,8 +148,7 @@ auto RecordSet::change(const Change& change, const std::string& subject) {
   if (auto begun = database.checkTransaction(); !begun) return located(begun.error());
   Table& table = *state_->table;
   if (table.def().systemTable)
-    return located(
-        base::fail(ErrorCode::Unsupported, "Systemtabellen werden nicht geändert").value());
+    return located(refuse(ErrorCode::Unsupported, "system tables are not changed").value());
   Pager::Step step(*database.pager);
   auto done = change(TableEditor(*database.pager, table));
   if (!done) return located(done.error());
@@ -283,7 +275,7 @@ Result<void> Database::rebuildIndexes(std::string_view name) {
 
 Result<RecordSet> Database::createTable(const NewTable& table) {
   const auto failed = [&](const base::Error& error) {
-    return state_->pager->located(about(table.name, error).value());
+    return state_->pager->located(about(table.name, error));
   };
   if (auto begun = state_->checkTransaction(); !begun) return failed(begun.error());
   auto objects = state_->table(kCatalogName);

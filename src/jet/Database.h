@@ -49,11 +49,6 @@ struct Finding {
   std::string table;     // whose index can be rebuilt, or whose part is damaged; may be empty
 };
 
-// One line for a person: where, and what is wrong. "Strom, Seite 42: ...".
-std::string describe(const Finding& finding);
-// What to do about all of them together, one or two sentences; empty when there are none.
-std::string advice(const std::vector<Finding>& findings);
-
 class Database;
 
 // The rows of one table in natural order, by position 0 to count() - 1. Reads see the changes of

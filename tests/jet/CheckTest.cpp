@@ -3,6 +3,7 @@
 #include <algorithm>
 #include <array>
 
+#include "app/Findings.h"
 #include "jet/Creator.h"
 #include "jet/Database.h"
 #include "jet/format/Version.h"
@@ -64,7 +65,7 @@ class Check : public testing::Test {
     EXPECT_EQ(disk.get(kPath), bytes_);
     std::vector<std::string> lines;
     for (const jet::Finding& finding : found_)
-      lines.push_back((finding.warning ? "Hinweis: " : "") + jet::describe(finding));
+      lines.push_back((finding.warning ? "Hinweis: " : "") + app::describe(finding));
     return lines;
   }
   static std::string page(std::uint32_t number) { return "Seite " + std::to_string(number) + ": "; }
@@ -76,7 +77,7 @@ class Check : public testing::Test {
 
 TEST_F(Check, OfASoundFileFindsNothing) {
   EXPECT_THAT(findings(), testing::IsEmpty());
-  EXPECT_EQ(jet::advice(found_), "");
+  EXPECT_EQ(app::advice(found_), "");
 }
 
 // The header page is the definition of no table, though a chain of pages ends with 0 as well.
@@ -106,7 +107,7 @@ TEST_F(Check, TellsARowOutOfPlace) {
   at(rows, 15) = 0;
   EXPECT_THAT(findings(),
               testing::ElementsAre("Strom, " + page(rows) + "Datensatz 0 hat die falsche Lage 5."));
-  EXPECT_THAT(jet::advice(found_), HasSubstr("aus einer Sicherung"));
+  EXPECT_THAT(app::advice(found_), HasSubstr("aus einer Sicherung"));
 }
 
 TEST_F(Check, TellsAPageThatIsUsedAndFree) {
@@ -125,7 +126,7 @@ TEST_F(Check, TellsARowWithoutItsIndexEntry) {
   EXPECT_THAT(lines, testing::Contains(HasSubstr("Strom, Index PrimaryKey, Seite ")));
   EXPECT_THAT(lines, testing::Contains(HasSubstr("Hinweis: Strom, " + page(definition_) +
                                                  "Tabelle hat 11 Datensätze statt 12.")));
-  EXPECT_THAT(jet::advice(found_), HasSubstr("Index neu aufbauen"));
+  EXPECT_THAT(app::advice(found_), HasSubstr("Index neu aufbauen"));
 }
 
 TEST_F(Check, TellsATextThatIsCutOff) {
@@ -154,7 +155,7 @@ TEST_F(Check, TellsLeftoversAsHarmless) {
     at(1, kPage - 64 + lost / 8) &= static_cast<std::uint8_t>(~(1u << (lost % 8)));
   EXPECT_THAT(findings(),
               testing::ElementsAre(HasSubstr("Hinweis: " + page(last - 1) + "2 Seiten")));
-  EXPECT_THAT(jet::advice(found_), HasSubstr("Es fehlt nichts"));
+  EXPECT_THAT(app::advice(found_), HasSubstr("Es fehlt nichts"));
 }
 
 }  // namespace

@@ -1,4 +1,4 @@
-#include "jet/DataPage.h"
+#include "jet/engine/DataPage.h"
 
 #include <gtest/gtest.h>
 

@@ -1,4 +1,4 @@
-#include "jet/IndexKey.h"
+#include "jet/engine/IndexKey.h"
 
 #include <gmock/gmock.h>
 

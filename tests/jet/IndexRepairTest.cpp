@@ -2,12 +2,12 @@
 
 #include <algorithm>
 
-#include "jet/Catalog.h"
 #include "jet/Creator.h"
 #include "jet/Database.h"
-#include "jet/IndexPage.h"
-#include "jet/TableDef.h"
-#include "jet/UsageMapEditor.h"
+#include "jet/engine/Catalog.h"
+#include "jet/engine/IndexPage.h"
+#include "jet/engine/TableDef.h"
+#include "jet/engine/UsageMapEditor.h"
 #include "support/MemoryFileSystem.h"
 
 namespace {

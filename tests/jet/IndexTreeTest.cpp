@@ -1,11 +1,11 @@
-#include "jet/IndexTree.h"
+#include "jet/engine/IndexTree.h"
 
 #include <random>
 #include <set>
 
 #include "OneIndexFile.h"
 #include "jet/Database.h"
-#include "jet/UsageMap.h"
+#include "jet/engine/UsageMap.h"
 
 namespace {
 

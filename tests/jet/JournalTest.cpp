@@ -1,4 +1,4 @@
-#include "jet/Journal.h"
+#include "jet/engine/Journal.h"
 
 #include <gmock/gmock.h>
 

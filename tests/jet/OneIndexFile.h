@@ -3,8 +3,8 @@
 #include <gtest/gtest.h>
 
 #include "jet/Creator.h"
-#include "jet/Pager.h"
-#include "jet/TableDef.h"
+#include "jet/engine/Pager.h"
+#include "jet/engine/TableDef.h"
 #include "support/MemoryFileSystem.h"
 
 // A new file with one table that has one index, open within a transaction.

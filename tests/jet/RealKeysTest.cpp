@@ -1,10 +1,10 @@
 #include <gtest/gtest.h>
 
 #include "RealFiles.h"
-#include "jet/Catalog.h"
-#include "jet/IndexKey.h"
-#include "jet/IndexTree.h"
-#include "jet/Table.h"
+#include "jet/engine/Catalog.h"
+#include "jet/engine/IndexKey.h"
+#include "jet/engine/IndexTree.h"
+#include "jet/engine/Table.h"
 
 // Every key of every index in files of Access and Jet, worked out from its row and compared byte by
 // byte with what they stored.

@@ -1,4 +1,4 @@
-#include "jet/Row.h"
+#include "jet/engine/Row.h"
 
 #include <gtest/gtest.h>
 

@@ -60,7 +60,8 @@ class MadeRows : public testing::TestWithParam<FileVersion> {
     return rows_->insert({jet::Null(), place, floor, history});
   }
   void expectSound() {
-    for (const jet::Finding& finding : database_->check()) ADD_FAILURE() << jet::describe(finding);
+    for (const jet::Finding& finding : database_->check())
+      ADD_FAILURE() << base::describe(finding.error);
     EXPECT_TRUE(database_->warnings().empty());
   }
   std::string dump() { return support::dumpTables(*database_).value_or("unreadable"); }

@@ -1,10 +1,10 @@
-#include "jet/UsageMapEditor.h"
+#include "jet/engine/UsageMapEditor.h"
 
 #include <random>
 #include <set>
 
 #include "OneIndexFile.h"
-#include "jet/PageAllocator.h"
+#include "jet/engine/PageAllocator.h"
 
 namespace {
 

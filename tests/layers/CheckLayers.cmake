@@ -7,7 +7,7 @@ cmake_minimum_required(VERSION 3.25)
 set(windows widgets dialogs)
 set(rules readings reports projection charts)
 set(sees_base base)
-set(sees_jet base jet jet/format)
+set(sees_jet base jet jet/engine jet/format)
 set(sees_yearbook base jet yearbook)
 set(sees_app base jet app)
 foreach(folder ${rules})
@@ -23,7 +23,7 @@ set(sees_mainwindow ${sees_yearbook} ${rules} ${windows} yearbook/ui readings/ui
 set(sees_app/ui ${sees_mainwindow} app app/ui)
 
 set(pure base jet yearbook app ${rules})
-set(folders ${pure} jet/format widgets dialogs yearbook/ui readings/ui reports/ui projection/ui
+set(folders ${pure} jet/engine jet/format widgets dialogs yearbook/ui readings/ui reports/ui projection/ui
     charts/ui mainwindow app/ui)
 
 # compiles(FOLDER TEXT RESULT): whether the text is a source of that folder that finds its headers. What

@@ -6,12 +6,12 @@
 #include <iostream>
 #include <map>
 
-#include "jet/Catalog.h"
-#include "jet/DataPage.h"
-#include "jet/IndexPage.h"
-#include "jet/Row.h"
-#include "jet/Table.h"
-#include "jet/UsageMap.h"
+#include "jet/engine/Catalog.h"
+#include "jet/engine/DataPage.h"
+#include "jet/engine/IndexPage.h"
+#include "jet/engine/Row.h"
+#include "jet/engine/Table.h"
+#include "jet/engine/UsageMap.h"
 
 namespace {
 

@@ -1,5 +1,6 @@
 #include "app/ui/CommandLineRun.h"
 
+#include "app/Findings.h"
 #include "base/Paths.h"
 #include "reports/Exports.h"
 #include "reports/YearReport.h"
@@ -52,15 +53,15 @@ int check(const CommandLine& line, const Console& console) {
   const auto findings = database->check();
   int errors = 0;
   for (const jet::Finding& finding : findings) {
-    console.out << (finding.warning ? "Hinweis: " : "Fehler: ") << jet::describe(finding) << '\n';
+    console.out << (finding.warning ? "Hinweis: " : "Fehler: ") << describe(finding) << '\n';
     if (!finding.warning) ++errors;
   }
   if (errors > 0) {
-    console.err << line.file << ": " << errors << " Fehler gefunden. " << jet::advice(findings)
+    console.err << line.file << ": " << errors << " Fehler gefunden. " << advice(findings)
                 << '\n';
     return 1;
   }
-  if (!findings.empty()) console.out << jet::advice(findings) << '\n';
+  if (!findings.empty()) console.out << advice(findings) << '\n';
   console.out << line.file << ": keine Fehler gefunden.\n";
   return 0;
 }
