@@ -70,7 +70,7 @@ std::string shownDate(double days) {
   const auto dayOfYear = dayOfEra - (365 * yearOfEra + yearOfEra / 4 - yearOfEra / 100);
   const auto month = (5 * dayOfYear + 2) / 153;
   const auto calendarMonth = month < 10 ? month + 3 : month - 9;
-  char buffer[80];
+  char buffer[128];
   std::snprintf(buffer, sizeof buffer, "%04lld-%02lld-%02lldT%02lld:%02lld",
                 yearOfEra + era * 400 + (calendarMonth <= 2 ? 1 : 0), calendarMonth,
                 dayOfYear - (153 * month + 2) / 5 + 1, seconds / 3600, seconds / 60 % 60);
