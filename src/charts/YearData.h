@@ -7,9 +7,6 @@
 #include "base/File.h"
 #include "yearbook/Meter.h"
 
-namespace jet {
-class Database;
-}
 namespace yearbook {
 class YearSession;
 }
@@ -38,25 +35,11 @@ struct YearData {
 // What the monthly chart shows of the open year: its chart table and the captions of its months.
 YearData readChartTable(const yearbook::YearSession& year);
 
-// A year as its utility tables hold it, each row with its own month. A table, column or field that
-// is missing leaves its rows empty.
-YearData readYear(jet::Database& database);
+// The open year as its utility tables hold it, each row with its own month.
+YearData readYear(const yearbook::YearSession& year);
 
-// Where another year comes from.
-class ComparisonSource {
- public:
-  virtual ~ComparisonSource() = default;
-  // Only reads. A file that cannot be opened gives its name and empty rows.
-  virtual YearData open(const std::string& path) = 0;
-};
-
-class FileComparisonSource final : public ComparisonSource {
- public:
-  explicit FileComparisonSource(base::FileSystem& files) : files_(files) {}
-  YearData open(const std::string& path) override;
-
- private:
-  base::FileSystem& files_;
-};
+// The same of another year, which is only read. A table, column or field that is missing leaves its
+// rows empty; a file that cannot be opened gives its name and empty rows.
+YearData readYearFile(base::FileSystem& files, const std::string& path);
 
 }  // namespace charts

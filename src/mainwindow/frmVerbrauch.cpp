@@ -12,7 +12,6 @@
 #include "base/GermanNumber.h"
 #include "dialogs/Navigator.h"
 #include "dialogs/Prompts.h"
-#include "reports/YearReport.h"
 #include "yearbook/IndexRepair.h"
 #include "yearbook/StartMonthShift.h"
 
@@ -25,11 +24,8 @@ frmVerbrauch::frmVerbrauch(dialogs::Services& services,
       services_(services),
       session_(std::move(session)),
       editor_(new yearbook::YearEditor(services, *session_, this)),
-      Frame4(new reports::OverviewPage(
-          services, [this] { return reports::overviewInput(*session_); }, TabStrip)),
-      fraDrucke(new reports::DetailPage(
-          services, [this] { return reports::detailInput(*session_, services_.clock.today()); },
-          int(unsigned(session_->openedOn().month())), TabStrip)) {
+      Frame4(new reports::OverviewPage(services, *session_, TabStrip)),
+      fraDrucke(new reports::DetailPage(services, *session_, TabStrip)) {
   setObjectName(u"frmVerbrauch"_s);
   base::ignore(base::makeCurrent(session_->dataFolder()), "file dialogs then begin elsewhere");
   setWindowTitle(u"Verbrauchsberechnung       "_s + QString::fromStdString(session_->path()));

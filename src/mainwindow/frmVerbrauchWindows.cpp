@@ -49,7 +49,7 @@ void frmVerbrauch::connectEntryWindows() {
 }
 
 void frmVerbrauch::showProjection() {
-  frmHochrechnung(services_, projection::projectionSource(*session_), this).exec();
+  frmHochrechnung(services_, *session_, this).exec();
   reactivate();
 }
 
@@ -67,17 +67,12 @@ void frmVerbrauch::connectCharts() {
 
 void frmVerbrauch::showChart(const QString& mode) {
   if (!editor_->run([this] { return session_->bringUpToDate(); })) return;
-  frmDiagramm(
-      services_, [this] { return charts::readChartTable(*session_); }, mode, this)
-      .exec();
+  frmDiagramm(services_, *session_, mode, this).exec();
   reactivate();
 }
 
 void frmVerbrauch::showComparison() {
   if (!editor_->run([this] { return session_->bringUpToDate(); })) return;
-  charts::FileComparisonSource other(services_.files);
-  frmDiagrVergleich(
-      services_, [this] { return charts::readYear(session_->database()); }, other, this)
-      .exec();
+  frmDiagrVergleich(services_, *session_, this).exec();
   reactivate();
 }

@@ -49,7 +49,7 @@ OverviewInput overviewInput(const YearSession& year) {
   OverviewInput in;
   in.yearFileName = base::fileName(year.path());
   in.currentYear = static_cast<int>(year.openedOn().year());
-  in.currentMonth = static_cast<int>(static_cast<unsigned>(year.openedOn().month()));
+  in.currentMonth = year.openedMonth();
   for (Utility utility : yearbook::kUtilities) {
     in.months[utility] = monthAmounts(year, utility);
     in.monthsRead[utility] = monthsRead(year, utility);

@@ -33,7 +33,7 @@ Result<std::unique_ptr<YearSession>> YearSession::open(base::FileSystem& files,
 }
 
 std::string YearSession::currentMonthName() const {
-  return std::string(base::kMonthNames[static_cast<unsigned>(openedOn_.month()) - 1]);
+  return std::string(base::kMonthNames[static_cast<std::size_t>(openedMonth() - 1)]);
 }
 
 bool YearSession::holdsLongRemarks(Utility utility) const {

@@ -49,6 +49,7 @@ class YearSession {
 
   // Month and year of the system date, noted when the year was opened.
   base::Date openedOn() const { return openedOn_; }
+  int openedMonth() const { return static_cast<int>(static_cast<unsigned>(openedOn_.month())); }
   std::string currentMonthName() const;
   int startMonth(Utility utility) const { return values_.startMonths[utility]; }
   MonthNames monthNames(Utility utility) const { return rotatedMonthNames(startMonth(utility)); }

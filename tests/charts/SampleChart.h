@@ -1,14 +1,10 @@
 #pragma once
 
-#include <gtest/gtest.h>
-
-#include "SampleYear.h"
 #include "base/GermanDate.h"
 #include "base/TextCodec.h"
 #include "charts/ChartLayout.h"
 #include "charts/YearComparison.h"
-#include "support/EmptyYear.h"
-#include "support/MemoryFileSystem.h"
+#include "support/SampleYears.h"
 
 namespace sample {
 
@@ -38,14 +34,8 @@ inline charts::YearData yearData(const std::string& name, const Consumptions& va
 
 // The sample household's years, as a comparison reads them.
 inline charts::YearData sampleYear(int year) {
-  static support::MemoryFileSystem files = [] {
-    support::MemoryFileSystem disk;
-    disk.put("/daten/Verbrauch.kwd", support::emptyYear());
-    EXPECT_TRUE(makeBoth(disk, "/daten/", support::emptyYear()));
-    return disk;
-  }();
-  return charts::FileComparisonSource(files).open("/daten/Verbrauch" + std::to_string(year) +
-                                                  ".kwd");
+  support::MemoryFileSystem files;
+  return charts::readYear(*openYear(files, "Verbrauch" + std::to_string(year) + ".kwd"));
 }
 
 inline charts::ChartModel twoYears() {

@@ -13,26 +13,34 @@ namespace {
 constexpr char kFolder[] = "/daten/";
 const base::FixedClock kClock(std::chrono::year(2026) / 11 / 14);
 
-std::unique_ptr<yearbook::YearSession> openYear(const std::string& name) {
-  static support::MemoryFileSystem files = [] {
+const support::MemoryFileSystem::Contents& sampleFolder() {
+  static const support::MemoryFileSystem::Contents contents = [] {
     support::MemoryFileSystem disk;
     disk.put("/daten/Verbrauch.kwd", support::emptyYear());
     EXPECT_TRUE(makeBoth(disk, kFolder, support::emptyYear()));
-    return disk;
+    return disk.contents();
   }();
-  auto year = yearbook::YearSession::open(files, kFolder + name, kFolder, kClock);
-  EXPECT_TRUE(year) << name;
-  return std::move(*year);
+  return contents;
 }
 
 reports::OverviewInput overviewOf(const std::string& name) {
-  return reports::overviewInput(*openYear(name));
+  support::MemoryFileSystem disk;
+  return reports::overviewInput(*openYear(disk, name));
 }
 reports::DetailInput detailOf(const std::string& name) {
-  return reports::detailInput(*openYear(name), kClock.today());
+  support::MemoryFileSystem disk;
+  return reports::detailInput(*openYear(disk, name), kClock.today());
 }
 
 }  // namespace
+
+std::unique_ptr<yearbook::YearSession> openYear(support::MemoryFileSystem& disk,
+                                                const std::string& name) {
+  for (const auto& [path, bytes] : sampleFolder()) disk.put(path, bytes);
+  auto year = yearbook::YearSession::open(disk, kFolder + name, kFolder, kClock);
+  EXPECT_TRUE(year) << name;
+  return std::move(*year);
+}
 
 reports::OverviewInput overview2024() {
   return overviewOf("Verbrauch2024.kwd");
@@ -45,12 +53,11 @@ reports::OverviewInput overviewFresh() {
 }
 
 reports::OverviewInput overviewFlatRate() {
-  const auto year = openYear("Verbrauch2025.kwd");
+  support::MemoryFileSystem disk;
+  const auto year = openYear(disk, "Verbrauch2025.kwd");
   EXPECT_TRUE(year->storeFreeKwh(1500));
   year->setFlatRate(true);
-  reports::OverviewInput input = reports::overviewInput(*year);
-  EXPECT_TRUE(year->storeFreeKwh({}));
-  return input;
+  return reports::overviewInput(*year);
 }
 
 reports::DetailInput detail2024() {

@@ -1,11 +1,15 @@
 #pragma once
 
-#include "reports/DetailTable.h"
-#include "reports/OverviewBuilder.h"
+#include "reports/YearReport.h"
+#include "support/MemoryFileSystem.h"
 
 // The two sample years and a fresh one as their tables show them, typed through the program's own
 // rules.
 namespace sample {
+
+// Puts the empty year and the two sample years into "/daten/" and opens one of them.
+std::unique_ptr<yearbook::YearSession> openYear(support::MemoryFileSystem& disk,
+                                                const std::string& name);
 
 reports::OverviewInput overview2024();
 reports::OverviewInput overview2025();

@@ -18,11 +18,10 @@ bool isSameFile(const std::string& a, const std::string& b) {
 
 }  // namespace
 
-frmDiagrVergleich::frmDiagrVergleich(const dialogs::Services& services, YearSource openYear,
-                                     charts::ComparisonSource& other, QWidget* parent)
+frmDiagrVergleich::frmDiagrVergleich(const dialogs::Services& services,
+                                     const yearbook::YearSession& year, QWidget* parent)
     : ChartWindow("frmDiagrVergleich", u"Diagramme Jahresvergleich"_s, services, parent),
-      openYear_(std::move(openYear)),
-      other_(other) {
+      year_(year) {
   const std::array captions = {u"Strom"_s, u"Gas"_s, u"Wasser"_s, u"Abwasser"_s, u"Nachtstrom"_s};
   QWidget* previous = lblChartType(5);
   for (int index = charts::kFirstComparison; index <= charts::kLastComparison; ++index) {
@@ -66,12 +65,12 @@ void frmDiagrVergleich::cmdAnderesJahrClick() {
   // The open year is locked against a second opening, its own included.
   otherYear_ = isSameFile(path.toStdString(), services_.paths.YearDatabasePath)
                    ? openYear()
-                   : other_.open(path.toStdString());
+                   : charts::readYearFile(services_.files, path.toStdString());
   draw();
 }
 
 charts::YearData frmDiagrVergleich::openYear() const {
-  charts::YearData year = openYear_();
+  charts::YearData year = charts::readYear(year_);
   if (!services_.paths.YearDatabaseName.empty())
     year.databaseName = services_.paths.YearDatabaseName;
   return year;

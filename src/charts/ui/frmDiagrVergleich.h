@@ -1,7 +1,6 @@
 #pragma once
 
 #include <QShowEvent>
-#include <functional>
 #include <optional>
 
 #include "charts/YearComparison.h"
@@ -12,10 +11,8 @@
 class frmDiagrVergleich final : public charts::ChartWindow {
   Q_OBJECT
  public:
-  using YearSource = std::function<charts::YearData()>;
-  // openYear delivers the rows of the utility tables, other opens the file that the user chooses.
-  frmDiagrVergleich(const dialogs::Services& services, YearSource openYear,
-                    charts::ComparisonSource& other, QWidget* parent = nullptr);
+  frmDiagrVergleich(const dialogs::Services& services, const yearbook::YearSession& year,
+                    QWidget* parent = nullptr);
 
   // Five members, 1 to 5.
   QRadioButton* Option1(int index) const {
@@ -34,8 +31,7 @@ class frmDiagrVergleich final : public charts::ChartWindow {
   charts::YearData openYear() const;
   void draw();
 
-  YearSource openYear_;
-  charts::ComparisonSource& other_;
+  const yearbook::YearSession& year_;
   std::optional<charts::YearData> otherYear_;
   std::array<QRadioButton*, charts::kLastComparison> selections_{};
   int index_ = charts::kFirstComparison;

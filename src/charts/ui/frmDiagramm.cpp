@@ -4,10 +4,10 @@
 
 using namespace Qt::Literals::StringLiterals;
 
-frmDiagramm::frmDiagramm(const dialogs::Services& services, YearSource year, const QString& mode,
-                         QWidget* parent)
+frmDiagramm::frmDiagramm(const dialogs::Services& services, const yearbook::YearSession& year,
+                         const QString& mode, QWidget* parent)
     : ChartWindow("frmDiagramm", u"Diagramme Verbrauchsverwaltung"_s, services, parent),
-      year_(std::move(year)),
+      year_(year),
       selection_(charts::selectionOf(mode.toStdString())) {
   const std::array captions = {u""_s,          u"Strom"_s,    u"Gas"_s,
                                u"Wasser"_s,    u"Abwasser"_s, u"Wasser u. Abwasser"_s,
@@ -31,14 +31,14 @@ void frmDiagramm::load() {
       charts::readSettings(services_.files, services_.paths.DataFolder);
   selectType(settings.type);
   if (settings.threeD) opt3D->setChecked(true);
-  const charts::YearData year = year_();
+  const charts::YearData year = charts::readChartTable(year_);
   charts::ChartModel model = charts::monthlyChart(year, selection_);
   model.caption = charts::openingCaption(year, selection_);
   Chart2D1->setModel(std::move(model));
 }
 
 void frmDiagramm::draw() {
-  Chart2D1->setModel(charts::monthlyChart(year_(), selection_));
+  Chart2D1->setModel(charts::monthlyChart(charts::readChartTable(year_), selection_));
 }
 
 void frmDiagramm::Option1Click(int index) {

@@ -1,7 +1,6 @@
 #pragma once
 
 #include <QShowEvent>
-#include <functional>
 
 #include "charts/YearData.h"
 #include "charts/ui/ChartWindow.h"
@@ -11,11 +10,10 @@
 class frmDiagramm final : public charts::ChartWindow {
   Q_OBJECT
  public:
-  // mode: "alle", "strom", "nachtstrom", "gas", "wasser", "abwasser" or "ww". year delivers the
-  // rows of the chart table with the months' captions.
-  using YearSource = std::function<charts::YearData()>;
-  frmDiagramm(const dialogs::Services& services, YearSource year, const QString& mode,
-              QWidget* parent = nullptr);
+  // mode: "alle", "strom", "nachtstrom", "gas", "wasser", "abwasser" or "ww". The chart table is up
+  // to date.
+  frmDiagramm(const dialogs::Services& services, const yearbook::YearSession& year,
+              const QString& mode, QWidget* parent = nullptr);
 
   // Member 0 is hidden and set until a selection is made.
   const widgets::ControlArray<QRadioButton, charts::kSelectionCount> Option1{this, "Option1"};
@@ -31,6 +29,6 @@ class frmDiagramm final : public charts::ChartWindow {
   void draw();
   void Option1Click(int index);
 
-  YearSource year_;
+  const yearbook::YearSession& year_;
   charts::Selection selection_;
 };

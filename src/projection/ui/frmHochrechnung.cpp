@@ -10,6 +10,7 @@
 
 #include "base/GermanNumber.h"
 #include "dialogs/Prompts.h"
+#include "projection/YearProjection.h"
 
 using namespace Qt::StringLiterals;
 
@@ -28,16 +29,15 @@ QLabel* labelFor(QWidget* field, const QString& text) {
 
 }  // namespace
 
-frmHochrechnung::frmHochrechnung(const dialogs::Services& services,
-                                 projection::ProjectionSource source, QWidget* parent)
-    : QDialog(parent), services_(services), source_(std::move(source)) {
+frmHochrechnung::frmHochrechnung(const dialogs::Services& services, yearbook::YearSession& year,
+                                 QWidget* parent)
+    : QDialog(parent), services_(services), year_(year) {
   setObjectName(u"frmHochrechnung"_s);
   setWindowTitle(u"Hochrechnung auf das Jahr"_s);
   makePrintDialog = [this] { return std::make_unique<clsPrintDialog>(services_.prompts); };
   setTexts();
   buildLayout();
-  if (base::parseDate(source_.startDate))
-    txtDatumStrom->setText(QString::fromStdString(source_.startDate));
+  showStartDate();
   for (widgets::DateField* field : {txtDatumStrom, Text1}) field->installEventFilter(this);
   connect(Command12, &QPushButton::clicked, this, &frmHochrechnung::Calculate);
   connect(Command1, &QPushButton::clicked, this, &frmHochrechnung::Print);
@@ -171,19 +171,14 @@ void frmHochrechnung::Calculate() {
   if (txtDatumStrom->date()) storeStartDate();
   // What an earlier calculation left goes even if this one is refused.
   if (!chkGrundgeb->isChecked()) showBaseFee(false);
-  projection::ProjectionInput input;
+  projection::ProjectionInput input = projection::projectionInput(year_);
   input.startDate = txtDatumStrom->text().toStdString();
   input.readingDate = Text1->text().toStdString();
-  input.consumption = source_.consumption;
-  input.unitPrice = source_.unitPrice;
-  input.vatRate = source_.vatRate;
-  input.baseFee = source_.baseFee;
-  input.startMonth = source_.startMonth;
   input.addBaseFee = chkGrundgeb->isChecked();
   const projection::ProjectionOutcome outcome = project(input);
   if (outcome.figures || outcome.startMonthDiffers)
     txtVerbrBisher->setText(
-        QString::fromStdString(base::formatShort(source_.consumption.value_or(0), 2, true)));
+        QString::fromStdString(base::formatShort(input.consumption.value_or(0), 2, true)));
   if (outcome.figures) return showFigures(*outcome.figures);
   warn(outcome.message);
   if (outcome.startMonthDiffers && fraStartDatum->isVisible()) txtDatumStrom->setFocus();
@@ -232,14 +227,16 @@ void frmHochrechnung::fieldLeft(widgets::DateField* field) {
 
 void frmHochrechnung::storeStartDate() {
   const std::string date = txtDatumStrom->text().toStdString();
-  if (date == source_.startDate || !source_.storeStartDate) return;
-  if (const auto stored = source_.storeStartDate(date); !stored) {
-    txtDatumStrom->setText(QString::fromStdString(source_.startDate));
+  if (date == year_.values().startDate) return;
+  if (const auto stored = year_.storeStartDate(date); !stored) {
+    showStartDate();
     services_.prompts.tell(this, QString::fromStdString(base::germanMessage(stored.error())),
                            u"Eingabe Datum"_s, dialogs::Icon::Warning);
-    return;
   }
-  source_.startDate = date;
+}
+
+void frmHochrechnung::showStartDate() {
+  txtDatumStrom->setText(QString::fromStdString(year_.values().startDate));
 }
 
 void frmHochrechnung::done(int result) {

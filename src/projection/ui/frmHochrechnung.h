@@ -14,15 +14,15 @@
 #include "dialogs/Services.h"
 #include "dialogs/clsPrintDialog.h"
 #include "projection/Projection.h"
-#include "projection/ProjectionSource.h"
 #include "widgets/DateField.h"
 #include "widgets/control.h"
+#include "yearbook/YearSession.h"
 
 // Extends the cost of the day tariff so far to a year of 365 days.
 class frmHochrechnung final : public QDialog {
   Q_OBJECT
  public:
-  frmHochrechnung(const dialogs::Services& services, projection::ProjectionSource source,
+  frmHochrechnung(const dialogs::Services& services, yearbook::YearSession& year,
                   QWidget* parent = nullptr);
 
   void Calculate();
@@ -63,6 +63,7 @@ class frmHochrechnung final : public QDialog {
   void setTexts();
   void fieldLeft(widgets::DateField* field);
   void storeStartDate();
+  void showStartDate();
   void warn(const std::string& message);
   void showFigures(const projection::ProjectionFigures& figures);
   void showBaseFee(bool shown);
@@ -71,6 +72,6 @@ class frmHochrechnung final : public QDialog {
   void printOn(QPrinter& printer, const QPixmap& picture);
 
   const dialogs::Services& services_;
-  projection::ProjectionSource source_;
+  yearbook::YearSession& year_;
   bool calculatedOnce_ = false;
 };

@@ -18,12 +18,9 @@ constexpr PrintMargins kMargins = {540, 540};
 
 }  // namespace
 
-DetailPage::DetailPage(const dialogs::Services& services, Provider provider, int openedMonth,
+DetailPage::DetailPage(const dialogs::Services& services, const yearbook::YearSession& year,
                        QWidget* parent)
-    : QFrame(parent),
-      services_(services),
-      provider_(std::move(provider)),
-      openedMonth_(openedMonth) {
+    : QFrame(parent), services_(services), year_(year) {
   setObjectName(u"fraDrucke"_s);
   setCaptions();
   buildLayout();
@@ -95,14 +92,15 @@ void DetailPage::showEvent(QShowEvent* event) {
 // A household without a night tariff need not take its empty block out of every print-out. What is
 // ticked by hand stays until the tariff is shown or hidden again.
 void DetailPage::followNightTariff() {
-  const bool shown = provider_().nightShown;
+  const bool shown = year_.values().nightShown;
   if (shown != nightShown_) chkStromNS->setChecked(shown);
   nightShown_ = shown;
 }
 
 void DetailPage::cmdTabelleClick() {
   const MeterChoice choice = ticked();
-  grdDruckAlle->setGrid(buildDetailTable(provider_(), choice, measureOn(*grdDruckAlle)));
+  grdDruckAlle->setGrid(buildDetailTable(detailInput(year_, services_.clock.today()), choice,
+                                         measureOn(*grdDruckAlle)));
   const bool anyBlock = std::find(choice.begin(), choice.end(), true) != choice.end();
   for (QPushButton* button : {Command11, cmdVorschauAlle, Command10, cmdCsv, cmdKopierenAlle})
     button->setEnabled(anyBlock);
@@ -122,7 +120,7 @@ void DetailPage::cmdVorschauAlleClick() {
 }
 
 void DetailPage::Command10Click() {
-  exportPage(grdDruckAlle->grid(), services_.paths.DataFolder + detailPageName(openedMonth_),
+  exportPage(grdDruckAlle->grid(), services_.paths.DataFolder + detailPageName(year_.openedMonth()),
              services_, this);
 }
 

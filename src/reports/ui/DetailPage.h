@@ -4,9 +4,8 @@
 #include <QFrame>
 #include <QPushButton>
 #include <array>
-#include <functional>
 
-#include "reports/DetailTable.h"
+#include "reports/YearReport.h"
 #include "reports/ui/FlexGrid.h"
 #include "reports/ui/PrintActions.h"
 #include "widgets/control.h"
@@ -17,9 +16,7 @@ namespace reports {
 class DetailPage final : public QFrame {
   Q_OBJECT
  public:
-  using Provider = std::function<DetailInput()>;
-  // openedMonth: calendar month in which the year was opened, it names the exported page.
-  DetailPage(const dialogs::Services& services, Provider provider, int openedMonth,
+  DetailPage(const dialogs::Services& services, const yearbook::YearSession& year,
              QWidget* parent = nullptr);
 
   void cmdTabelleClick();
@@ -55,8 +52,7 @@ class DetailPage final : public QFrame {
   GridPrinter pages() const;
 
   const dialogs::Services& services_;
-  const Provider provider_;
-  const int openedMonth_;
+  const yearbook::YearSession& year_;
   bool nightShown_ = true;
 };
 

@@ -13,8 +13,9 @@ using namespace Qt::StringLiterals;
 
 namespace reports {
 
-OverviewPage::OverviewPage(const dialogs::Services& services, Provider provider, QWidget* parent)
-    : QFrame(parent), services_(services), provider_(std::move(provider)) {
+OverviewPage::OverviewPage(const dialogs::Services& services, const yearbook::YearSession& year,
+                           QWidget* parent)
+    : QFrame(parent), services_(services), year_(year) {
   setObjectName(u"Frame4"_s);
   buildLayout();
   connect(cmdDrucken, &QPushButton::clicked, this, &OverviewPage::cmdDruckenClick);
@@ -55,8 +56,7 @@ void OverviewPage::showEvent(QShowEvent* event) {
 }
 
 void OverviewPage::rebuild() {
-  const OverviewInput input = provider_();
-  openedMonth_ = input.currentMonth;
+  const OverviewInput input = overviewInput(year_);
   grdDruck->setGrid(buildOverview(input, measureOn(*grdDruck)));
   QStringList sentences;
   for (const std::string& sentence : plainSummary(input))
@@ -79,7 +79,7 @@ void OverviewPage::cmdVorschauClick() {
 }
 
 void OverviewPage::cmdExpHtmlClick() {
-  exportPage(grdDruck->grid(), services_.paths.DataFolder + overviewPageName(openedMonth_),
+  exportPage(grdDruck->grid(), services_.paths.DataFolder + overviewPageName(year_.openedMonth()),
              services_, this);
 }
 

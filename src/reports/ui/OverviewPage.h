@@ -3,9 +3,8 @@
 #include <QFrame>
 #include <QLabel>
 #include <QPushButton>
-#include <functional>
 
-#include "reports/OverviewBuilder.h"
+#include "reports/YearReport.h"
 #include "reports/ui/FlexGrid.h"
 #include "reports/ui/PrintActions.h"
 #include "widgets/control.h"
@@ -18,8 +17,8 @@ namespace reports {
 class OverviewPage final : public QFrame {
   Q_OBJECT
  public:
-  using Provider = std::function<OverviewInput()>;
-  OverviewPage(const dialogs::Services& services, Provider provider, QWidget* parent = nullptr);
+  OverviewPage(const dialogs::Services& services, const yearbook::YearSession& year,
+               QWidget* parent = nullptr);
 
   void rebuild();
   void cmdDruckenClick();
@@ -43,8 +42,7 @@ class OverviewPage final : public QFrame {
   GridPrinter pages() const;
 
   const dialogs::Services& services_;
-  const Provider provider_;
-  int openedMonth_ = 1;
+  const yearbook::YearSession& year_;
 };
 
 }  // namespace reports

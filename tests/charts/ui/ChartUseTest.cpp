@@ -228,8 +228,7 @@ TEST_F(ChartUse, PicturesAreLightInADarkWindow) {
 TEST_F(ChartUse, APictureIsReplacedWholeOrStaysAsItWas) {
   support::FailingFileSystem failing(files_);
   const dialogs::Services services{paths_, failing, clock_, prompts_, shell_, navigator_};
-  frmDiagramm window(
-      services, [this] { return year_; }, u"strom"_s);
+  frmDiagramm window(services, *year_, u"strom"_s);
   put("alt.bmp", "das alte Bild");
   for (std::size_t call = 0;; ++call) {
     failing.arm({call, true});
@@ -353,7 +352,6 @@ TEST_F(ChartUse, EveryComparisonSetsBothYearsSideBySide) {
 // The real source, over files that are none: a text, half a year, nothing at all, one that another
 // program has open.
 TEST_F(ChartUse, AYearThatCannotBeReadLeavesItsSeriesEmptyAndTheWindowAtWork) {
-  charts::FileComparisonSource source(files_);
   put("Text.kwd", "kein Jahr");
   const base::Bytes whole = support::emptyYear();
   files_.put("/daten/Halb.kwd", base::ByteSpan(whole).first(whole.size() / 2));
@@ -362,8 +360,7 @@ TEST_F(ChartUse, AYearThatCannotBeReadLeavesItsSeriesEmptyAndTheWindowAtWork) {
   ASSERT_TRUE(other);
   const auto before = files_.contents();
   prompts_.answerPath({});
-  frmDiagrVergleich window(
-      services_, [this] { return year_; }, source);
+  frmDiagrVergleich window(services_, *year_);
   window.show();
   QTest::qWait(1);
   for (const char* name : {"Text", "Halb", "Fehlt", "Offen"}) {

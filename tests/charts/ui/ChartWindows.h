@@ -7,39 +7,27 @@
 #include "../SampleChart.h"
 #include "charts/ui/frmDiagrVergleich.h"
 #include "charts/ui/frmDiagramm.h"
-#include "support/MemoryFileSystem.h"
+#include "support/SampleYears.h"
 #include "support/ui/FakeNavigator.h"
 #include "support/ui/FakePrompts.h"
 
 // Both chart windows over a disk in memory, with the sample household's years.
-class FakeYears final : public charts::ComparisonSource {
- public:
-  charts::YearData open(const std::string& path) override {
-    opened.push_back(path);
-    return year;
-  }
-  std::vector<std::string> opened;
-  charts::YearData year = sample::sampleYear(2024);
-};
-
 class ChartWindows : public testing::Test {
  protected:
   ChartWindows() {
     paths_.DataFolder = "/daten/";
     paths_.YearDatabaseName = "Verbrauch2025.kwd";
-    files_.put("/daten/leer", {});
+    paths_.YearDatabasePath = year_->path();
   }
 
   std::unique_ptr<frmDiagramm> monthly(const char* mode = "strom") {
-    auto window = std::make_unique<frmDiagramm>(
-        services_, [this] { return ++reads_, year_; }, QString::fromLatin1(mode));
+    auto window = std::make_unique<frmDiagramm>(services_, *year_, QString::fromLatin1(mode));
     return window;
   }
   // Shown, with the first question answered.
   std::unique_ptr<frmDiagrVergleich> comparison(const QString& firstAnswer) {
     prompts_.answerPath(firstAnswer);
-    auto window = std::make_unique<frmDiagrVergleich>(
-        services_, [this] { return year_; }, years_);
+    auto window = std::make_unique<frmDiagrVergleich>(services_, *year_);
     window->show();
     QTest::qWait(1);
     return window;
@@ -59,9 +47,7 @@ class ChartWindows : public testing::Test {
   FakeShell shell_;
   FakeNavigator navigator_;
   dialogs::Services services_{paths_, files_, clock_, prompts_, shell_, navigator_};
-  charts::YearData year_ = sample::sampleYear(2025);
-  FakeYears years_;
-  int reads_ = 0;
+  std::unique_ptr<yearbook::YearSession> year_ = sample::openYear(files_, "Verbrauch2025.kwd");
 };
 
 inline const charts::ChartModel& modelOf(const charts::ChartWindow& window) {

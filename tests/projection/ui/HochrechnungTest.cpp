@@ -3,8 +3,11 @@
 #include <QFile>
 #include <QTest>
 
+#include "SampleYear.h"
 #include "base/File.h"
 #include "projection/ui/frmHochrechnung.h"
+#include "readings/MeterReading.h"
+#include "support/SampleYears.h"
 #include "support/TemporaryFolder.h"
 #include "support/ui/FakeNavigator.h"
 #include "support/ui/FakePrintSystem.h"
@@ -16,24 +19,21 @@ namespace {
 
 class Hochrechnung : public testing::Test {
  protected:
-  projection::ProjectionSource source() {
-    projection::ProjectionSource source;
-    source.startDate = "01.01.2024";
-    source.consumption = 1542;
-    source.unitPrice = 29.6;
-    source.vatRate = 19;
-    source.baseFee = base::Money::roundHalfEven(154.8);
-    source.startMonth = "Januar";
-    source.storeStartDate = [this](const std::string& date) -> base::Result<void> {
-      if (refuse_) return base::fail(base::ErrorCode::ReadOnly, {}, "Verbrauch.kwd");
-      stored_.push_back(date);
-      return {};
-    };
-    return source;
+  Hochrechnung() : year_(sample::openYear(disk_, "Verbrauch2024.kwd")) {
+    // 1.542 kWh in half a year.
+    auto readings = sample::year2024().readings[yearbook::Meter::Day];
+    std::fill(readings.begin() + 6, readings.end(), 0);
+    EXPECT_TRUE(readings::takeOver(*year_, yearbook::Meter::Day, readings, {}));
   }
+  std::unique_ptr<yearbook::YearSession> reopen() {
+    auto year = yearbook::YearSession::open(disk_, "/daten/Verbrauch2024.kwd", "/daten/", clock_);
+    EXPECT_TRUE(year);
+    return std::move(*year);
+  }
+  std::string stored() const { return year_->adoZStaende.text(0, yearbook::zstaende::startDate); }
 
   frmHochrechnung& open() {
-    window_ = std::make_unique<frmHochrechnung>(services_, source());
+    window_ = std::make_unique<frmHochrechnung>(services_, *year_);
     window_->QWidget::show();
     window_->activateWindow();
     EXPECT_TRUE(QTest::qWaitForWindowActive(window_.get()));
@@ -57,8 +57,8 @@ class Hochrechnung : public testing::Test {
   FakeShell shell_;
   FakeNavigator navigator_;
   dialogs::Services services_{paths_, *files_, clock_, prompts_, shell_, navigator_};
-  std::vector<std::string> stored_;
-  bool refuse_ = false;
+  support::MemoryFileSystem disk_;
+  std::unique_ptr<yearbook::YearSession> year_;
   std::unique_ptr<frmHochrechnung> window_;
 };
 
@@ -146,7 +146,7 @@ TEST_F(Hochrechnung, LeavingAFieldChecksItsDateAndKeepsAValidStart) {
   QTest::keyClick(window.txtDatumStrom, Qt::Key_Return);
   QCoreApplication::processEvents();
   EXPECT_TRUE(window.Text1->hasFocus());
-  EXPECT_EQ(stored_, std::vector<std::string>({"5.1.2024"}));
+  EXPECT_EQ(stored(), "5.1.2024");
   EXPECT_TRUE(prompts_.shown.empty());
 
   QTest::keyClicks(window.Text1, u"31.2.2024"_s);
@@ -165,18 +165,20 @@ TEST_F(Hochrechnung, ClosingWithAClickKeepsAValidStartAndAsksNothing) {
   QTest::mouseClick(window.Command2, Qt::LeftButton);
   QCoreApplication::processEvents();
   EXPECT_FALSE(window.isVisible());
-  EXPECT_EQ(stored_, std::vector<std::string>({"2.1.2024"}));
+  EXPECT_EQ(stored(), "2.1.2024");
   EXPECT_TRUE(prompts_.shown.empty());
 }
 
 TEST_F(Hochrechnung, DateThatCannotBeStoredIsToldAndTheStoredOneShown) {
+  year_.reset();
+  disk_.protect("/daten/Verbrauch2024.kwd");
+  year_ = reopen();
   frmHochrechnung& window = openAndAnswer();
-  refuse_ = true;
   window.txtDatumStrom->setText(u"2.1.2024"_s);
   window.Text1->setFocus();
   QCoreApplication::processEvents();
   ASSERT_EQ(prompts_.shown.size(), 1U);
-  EXPECT_TRUE(prompts_.last().text.contains(u"Verbrauch.kwd"_s));
+  EXPECT_TRUE(prompts_.last().text.contains(u"Verbrauch2024.kwd"_s));
   EXPECT_EQ(window.txtDatumStrom->text(), u"01.01.2024"_s);
 }
 

@@ -37,10 +37,10 @@ class ReportPages : public testing::Test {
   FakeShell shell_;
   FakeNavigator navigator_;
   dialogs::Services services_{paths_, *files_, clock_, prompts_, shell_, navigator_};
-  reports::OverviewInput overview_ = sample::overview2025();
-  reports::DetailInput detail_ = sample::detail2025();
-  reports::OverviewPage overviewPage_{services_, [this] { return overview_; }};
-  reports::DetailPage detailPage_{services_, [this] { return detail_; }, 11};
+  support::MemoryFileSystem disk_;
+  std::unique_ptr<yearbook::YearSession> year_ = sample::openYear(disk_, "Verbrauch2025.kwd");
+  reports::OverviewPage overviewPage_{services_, *year_};
+  reports::DetailPage detailPage_{services_, *year_};
 };
 
 TEST_F(ReportPages, OverviewIsBuiltAnewEachTimeItIsShown) {
@@ -50,9 +50,9 @@ TEST_F(ReportPages, OverviewIsBuiltAnewEachTimeItIsShown) {
   EXPECT_EQ(overviewPage_.lblKlartext->text().section(u'\n', 0, 0),
             u"Strom: Nachzahlung 25,99 €; passender Abschlag wäre 138,17 € im Monat."_s);
   overviewPage_.hide();
-  overview_ = sample::overview2024();
+  ASSERT_TRUE(year_->zeroAdvances(yearbook::Utility::Electricity));
   overviewPage_.show();
-  EXPECT_EQ(cellText(*overviewPage_.grdDruck, 30, 1), u"-61,01"_s);
+  EXPECT_EQ(cellText(*overviewPage_.grdDruck, 30, 1), u"1.657,99"_s);
 }
 
 TEST_F(ReportPages, OverviewExportWritesTellsAndOpens) {
@@ -92,7 +92,7 @@ TEST_F(ReportPages, PrintingAsksWithNamePortraitAndCancelPrintsNothing) {
 }
 
 TEST_F(ReportPages, AHiddenNightTariffIsNotTicked) {
-  detail_.nightShown = false;
+  ASSERT_TRUE(year_->setNightShown(false));
   detailPage_.show();
   EXPECT_FALSE(detailPage_.chkStromNS->isChecked());
   EXPECT_EQ(cellText(*detailPage_.grdDruckAlle, 20, 0), u"Wasser"_s);

@@ -60,10 +60,9 @@ class ReportUse : public testing::Test {
   FakeShell shell_;
   FakeNavigator navigator_;
   dialogs::Services services_{paths_, failing_, clock_, prompts_, shell_, navigator_};
-  reports::OverviewInput overview_ = sample::overview2025();
-  reports::DetailInput detail_ = sample::detail2025();
-  reports::OverviewPage overviewPage_{services_, [this] { return overview_; }};
-  reports::DetailPage detailPage_{services_, [this] { return detail_; }, 11};
+  std::unique_ptr<yearbook::YearSession> year_ = sample::openYear(disk_, "Verbrauch2025.kwd");
+  reports::OverviewPage overviewPage_{services_, *year_};
+  reports::DetailPage detailPage_{services_, *year_};
 };
 
 // Ticking alone changes nothing; the button below rebuilds the table from what is ticked.
@@ -87,7 +86,7 @@ TEST_F(ReportUse, EveryMetersBlockComesAndGoesWithItsTick) {
     detailPage_.cmdTabelle->click();
     EXPECT_EQ(firstColumn().size(), rows);
   }
-  detail_ = sample::detail2024();
+  ASSERT_TRUE(year_->clear(yearbook::Utility::Electricity));
   const auto amount = [&] { return detailPage_.grdDruckAlle->model()->index(4, 1).data(); };
   const QVariant before = amount();
   detailPage_.cmdTabelle->click();
