@@ -80,6 +80,7 @@ TEST(MeterReading, TheReadingBeforeIsCarriedInSinglePrecision) {
   // 16.777.217 has no single-precision form; its neighbour is 16.777.216.
   const auto months = workOut(PriceRule::EuroPerUnit, yearFrom(0, {16777217, 16777218}));
   EXPECT_THAT(consumptions(months, 2), ElementsAre(16777217, 2));
+  EXPECT_EQ(workOut(PriceRule::EuroPerUnit, yearFrom(16777217, {16777218}))[0].consumption, 2);
 }
 
 TEST(MeterReading, AnAmountBeyondAnyMoneyFieldIsNotMadeUp) {

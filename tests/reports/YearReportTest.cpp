@@ -47,6 +47,23 @@ TEST_F(YearReport, FreshYearHasNoReadings) {
   EXPECT_EQ(input.months[Utility::Electricity][11].month, "Dezember");
 }
 
+// A household with a well pays for waste water alone; a meter change leaves a reading and nothing
+// used.
+TEST_F(YearReport, AMonthCountsAsReadByEitherMeterOfItsUtility) {
+  const auto year = open("Verbrauch.kwd");
+  ASSERT_TRUE(year->transact({}, [](yearbook::YearRows& rows) -> base::Result<void> {
+    using namespace yearbook;
+    if (auto set = rows.adoWasser.setNumber(0, wasser::wasteReading, 12); !set) return set;
+    if (auto set = rows.adoWasser.setNumber(1, wasser::wasteConsumption, 3); !set) return set;
+    if (auto set = rows.adoWasser.setNumber(1, wasser::reading, 8); !set) return set;
+    return rows.adoStrom.setNumber(4, strom::nightReading, 9);
+  }));
+  const auto input = reports::overviewInput(*year);
+  EXPECT_EQ(input.monthsRead[Utility::Water], 2);
+  EXPECT_EQ(input.monthsRead[Utility::Electricity], 1);
+  EXPECT_EQ(input.monthsRead[Utility::Gas], 0);
+}
+
 TEST_F(YearReport, ClearedUtilityShowsNoTotals) {
   const auto year = open("Verbrauch2024.kwd");
   ASSERT_TRUE(sample::enter(*year, sample::year2024()));

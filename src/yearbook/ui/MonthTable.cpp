@@ -134,7 +134,9 @@ void MonthTable::bindAdvances() {
         {advance(i), EntryKind::Amount,
          [this, i](const FieldValues& values) { return euro(values.advances[utility_][i]); },
          [this, i](std::optional<double> value) -> base::Result<void> {
-           const auto amount = toMoney(value);
+           const std::string name = editor_.session().monthNames(utility_)[i];
+           const auto amount =
+               toMoney(value, name + ", " + std::string(factsOf(utility_).advance->words));
            if (!amount) return base::Failure(amount.error());
            return editor_.session().storeAdvance(utility_, i, *amount);
          }});

@@ -10,11 +10,15 @@ std::optional<double> euro(std::optional<Money> amount) {
   return amount ? std::optional(amount->toDouble()) : std::nullopt;
 }
 
-base::Result<std::optional<Money>> toMoney(std::optional<double> euro) {
+base::Result<std::optional<Money>> toMoney(std::optional<double> euro, std::string field) {
   if (!euro) return std::optional<Money>();
   const auto amount = Money::tryRoundHalfEven(*euro);
-  if (!amount) return base::fail(base::ErrorCode::InvalidValue, "der Betrag ist zu groß");
-  return amount;
+  if (amount) return amount;
+  base::Error error;
+  error.code = base::ErrorCode::InvalidValue;
+  error.subject = std::move(field);
+  error.detail = "der Betrag ist zu groß";
+  return base::fail(std::move(error));
 }
 
 YearEditor::YearEditor(dialogs::Services& services, YearSession& session, QWidget* owner)
@@ -48,7 +52,7 @@ void YearEditor::bindBaseFee(widgets::NumberField* field, Meter meter) {
   bind({field, EntryKind::Amount,
         [meter](const FieldValues& values) { return euro(values.baseFees[meter]); },
         [this, meter](std::optional<double> value) -> base::Result<void> {
-          const auto fee = toMoney(value);
+          const auto fee = toMoney(value, std::string(factsOf(meter).baseFee->words));
           if (!fee) return base::Failure(fee.error());
           return session_.storeBaseFee(meter, *fee);
         }});

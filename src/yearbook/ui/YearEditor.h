@@ -71,6 +71,6 @@ class YearEditor final : public QObject {
 // A number of the session in euro, and a typed number as an amount for it. InvalidValue beyond the
 // range of an amount.
 std::optional<double> euro(std::optional<Money> amount);
-base::Result<std::optional<Money>> toMoney(std::optional<double> euro);
+base::Result<std::optional<Money>> toMoney(std::optional<double> euro, std::string field);
 
 }  // namespace yearbook
