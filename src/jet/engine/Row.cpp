@@ -46,8 +46,12 @@ Result<void> RowView::read(const format::RowFormat& layout, const TableDef& tabl
   if (columnCount_ > table.maxColumns) return wrong("a row has too many columns");
   if (bytes.size() < layout.numberWidth + maskSize) return wrong("a row is too short");
   mask_ = bytes.subspan(bytes.size() - maskSize);
-  if (table.variableSlots > 0) return readVariable(layout, table.variableSlots);
   fixed_ = bytes.subspan(layout.numberWidth, bytes.size() - maskSize - layout.numberWidth);
+  if (table.variableSlots > 0)
+    if (auto done = readVariable(layout, table.variableSlots); !done) return done;
+  // Only rows from before the last columns came have less.
+  if (columnCount_ == table.maxColumns && fixed_.size() < table.fixedLength)
+    return wrong("a row is too short");
   return {};
 }
 

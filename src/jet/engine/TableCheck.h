@@ -24,6 +24,7 @@ class TableCheck {
   void checkPage(std::uint32_t number);
   void checkRows();
   void checkRow(std::size_t position);
+  void checkRowCount();
   void checkTargets();
   void claimLongValue(const ColumnDef& column, base::ByteSpan field);
   void checkLongValues(const ColumnDef& column);

@@ -2,9 +2,11 @@
 
 #include <algorithm>
 #include <bitset>
+#include <set>
 
 #include "base/Paths.h"
 #include "jet/engine/Damage.h"
+#include "jet/engine/FieldValue.h"
 
 namespace jet {
 namespace {
@@ -198,18 +200,53 @@ Result<void> DefinitionReader::readColumn(ByteSpan record) {
   return {};
 }
 
+// What a column's type says about its length.
+bool lengthFits(const format::Version& format, const Column& column) {
+  const auto length = static_cast<std::size_t>(column.length);
+  switch (column.type) {
+    case ColumnType::Boolean:
+      return length == 1;
+    case ColumnType::Memo:
+    case ColumnType::Ole:
+      return length == 0;
+    case ColumnType::Text:
+    case ColumnType::Binary:
+      return length >= 1 && length <= format.column.longestBinary;
+    case ColumnType::FixedBinary:
+      return length >= 1;
+    default:
+      return length == fixedSizeOf(column.type);
+  }
+}
+
+// Every column has a place of its own, whose size is that of its type. Where no column was deleted,
+// there is no place without a column either.
 Result<void> DefinitionReader::checkColumns() {
+  const bool complete = columnCount_ == table_.maxColumns;
   std::bitset<kMaxColumns> numbers;
+  std::bitset<kMaxColumns> slots;
+  std::set<std::string> names;
+  std::vector<bool> fixed(std::min(table_.fixedLength, format_.pageSize));
+  if (table_.fixedLength > format_.pageSize) return wrong("fixed columns are longer than a page");
   for (const ColumnDef& def : table_.columns) {
     const Column& column = def.column;
     const auto number = static_cast<std::size_t>(column.number);
-    const bool sound =
-        number < table_.maxColumns && !numbers[number] &&
-        (def.isFixed() || column.type == ColumnType::Boolean || def.slot < table_.variableSlots);
+    bool sound = number < table_.maxColumns && !numbers[number] && lengthFits(format_, column) &&
+                 names.insert(base::lowerCase(column.name)).second;
+    if (sound && column.type != ColumnType::Boolean && def.isFixed()) {
+      const auto place = fixed.begin() + static_cast<std::ptrdiff_t>(def.fixedOffset);
+      sound = std::find(place, place + column.length, true) == place + column.length;
+      std::fill(place, place + column.length, true);
+    } else if (sound && column.type != ColumnType::Boolean) {
+      sound = def.slot < table_.variableSlots && !slots[def.slot];
+      if (sound) slots.set(def.slot);
+    }
     if (!sound) return wrong("column %1 is described wrongly", column.name);
     numbers.set(number);
   }
-  if (table_.fixedLength > format_.pageSize) return wrong("fixed columns are longer than a page");
+  const bool gap = slots.count() < table_.variableSlots ||
+                   std::find(fixed.begin(), fixed.end(), false) != fixed.end();
+  if (complete && gap) return wrong("a place in the rows has no column");
   return {};
 }
 
