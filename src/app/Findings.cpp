@@ -3,14 +3,13 @@
 #include <algorithm>
 
 namespace app {
-
 std::string describe(const jet::Finding& finding) {
   const base::Error& error = finding.error;
   std::string place = error.subject;
   if (error.page) place += (place.empty() ? "Seite " : ", Seite ") + std::to_string(*error.page);
   if (place.empty()) return base::germanReason(error);
-  return place + ": " +
-         (error.detail.empty() ? base::germanReason(error) : base::germanDetail(error)) + ".";
+  if (!error.detail.empty()) return place + ": " + base::germanDetail(error) + ".";
+  return place + ": " + base::germanReason(base::fail(error.code, "").value());
 }
 
 std::string advice(const std::vector<jet::Finding>& findings) {

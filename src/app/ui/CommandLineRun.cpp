@@ -5,6 +5,7 @@
 #include "reports/Exports.h"
 #include "reports/YearReport.h"
 #include "reports/ui/PdfExport.h"
+#include "yearbook/YearCheck.h"
 #include "yearbook/YearSession.h"
 
 namespace app {
@@ -48,9 +49,9 @@ base::Result<void> writeReport(const CommandLine& line, const Console& console) 
 int check(const CommandLine& line, const Console& console) {
   jet::OpenOptions options;
   options.readOnly = options.acceptPassword = options.acceptEncryption = true;
-  const auto database = jet::Database::open(console.files, line.file, options);
+  auto database = jet::Database::open(console.files, line.file, options);
   if (!database) return failed(console, database.error());
-  const auto findings = database->check();
+  const auto findings = yearbook::checkYear(*database);
   int errors = 0;
   for (const jet::Finding& finding : findings) {
     console.out << (finding.warning ? "Hinweis: " : "Fehler: ") << describe(finding) << '\n';
