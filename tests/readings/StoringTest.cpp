@@ -109,3 +109,16 @@ TEST_F(Storing, TheYearFeeIsStoredWholeOrNotAtAll) {
   fees.fill(14);
   expectAllOrNothing([&](YearSession& year) { return storeYearFee(year, Meter::Day, fees); });
 }
+
+// The window of readings prices gas by its factor whatever it is, the one of prices leaves out a
+// factor that nobody has entered.
+TEST_F(Storing, WithoutAFactorGasIsPricedAsIfItWereReadInKwh) {
+  auto year = open();
+  ASSERT_TRUE(year->storeGasFactor(0));
+  EXPECT_EQ(year->adoGas.money(0, yearbook::gas::amount), base::Money());
+  MonthTicks ticks{};
+  ticks[0] = true;
+  ASSERT_TRUE(storePrices(*year, Meter::Gas, ticks, 9));
+  EXPECT_EQ(year->adoGas.money(0, yearbook::gas::amount), base::Money::roundHalfEven(240 * 0.09));
+  EXPECT_EQ(year->adoGas.money(1, yearbook::gas::amount), base::Money());
+}

@@ -121,6 +121,8 @@ TEST(Bill, WaterAndWasteWaterAreTaxedSeparately) {
   EXPECT_EQ(bill.meters[Meter::Water].baseFeeVat, euro(7.14));
   EXPECT_EQ(bill.meters[Meter::WasteWater].baseFeeVat, Money());
   EXPECT_EQ(bill.gross[Utility::Water], Money::fromTenThousandths(6383750));
+  input.meters[Meter::Water].baseFee = euro(-102);
+  EXPECT_EQ(billOf(input).meters[Meter::Water].baseFeeVat, Money());
 }
 
 // A month credited by the supplier: with nothing above 0 electricity and water show no VAT and no

@@ -178,6 +178,9 @@ TEST_F(StartMonth, AfterClearingTotalsComeBackWithTheFirstSummary) {
   ASSERT_TRUE(done(year->clear(Utility::Electricity)));
   ASSERT_TRUE(done(year->storeBaseFee(Meter::Day, Money())));
   ASSERT_TRUE(done(year->storeRemark(Utility::Electricity, 0, "leer")));
+  files.arm({0, true, base::ErrorCode::NoSpace, false});
+  EXPECT_FALSE(year->storeVat(Meter::Day, 19));
+  files.disarm();
   EXPECT_TRUE(year->values().cleared[Utility::Electricity]);
   ASSERT_TRUE(done(year->storeVat(Meter::Day, 19)));
   EXPECT_FALSE(year->values().cleared[Utility::Electricity]);
