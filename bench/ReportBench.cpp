@@ -5,34 +5,26 @@
 
 #include "Measure.h"
 #include "base/File.h"
+#include "base/Paths.h"
 #include "reports/Exports.h"
 #include "reports/FlexGridHTML.h"
+#include "reports/YearReport.h"
 
 namespace {
 
-using base::Money;
-
 constexpr int kRounds = 201;
-
-reports::OverviewInput fullYear() {
-  reports::OverviewInput input;
-  input.yearFileName = "Verbrauch2025.kwd";
-  input.currentYear = 2026;
-  std::int64_t amount = 1234567;
-  for (auto* rows : {&input.electricity, &input.water, &input.gas})
-    for (std::size_t i = 0; i < rows->size(); ++i)
-      (*rows)[i] = {std::string(base::kMonthNames[i]), Money::fromTenThousandths(amount += 77777)};
-  input.dayAmount = input.waterAmount = input.gasAmount = Money::fromTenThousandths(12345678);
-  input.vatElectricity = input.vatGas = {"19", 19};
-  input.vatWater = {"7", 7};
-  return input;
-}
 
 }  // namespace
 
 int main(int, char** argv) {
-  const auto input = fullYear();
+  const auto original = bench::beside(argv[0], "beispiel/Verbrauch2025.kwd");
+  if (!original) return 1;
   const auto files = base::makeDiskFileSystem();
+  const base::SystemClock clock;
+  const auto year = yearbook::YearSession::open(
+      *files, *original, std::string(base::folderOf(*original)), clock, {.readOnly = true});
+  if (!year) return 1;
+  const auto input = reports::overviewInput(**year);
   const std::string path = bench::scratch(argv[0], "report-bench.html");
   const std::string finished =
       reports::FlexGridHTML::page(reports::buildOverview(input), reports::plainScreen());
