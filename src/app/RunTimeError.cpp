@@ -18,6 +18,8 @@ int errorNumber(base::ErrorCode code) {
       return 75;
     case base::ErrorCode::Cancelled:
       return 18;
+    case base::ErrorCode::InvalidName:
+      return 52;
     case base::ErrorCode::InvalidValue:
       return 5;
     case base::ErrorCode::Truncated:

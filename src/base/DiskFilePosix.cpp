@@ -39,6 +39,8 @@ ErrorCode codeOf(int number) {
     case EBUSY:
     case ETXTBSY:
       return ErrorCode::InUse;
+    case ENAMETOOLONG:
+      return ErrorCode::InvalidName;
     default:
       return ErrorCode::IoError;
   }
@@ -196,11 +198,14 @@ class DiskFile final : public File {
   std::string path_;
 };
 
-// Opens without waiting for the other end of a pipe, and without emptying: the lock comes first.
-Result<Descriptor> openRegular(const std::string& path, OpenMode mode) {
+constexpr mode_t kUsualRights = 0666;
+
+// Opens without waiting for the other end of a pipe. A new file comes into a free place only, so
+// that no link is followed that somebody has put there.
+Result<Descriptor> openRegular(const std::string& path, OpenMode mode, mode_t rights) {
   int flags = O_CLOEXEC | O_NONBLOCK | (mode == OpenMode::Read ? O_RDONLY : O_RDWR);
-  if (mode == OpenMode::Create) flags |= O_CREAT;
-  Descriptor descriptor(::open(path.c_str(), flags, 0666));
+  if (mode == OpenMode::Create) flags |= O_CREAT | O_EXCL | O_NOFOLLOW;
+  Descriptor descriptor(::open(path.c_str(), flags, rights));
   if (!descriptor.valid()) return systemFailure(errno, path);
   struct stat status = {};
   if (::fstat(descriptor.get(), &status) != 0) return systemFailure(errno, path);
@@ -215,18 +220,25 @@ Result<Descriptor> openRegular(const std::string& path, OpenMode mode) {
 class DiskFileSystem final : public FileSystem {
  public:
   Result<std::unique_ptr<File>> open(const std::string& path, OpenMode mode) override {
-    constexpr int kAttempts = 8;
-    for (int attempt = 0; attempt < kAttempts; ++attempt) {
-      auto descriptor = openRegular(path, mode);
-      if (!descriptor) return Failure(descriptor.error());
-      if (auto locked = lock(descriptor->get(), mode != OpenMode::Read, path); !locked)
-        return Failure(locked.error());
-      if (!stillNamed(descriptor->get(), path)) continue;  // replaced between opening and locking
-      if (mode == OpenMode::Create && ::ftruncate(descriptor->get(), 0) != 0)
-        return systemFailure(errno, path);
-      return std::make_unique<DiskFile>(std::move(*descriptor), path);
-    }
-    return fail(ErrorCode::InUse, {}, path);
+    auto descriptor = openLocked(path, mode, kUsualRights);
+    if (!descriptor) return Failure(descriptor.error());
+    return std::make_unique<DiskFile>(std::move(*descriptor), path);
+  }
+
+  Result<std::unique_ptr<File>> createLike(const std::string& path, const std::string& model,
+                                           Rights rights) override {
+    struct stat status = {};
+    if (model.empty() || ::stat(model.c_str(), &status) != 0 || !S_ISREG(status.st_mode))
+      return open(path, OpenMode::Create);
+    const mode_t wanted = (status.st_mode & kUsualRights) | S_IRUSR | S_IWUSR;
+    // Never more than in the end, not even for a moment; the system takes off what is unusual.
+    const bool exactly = rights == Rights::Same;
+    auto descriptor =
+        openLocked(path, OpenMode::Create, exactly ? mode_t{S_IRUSR | S_IWUSR} : wanted);
+    if (!descriptor) return Failure(descriptor.error());
+    // A medium that has no rights of its own gives each file the same.
+    if (exactly) static_cast<void>(::fchmod(descriptor->get(), wanted));
+    return std::make_unique<DiskFile>(std::move(*descriptor), path);
   }
 
   Result<FileInfo> info(const std::string& path) const override {
@@ -303,6 +315,35 @@ class DiskFileSystem final : public FileSystem {
       return holdShared(Descriptor(::open(path.c_str(), O_RDONLY | O_CLOEXEC | O_NONBLOCK)), path);
     if (auto locked = lock(descriptor.get(), true, path); !locked) return Failure(locked.error());
     return descriptor;
+  }
+  static Result<Descriptor> openLocked(const std::string& path, OpenMode mode, mode_t rights) {
+    constexpr int kAttempts = 8;
+    for (int attempt = 0; attempt < kAttempts; ++attempt) {
+      if (mode == OpenMode::Create)
+        if (auto made = makeRoom(path); !made) return Failure(made.error());
+      auto descriptor = openRegular(path, mode, rights);
+      const bool taken = !descriptor && descriptor.error().code == ErrorCode::AlreadyExists;
+      if (taken && mode == OpenMode::Create) continue;  // by somebody who was faster
+      if (!descriptor) return descriptor;
+      if (auto locked = lock(descriptor->get(), mode != OpenMode::Read, path); !locked)
+        return Failure(locked.error());
+      // Otherwise replaced between opening and locking.
+      if (stillNamed(descriptor->get(), path)) return descriptor;
+    }
+    return fail(ErrorCode::InUse, {}, path);
+  }
+  // Takes away what has the name of a new file: a file that nobody holds, or a link.
+  static Result<void> makeRoom(const std::string& path) {
+    struct stat status = {};
+    if (::lstat(path.c_str(), &status) != 0) return {};  // whatever it is, opening will say so
+    if (S_ISLNK(status.st_mode)) return checked(::unlink(path.c_str()), path);
+    if (!S_ISREG(status.st_mode))
+      return fail(ErrorCode::AccessDenied, "Das ist keine gewöhnliche Datei", path);
+    if (writeProtected(status))
+      return fail(ErrorCode::AccessDenied, "Die Datei ist schreibgeschützt", path);
+    const auto held = hold(path);
+    if (!held) return Failure(held.error());
+    return checked(::unlink(path.c_str()), path);
   }
   static Result<Descriptor> holdShared(Descriptor descriptor, const std::string& path) {
     struct stat status = {};

@@ -35,6 +35,8 @@ ErrorCode codeOf(DWORD number) {
       return ErrorCode::AccessDenied;
     case ERROR_WRITE_PROTECT:
       return ErrorCode::ReadOnly;
+    case ERROR_FILENAME_EXCED_RANGE:
+      return ErrorCode::InvalidName;
     case ERROR_DISK_FULL:
     case ERROR_HANDLE_DISK_FULL:
     case kQuotaExceeded:
@@ -205,11 +207,15 @@ class DiskFileSystem final : public FileSystem {
                              (attributes & FILE_ATTRIBUTE_READONLY) != 0;
     if (!reading && isProtected)
       return fail(ErrorCode::AccessDenied, "Die Datei ist schreibgeschützt", path);
+    // A new file comes into a free place only, so that no link is followed.
+    if (mode == OpenMode::Create && attributes != INVALID_FILE_ATTRIBUTES)
+      if (auto removed = remove(path); !removed && removed.error().code != ErrorCode::NotFound)
+        return Failure(removed.error());
     HANDLE opened = INVALID_HANDLE_VALUE;
     const auto create = [&] {
       opened = CreateFileW(name.c_str(), reading ? GENERIC_READ : GENERIC_READ | GENERIC_WRITE,
                            reading ? FILE_SHARE_READ : 0, nullptr,
-                           mode == OpenMode::Create ? OPEN_ALWAYS : OPEN_EXISTING,
+                           mode == OpenMode::Create ? CREATE_NEW : OPEN_EXISTING,
                            FILE_ATTRIBUTE_NORMAL, nullptr);
       return opened != INVALID_HANDLE_VALUE ? TRUE : FALSE;
     };
@@ -217,10 +223,7 @@ class DiskFileSystem final : public FileSystem {
     Handle handle(opened);
     if (GetFileType(handle.get()) != FILE_TYPE_DISK)
       return fail(ErrorCode::AccessDenied, "Das ist keine gewöhnliche Datei", path);
-    auto file = std::make_unique<DiskFile>(std::move(handle), path);
-    if (mode == OpenMode::Create)
-      if (auto emptied = file->resize(0); !emptied) return Failure(emptied.error());
-    return file;
+    return std::make_unique<DiskFile>(std::move(handle), path);
   }
 
   Result<FileInfo> info(const std::string& path) const override {

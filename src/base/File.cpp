@@ -13,19 +13,6 @@ std::string temporaryName(const std::string& path) {
   return path + "-tmp";
 }
 
-// The target of a replacement: nothing, or a file that may be written.
-Result<void> checkReplaceable(const FileSystem& files, const std::string& path) {
-  const auto found = files.info(path);
-  if (!found) {
-    if (found.error().code == ErrorCode::NotFound) return {};
-    return Failure(found.error());
-  }
-  if (found->isFolder) return fail(ErrorCode::AlreadyExists, "Ein Ordner trägt diesen Namen", path);
-  if (!found->writable)
-    return fail(ErrorCode::AccessDenied, "Die Datei ist schreibgeschützt", path);
-  return {};
-}
-
 // Moves the finished temporary file to its place, or cleans up after a failure before that.
 Result<void> putInPlace(FileSystem& files, const std::string& path, Result<void> written) {
   const std::string temporary = temporaryName(path);
@@ -39,8 +26,8 @@ Result<void> putInPlace(FileSystem& files, const std::string& path, Result<void>
   return named;
 }
 
-Result<void> copyContent(const File& source, File& target, std::uint64_t size,
-                         const FileSystem::Progress& progress) {
+Result<void> writeContent(const File& source, File& target, std::uint64_t size,
+                          const FileSystem::Progress& progress) {
   Bytes block;
   for (std::uint64_t done = 0;;) {
     if (progress && !progress(done, size)) return fail(ErrorCode::Cancelled, {}, source.path());
@@ -71,16 +58,6 @@ Result<void> compareContent(const File& source, const File& target, std::uint64_
   return {};
 }
 
-Result<void> writeCopy(FileSystem& files, const File& source, const std::string& to,
-                       const FileSystem::Progress& progress) {
-  const auto size = source.size();
-  if (!size) return Failure(size.error());
-  auto target = files.open(temporaryName(to), OpenMode::Create);
-  if (!target) return Failure(target.error());
-  if (auto copied = copyContent(source, **target, *size, progress); !copied) return copied;
-  return compareContent(source, **target, *size);
-}
-
 // An error about the temporary file is about the file that it was to become.
 Result<void> renamed(Result<void> result, const std::string& path) {
   if (!result && result.error().file == temporaryName(path)) result.error().file = path;
@@ -109,10 +86,29 @@ Result<std::string> FileSystem::readText(const std::string& path, std::uint64_t 
   return std::string(asText(content));
 }
 
-Result<void> FileSystem::replaceFile(const std::string& path, ByteSpan content) {
-  if (auto allowed = checkReplaceable(*this, path); !allowed) return allowed;
+Result<std::unique_ptr<File>> FileSystem::createLike(const std::string& path,
+                                                     const std::string& /*model*/,
+                                                     Rights /*rights*/) {
+  return open(path, OpenMode::Create);
+}
+
+Result<void> FileSystem::checkReplaceable(const std::string& path) const {
+  const auto found = info(path);
+  if (!found) {
+    if (found.error().code == ErrorCode::NotFound) return {};
+    return Failure(found.error());
+  }
+  if (found->isFolder) return fail(ErrorCode::AlreadyExists, "Ein Ordner trägt diesen Namen", path);
+  if (!found->writable)
+    return fail(ErrorCode::AccessDenied, "Die Datei ist schreibgeschützt", path);
+  return {};
+}
+
+Result<void> FileSystem::replaceFile(const std::string& path, ByteSpan content,
+                                     const std::string& model) {
+  if (auto allowed = checkReplaceable(path); !allowed) return allowed;
   const auto write = [&]() -> Result<void> {
-    auto file = open(temporaryName(path), OpenMode::Create);
+    auto file = createLike(temporaryName(path), exists(path) ? path : model, Rights::Same);
     if (!file) return Failure(file.error());
     if (auto written = (*file)->writeAt(0, content); !written) return written;
     return (*file)->sync();
@@ -127,13 +123,21 @@ Result<void> FileSystem::copyFile(const std::string& from, const std::string& to
     return found ? Result<void>() : Failure(found.error());
   }
   // The source is closed before the target is replaced: both names may lead to one file.
-  if (auto allowed = checkReplaceable(*this, to); !allowed) return allowed;
-  const auto write = [&]() -> Result<void> {
-    const auto source = open(from, OpenMode::Read);
-    if (!source) return Failure(source.error());
-    return writeCopy(*this, **source, to, progress);
-  };
-  return renamed(putInPlace(*this, to, write()), to);
+  if (auto allowed = checkReplaceable(to); !allowed) return allowed;
+  return renamed(putInPlace(*this, to, copyContent(from, temporaryName(to), to, progress)), to);
+}
+
+Result<void> FileSystem::copyContent(const std::string& from, const std::string& newFile,
+                                     const std::string& to, const Progress& progress) {
+  const auto source = open(from, OpenMode::Read);
+  if (!source) return Failure(source.error());
+  const auto size = (*source)->size();
+  if (!size) return Failure(size.error());
+  const bool replaced = exists(to);
+  auto target = createLike(newFile, replaced ? to : from, replaced ? Rights::Same : Rights::AtMost);
+  if (!target) return Failure(target.error());
+  if (auto copied = writeContent(**source, **target, *size, progress); !copied) return copied;
+  return compareContent(**source, **target, *size);
 }
 
 }  // namespace base

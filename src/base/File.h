@@ -40,7 +40,14 @@ enum class OpenMode {
   Read,       // shared reading; InUse if somebody holds it for writing
   ReadWrite,  // must exist; exclusive lock, InUse if it cannot be had, AccessDenied if
               // write-protected
-  Create,     // made or emptied (after the lock was had); exclusive lock
+  Create,     // a new, empty file; exclusive lock. A file that had the name goes, InUse if somebody
+              // holds it, AccessDenied if write-protected; a link goes itself, not what it leads to
+};
+
+// Who may read and write a new file, where the system has such rights: as a file beside it says.
+enum class Rights {
+  Same,    // exactly as that file
+  AtMost,  // not more than that file, and not more than new files usually have
 };
 
 struct FileInfo {
@@ -55,6 +62,10 @@ class FileSystem {
   virtual ~FileSystem() = default;
 
   virtual Result<std::unique_ptr<File>> open(const std::string& path, OpenMode mode) = 0;
+  // Create, with the rights of another file; its owner can always write it. The usual rights when
+  // there is no such file.
+  virtual Result<std::unique_ptr<File>> createLike(const std::string& path,
+                                                   const std::string& model, Rights rights);
   // NotFound when there is nothing of that name.
   virtual Result<FileInfo> info(const std::string& path) const = 0;
   // Names (not paths) of all entries but "." and "..", sorted by name without regard to case.
@@ -77,15 +88,24 @@ class FileSystem {
   // Up to limit bytes; a longer file is ErrorCode::InvalidValue, never read into memory.
   Result<std::string> readText(const std::string& path, std::uint64_t limit = 1 << 20);
   // Replaced whole or not at all: temporary file beside it ("NAME-tmp"), sync, rename, sync of the
-  // folder. A write-protected target is AccessDenied.
-  Result<void> replaceFile(const std::string& path, ByteSpan content);
+  // folder. A write-protected target is AccessDenied. Its rights stay; a new file has those of
+  // model, if there is one.
+  Result<void> replaceFile(const std::string& path, ByteSpan content,
+                           const std::string& model = {});
   // Copies with verification: written beside the target, synced, read back and compared, renamed
   // over it. The target is the old file or the whole new one. A copy onto itself does nothing.
   // progress(bytesDone, bytesTotal) may return false to cancel (ErrorCode::Cancelled). A
-  // write-protected target is AccessDenied. An error names the file that it is about.
+  // write-protected target is AccessDenied. Its rights stay; a new one has at most the source's. An
+  // error names the file that it is about.
   using Progress = std::function<bool(std::uint64_t, std::uint64_t)>;
   Result<void> copyFile(const std::string& from, const std::string& to,
                         const Progress& progress = {});
+  // The content alone, synced and compared, into a new file that stands for `to` (whose rights it
+  // takes as above) until it is renamed. What is left of it after an error is the caller's.
+  Result<void> copyContent(const std::string& from, const std::string& newFile,
+                           const std::string& to, const Progress& progress = {});
+  // Nothing is there, or a file that may be written.
+  Result<void> checkReplaceable(const std::string& path) const;
 };
 
 // The real one (POSIX or Windows). DiskFile*.cpp.

@@ -17,6 +17,8 @@ std::string codeSentence(ErrorCode code) {
       return "Auf dem Datenträger ist kein Platz mehr.";
     case ErrorCode::InUse:
       return "Die Datei ist bereits geöffnet, hier oder in einem anderen Programm.";
+    case ErrorCode::InvalidName:
+      return "So kann keine Datei und kein Ordner heißen.";
     case ErrorCode::IoError:
       return "Beim Lesen oder Schreiben ist ein Fehler aufgetreten.";
     case ErrorCode::NotADatabase:

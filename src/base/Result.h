@@ -18,6 +18,7 @@ enum class ErrorCode {
   ReadOnly,           // opened for reading only, or on a read-only medium
   NoSpace,            // disk full or quota reached
   InUse,              // another program holds the file
+  InvalidName,        // no file or folder can have this name or path
   IoError,            // any other failure of the device
   NotADatabase,       // the signature of a Jet file is missing
   NewerVersion,       // written by an Access newer than 2003

@@ -199,6 +199,74 @@ TEST_F(DiskFile, LockHoldsAgainstOtherProcessesAndDiesWithThem) {
   ::close(pipe[1]);
 }
 
+TEST_F(DiskFile, ANewFileFollowsNoLinkThatLiesInItsPlace) {
+  write("fremd", "fremd");
+  write("Haus.kwd", "alt");
+  const auto link = [&](const char* name, const std::string& target) {
+    ASSERT_EQ(::symlink(target.c_str(), (folder_ / name).c_str()), 0);
+  };
+  link("Haus.kwd-tmp", folder_ / "fremd");
+  EXPECT_TRUE(files_->replaceFile(folder_ / "Haus.kwd", base::asBytes("neu")));
+  link("Kopie.kwd-tmp", folder_ / "fehlt");
+  EXPECT_TRUE(files_->copyFile(folder_ / "Haus.kwd", folder_ / "Kopie.kwd"));
+  link("Kopie.kwd-journal", folder_ / "fremd");
+  EXPECT_TRUE(
+      files_->createLike(folder_ / "Kopie.kwd-journal", folder_ / "Kopie.kwd", base::Rights::Same));
+  // A second name of a file is no link, but its content is the other's all the same.
+  ASSERT_EQ(::link((folder_ / "fremd").c_str(), (folder_ / "zweit").c_str()), 0);
+  EXPECT_TRUE((*files_->open(folder_ / "zweit", OpenMode::Create))->writeAt(0, base::asBytes("x")));
+  EXPECT_EQ(read("fremd"), "fremd");
+  EXPECT_EQ(read("Haus.kwd"), "neu");
+  EXPECT_EQ(read("Kopie.kwd"), "neu");
+  for (const std::string& name : names())
+    EXPECT_FALSE(std::filesystem::is_symlink(folder_ / name)) << name;
+  ASSERT_EQ(::mkfifo((folder_ / "Rohr").c_str(), 0600), 0);
+  EXPECT_EQ(openError("Rohr", OpenMode::Create), ErrorCode::AccessDenied);
+}
+
+TEST_F(DiskFile, RightsOfNewFilesFollowTheFileThatTheyBelongTo) {
+  const mode_t before = ::umask(022);
+  const auto rights = [&](const std::string& name) {
+    struct stat status = {};
+    EXPECT_EQ(::stat((folder_ / name).c_str(), &status), 0) << name;
+    return status.st_mode & 0777;
+  };
+  const auto make = [&](const char* name, mode_t mode) {
+    write(name, "x");
+    ASSERT_EQ(::chmod((folder_ / name).c_str(), mode), 0);
+  };
+  make("eigen.kwd", 0600);
+  make("Familie.kwd", 0664);
+  make("Stick.kwd", 0777);
+  make("Vorlage.kwx", 0444);
+  using base::Rights;
+  EXPECT_TRUE(files_->createLike(folder_ / "a", folder_ / "eigen.kwd", Rights::Same));
+  EXPECT_TRUE(files_->createLike(folder_ / "b", folder_ / "Familie.kwd", Rights::Same));
+  EXPECT_TRUE(files_->createLike(folder_ / "c", folder_ / "fehlt.kwd", Rights::Same));
+  EXPECT_EQ(rights("a"), 0600);
+  EXPECT_EQ(rights("b"), 0664);
+  EXPECT_EQ(rights("c"), 0644);
+
+  EXPECT_TRUE(
+      files_->replaceFile(folder_ / "eigen_Gas.dat", base::asBytes("1"), folder_ / "eigen.kwd"));
+  EXPECT_TRUE(
+      files_->replaceFile(folder_ / "Familie.kwd", base::asBytes("1"), folder_ / "eigen.kwd"));
+  EXPECT_EQ(rights("eigen_Gas.dat"), 0600);
+  EXPECT_EQ(rights("Familie.kwd"), 0664) << "its own";
+
+  const std::pair<const char*, mode_t> copies[] = {
+      {"eigen.kwd", 0600}, {"Familie.kwd", 0644}, {"Stick.kwd", 0644}, {"Vorlage.kwx", 0644}};
+  for (const auto& [name, expected] : copies) {
+    EXPECT_TRUE(files_->copyFile(folder_ / name, folder_ / "Kopie"));
+    EXPECT_EQ(rights("Kopie"), expected) << name;
+    EXPECT_TRUE(files_->remove(folder_ / "Kopie"));
+  }
+  make("Kopie", 0640);
+  EXPECT_TRUE(files_->copyFile(folder_ / "Stick.kwd", folder_ / "Kopie"));
+  EXPECT_EQ(rights("Kopie"), 0640) << "its own";
+  ::umask(before);
+}
+
 #endif
 
 }  // namespace

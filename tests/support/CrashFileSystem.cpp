@@ -174,16 +174,14 @@ MemoryFileSystem::Contents CrashFileSystem::survivor(std::size_t moment,
 Result<std::unique_ptr<base::File>> CrashFileSystem::open(const std::string& path,
                                                           base::OpenMode mode) {
   const bool existed = live_.exists(path);
-  const bool empty = !existed || live_.get(path).empty();
   auto file = live_.open(path, mode);
   if (!file) return file;
-  if (!existed) {
+  if (mode == base::OpenMode::Create) {
+    if (existed) changes_.push_back({Kind::Remove, liveNames_.at(path), 0, {}, path});
     liveNames_[path] = nextFile_;
     changes_.push_back({Kind::Make, nextFile_++, 0, {}, path});
   }
-  const std::size_t identity = liveNames_.at(path);
-  if (mode == base::OpenMode::Create && !empty) changes_.push_back({Kind::Resize, identity, 0});
-  return std::make_unique<RecordingFile>(std::move(*file), identity, changes_);
+  return std::make_unique<RecordingFile>(std::move(*file), liveNames_.at(path), changes_);
 }
 Result<base::FileInfo> CrashFileSystem::info(const std::string& path) const {
   return live_.info(path);

@@ -141,16 +141,16 @@ Result<std::unique_ptr<base::File>> MemoryFileSystem::open(const std::string& pa
                                                            base::OpenMode mode) {
   auto node = find(path);
   const bool writing = mode != base::OpenMode::Read;
-  if (!node) {
-    if (mode != base::OpenMode::Create) return fail(ErrorCode::NotFound, {}, path);
+  if (!node && mode != base::OpenMode::Create) return fail(ErrorCode::NotFound, {}, path);
+  if (node && (node->isFolder || (writing && !node->writable)))
+    return fail(ErrorCode::AccessDenied, {}, path);
+  if (node && (node->written || (writing && node->readers > 0)))
+    return fail(ErrorCode::InUse, {}, path);
+  if (mode == base::OpenMode::Create) {
     if (auto allowed = checkFolder(path); !allowed) return Failure(allowed.error());
     put(path, {});
     node = find(path);
   }
-  if (node->isFolder || (writing && !node->writable))
-    return fail(ErrorCode::AccessDenied, {}, path);
-  if (node->written || (writing && node->readers > 0)) return fail(ErrorCode::InUse, {}, path);
-  if (mode == base::OpenMode::Create) node->content.clear();
   return std::make_unique<MemoryFile>(std::move(node), path, writing);
 }
 

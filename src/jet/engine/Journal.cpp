@@ -145,7 +145,7 @@ Journal::Commit Journal::commit(base::File& database, const PageImages& pages,
 
   const JournalContent content{pageSize_,      *size, *sizeAfter, witnesses->count,
                                witnesses->sum, *old,  pages};
-  if (auto written = writeJournal(encodeJournal(content)); !written) {
+  if (auto written = writeJournal(database.path(), encodeJournal(content)); !written) {
     interrupted_ = !invalidate();
     return {interrupted_ ? Outcome::Interrupted : Outcome::NotStored, written};
   }
@@ -157,8 +157,9 @@ Journal::Commit Journal::commit(base::File& database, const PageImages& pages,
   return {Outcome::Stored, {}};
 }
 
-Result<void> Journal::openJournal(std::size_t length) {
-  auto file = files_->open(path_, OpenMode::Create);
+Result<void> Journal::openJournal(const std::string& databasePath, std::size_t length) {
+  // Whoever may not read the database may not read its pages here either.
+  auto file = files_->createLike(path_, databasePath, base::Rights::Same);
   if (!file) return Failure(file.error());
   file_ = std::move(*file);
   const base::Bytes room(std::max(length, kFirstLength));
@@ -166,10 +167,10 @@ Result<void> Journal::openJournal(std::size_t length) {
   return {};
 }
 
-Result<void> Journal::writeJournal(const base::Bytes& content) {
+Result<void> Journal::writeJournal(const std::string& databasePath, const base::Bytes& content) {
   const bool fresh = !file_;
   if (fresh)
-    if (auto opened = openJournal(content.size()); !opened) return opened;
+    if (auto opened = openJournal(databasePath, content.size()); !opened) return opened;
   if (auto written = file_->writeAt(0, content); !written) return written;
   if (auto synced = file_->sync(); !synced) return synced;
   if (!fresh) return {};

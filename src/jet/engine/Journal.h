@@ -73,8 +73,8 @@ class Journal {
   static base::Result<void> discard(base::FileSystem& files, const std::string& databasePath);
 
  private:
-  base::Result<void> writeJournal(const base::Bytes& content);
-  base::Result<void> openJournal(std::size_t length);
+  base::Result<void> writeJournal(const std::string& databasePath, const base::Bytes& content);
+  base::Result<void> openJournal(const std::string& databasePath, std::size_t length);
   bool invalidate();
   bool undo(base::File& database, const PageImages& old, std::uint64_t size);
   void removeFile() const;
