@@ -7,8 +7,9 @@
 
 #include "base/File.h"
 
-// Copies of year databases and side files to another folder and back: flat, verified, each file
-// whole or not at all. A failure ends the run; what was copied before stays copied.
+// Copies of year databases and side files to another folder and back: flat, verified. A year and
+// its side files are copied together, all of them or none, so that an older copy stays whole until
+// the new one is. A failure ends the run; what was copied before stays copied.
 namespace app {
 
 // Before each file: its name, its number from 0, and how many there are. false cancels.
@@ -31,7 +32,8 @@ std::vector<std::string> sideFilesOf(std::string_view yearName,
                                      const std::vector<std::string>& sideFiles);
 
 // Brings a saved year (empty name: none) and its side files back into the data folder, over
-// whatever lies there.
+// whatever lies there: all of them or none. A safety copy holds all of a year, so side files of the
+// year that are not in it go.
 base::Result<void> restore(base::FileSystem& files, const std::string& from,
                            const std::string& dataFolder, const std::string& yearName,
                            const std::vector<std::string>& sideFiles,

@@ -3,6 +3,8 @@
 #include <array>
 #include <string_view>
 
+#include "app/YearFiles.h"
+
 namespace app {
 namespace {
 
@@ -66,6 +68,8 @@ CommandLine parseCommandLine(const std::vector<std::string>& list) {
       if (option->hasTarget && !arguments.more())
         return wrong("Nach " + argument + " fehlt die Zieldatei.");
       if (option->hasTarget) line.target = arguments.take();
+      if (isNamedAsYear(line.target))
+        return wrong("Eine Jahresdatei wird nicht überschrieben: " + line.target);
     } else if (argument.size() > 1 && argument[0] == '-') {
       return wrong("Unbekannte Angabe: " + argument);
     } else if (!line.file.empty()) {

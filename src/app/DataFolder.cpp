@@ -1,5 +1,6 @@
 #include "app/DataFolder.h"
 
+#include "app/YearFiles.h"
 #include "base/CsvRecord.h"
 #include "base/CurrentFolder.h"
 #include "base/Drives.h"
@@ -28,6 +29,11 @@ std::string joinHome(const std::string& drive, std::string path, char separator)
   if (pathStarts() && driveEnds) path = drive.substr(0, 2) + path;
   if (pathStarts() && !driveEnds) path = drive + path;
   return path;
+}
+
+std::optional<std::string> possible(std::optional<std::string> folder) {
+  if (folder && (folder->empty() || folder->find('\0') != std::string::npos)) return std::nullopt;
+  return folder;
 }
 
 }  // namespace
@@ -72,11 +78,9 @@ std::optional<std::string> baseFolderIn(std::string_view content) {
     const std::size_t first = content.find('"');
     const std::size_t last = content.find('"', first + 1);
     if (first == std::string_view::npos || last == std::string_view::npos) return std::nullopt;
-    return std::string(content.substr(first + 1, last - first - 1));
+    return possible(std::string(content.substr(first + 1, last - first - 1)));
   }
-  auto folder = base::RecordReader(content).text(0);
-  if (folder && folder->empty()) return std::nullopt;
-  return folder;
+  return possible(base::RecordReader(content).text(0));
 }
 
 base::Result<void> makeDataFolder(base::FileSystem& files, const std::string& folder,
@@ -91,25 +95,60 @@ base::Result<void> makeDataFolder(base::FileSystem& files, const std::string& fo
   return files.makeFolder(folder);
 }
 
+namespace {
+
+// The folder that the path file names; the default stays when it names none that can be.
+base::Result<void> followPathFile(base::PathState& paths, base::FileSystem& files) {
+  const std::string pathFile = paths.DataFolder + std::string(kPathFile);
+  const auto content = files.readText(pathFile);
+  if (!content && content.error().code == base::ErrorCode::NotFound) return {};
+  if (!content) return base::Failure(content.error());
+  const auto folder = baseFolderIn(*content);
+  if (!folder)
+    return base::fail(base::ErrorCode::InvalidValue,
+                      "Sie nennt keinen Ordner; es gilt der Standard-Datenordner", pathFile);
+  const std::string base = base::withSeparator(*folder);
+  // As long as what the program itself puts into the folder.
+  const auto there = files.info(dataFolderBelow(base) + journalOf(std::string(kDefaultYear)));
+  if (!there && there.error().code == base::ErrorCode::InvalidName)
+    return base::fail(base::ErrorCode::InvalidValue,
+                      "Der Ordner darin ist zu lang; es gilt der Standard-Datenordner", pathFile);
+  paths.UserBaseFolder = base;
+  paths.DataFolder = dataFolderBelow(base);
+  return {};
+}
+
+}  // namespace
+
 base::Result<void> settleFolders(base::PathState& paths, base::FileSystem& files,
                                  const SystemFacts& facts) {
   paths.ProgramFolder = base::withSeparator(facts.programFolder);
   paths.DataFolder = defaultDataFolder(facts);
   paths.UserBaseFolder.clear();
   base::Result<void> settled;
-  if (!facts.chosenDataFolder.empty()) {
+  if (facts.chosenDataFolder.empty())
+    settled = followPathFile(paths, files);
+  else
     paths.DataFolder = base::withSeparator(facts.chosenDataFolder);
-  } else if (const auto content = files.readText(paths.DataFolder + std::string(kPathFile))) {
-    if (const auto folder = baseFolderIn(*content)) {
-      paths.UserBaseFolder = base::withSeparator(*folder);
-      paths.DataFolder = dataFolderBelow(paths.UserBaseFolder);
-    }
-  } else if (content.error().code != base::ErrorCode::NotFound) {
-    settled = base::Failure(content.error());
-  }
   if (auto made = makeDataFolder(files, paths.DataFolder, facts); !made) return made;
   if (auto current = base::makeCurrent(paths.DataFolder); !current) return current;
-  return settled;
+  auto finished = finishInterrupted(files, paths.DataFolder);
+  return settled ? finished : settled;
+}
+
+void settleFoldersAt(base::PathState& paths, base::FileSystem& files, const SystemFacts& facts,
+                     const std::string& year) {
+  if (facts.chosenDataFolder.empty()) {
+    paths.ProgramFolder = base::withSeparator(facts.programFolder);
+    paths.DataFolder = base::folderOf(year);
+    paths.UserBaseFolder.clear();
+    base::ignore(base::makeCurrent(paths.DataFolder), "the opening says what is wrong");
+  } else {
+    base::ignore(settleFolders(paths, files, facts), "the opening says what is wrong");
+  }
+  paths.YearDatabasePath = year;
+  const auto found = files.info(year);
+  paths.YearDatabaseName = found && !found->isFolder ? base::fileName(year) : std::string_view();
 }
 
 base::Result<void> changeBaseFolder(base::PathState& paths, base::FileSystem& files,

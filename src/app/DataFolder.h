@@ -47,7 +47,8 @@ std::string defaultDataFolder(const SystemFacts& facts, char separator = base::k
 // The data folder below a base folder that the user chose.
 std::string dataFolderBelow(const std::string& baseFolder, char separator = base::kPathSeparator);
 
-// The bytes of the path file and back: one quoted field. nullopt when there is none in it.
+// The bytes of the path file and back: one quoted field. nullopt when there is none in it, or one
+// that can be no folder.
 std::string pathFileContent(const std::string& baseFolder);
 std::optional<std::string> baseFolderIn(std::string_view content);
 
@@ -57,10 +58,16 @@ base::Result<void> makeDataFolder(base::FileSystem& files, const std::string& fo
                                   const SystemFacts& facts);
 
 // Start-up: ProgramFolder, DataFolder and UserBaseFolder; the data folder is made if it is missing
-// and becomes the current one. The paths are settled even when that fails; the error names the
-// folder.
+// and becomes the current one, and what an interrupted action left in it is finished. The paths are
+// settled even when that fails; the error names the folder. A path file that names no folder that
+// can be is an error, and the default folder counts.
 base::Result<void> settleFolders(base::PathState& paths, base::FileSystem& files,
                                  const SystemFacts& facts);
+
+// For a year that was named at the start: its folder is the data folder, as its side files lie
+// there, unless one was chosen for this run. Nothing is made beside the year.
+void settleFoldersAt(base::PathState& paths, base::FileSystem& files, const SystemFacts& facts,
+                     const std::string& year);
 
 // Another base folder from now on: writes the path file into the data folder still in force, then
 // moves over. A folder that cannot be used leaves paths and path file as they were; a path file

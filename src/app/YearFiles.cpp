@@ -2,7 +2,10 @@
 
 #include <algorithm>
 
+#include "app/Backup.h"
 #include "app/DataFolder.h"
+#include "app/SafetyCopies.h"
+#include "base/JointChange.h"
 #include "base/Paths.h"
 #include "jet/Database.h"
 
@@ -13,10 +16,25 @@ bool isFolder(const base::FileSystem& files, const std::string& path) {
   return files.folderExists(path);
 }
 
-base::Result<void> removeIfPresent(base::FileSystem& files, const std::string& path) {
-  auto removed = files.remove(path);
-  if (!removed && removed.error().code == base::ErrorCode::NotFound) return {};
-  return removed;
+// What is written beside a file until it is whole: of years, side files, settings, pages, pictures.
+bool isOurTemporary(const std::string& name) {
+  constexpr std::string_view kMark = "-tmp";
+  constexpr std::string_view kExtensions[] = {kYearExtension, kSideExtension, ".html", ".csv",
+                                              ".bmp",         ".wmf",         ".png",  ".svg"};
+  if (!name.ends_with(kMark)) return false;
+  const std::string_view file = std::string_view(name).substr(0, name.size() - kMark.size());
+  return file == kPathFile || file == "DiagrEinst.txt" ||
+         std::any_of(
+             std::begin(kExtensions), std::end(kExtensions),
+             [&](std::string_view extension) { return base::hasExtension(file, extension); });
+}
+
+// Those that somebody is writing just now cannot be removed.
+void removeTemporaries(base::FileSystem& files, const std::string& folder,
+                       const std::string& prefix) {
+  for (const std::string& name : files.list(folder).value_or(std::vector<std::string>()))
+    if (name.starts_with(prefix) && isOurTemporary(name))
+      base::ignore(files.remove(folder + name), "it does no harm, and the next start tries again");
 }
 
 // target is left out on the way down, for it may lie inside of the source.
@@ -56,6 +74,31 @@ std::vector<std::string> filesWithExtension(const base::FileSystem& files,
   return listFiles(files, folder, extensionWithDot).value_or(std::vector<std::string>());
 }
 
+bool isNamedAsYear(std::string_view path) {
+  return base::hasExtension(path, kYearExtension) || base::hasExtension(path, ".kwx");
+}
+
+base::Result<void> checkIsNoYear(base::FileSystem& files, const std::string& target) {
+  const auto refused = [&] {
+    return base::fail(base::ErrorCode::AlreadyExists, "eine Datenbank wird nicht überschrieben",
+                      target);
+  };
+  if (isNamedAsYear(target)) return refused();
+  if (!files.exists(target)) return {};
+  const auto file = files.open(target, base::OpenMode::Read);
+  if (!file) return base::Failure(file.error());
+  // The name of the format behind a magic number, of the old files and of the new.
+  constexpr std::size_t kMagic = 4;
+  constexpr std::string_view kFormats[] = {"Standard Jet DB", "Standard ACE DB"};
+  base::Bytes start(kMagic + kFormats[0].size());
+  const auto read = (*file)->readAt(0, start);
+  if (!read && read.error().code == base::ErrorCode::Truncated) return {};
+  if (!read) return read;
+  for (const std::string_view format : kFormats)
+    if (base::asText(start).substr(kMagic) == format) return refused();
+  return {};
+}
+
 std::string allowedYearName(std::string_view typed) {
   constexpr std::string_view kRefused = "\\/<>*.?:;,|";
   std::string kept;
@@ -68,9 +111,21 @@ std::string allowedYearName(std::string_view typed) {
 
 base::Result<void> createYear(base::FileSystem& files, const base::PathState& paths,
                               const std::string& target) {
-  const std::string source = paths.ProgramFolder + std::string(kTemplate);
-  if (auto copied = files.copyFile(source, target); !copied) return copied;
-  return removeIfPresent(files, journalOf(target));
+  const std::string folder(base::folderOf(target));
+  const std::string name(base::fileName(target));
+  auto change = base::JointChange::begin(files, folder);
+  if (!change) return base::Failure(change.error());
+  const auto found = files.info(target);
+  const bool replaces = found || found.error().code != base::ErrorCode::NotFound;
+  if (auto copied = change->copy(paths.ProgramFolder + std::string(kTemplate), name); !copied)
+    return copied;
+  if (auto removed = change->remove(journalOf(name)); !removed) return removed;
+  const auto sides = listFiles(files, folder, kSideExtension);
+  if (!sides) return base::Failure(sides.error());
+  if (replaces)
+    for (const std::string& side : sideFilesOf(name, *sides))
+      if (auto removed = change->remove(side); !removed) return removed;
+  return change->commit();
 }
 
 base::Result<void> CreateDefaultYearDatabase(base::FileSystem& files,
@@ -83,23 +138,58 @@ base::Result<void> CreateDefaultYearDatabase(base::FileSystem& files,
   return createYear(files, paths, target);
 }
 
+base::Result<std::vector<std::string>> deletedWith(const base::FileSystem& files,
+                                                   const std::string& dataFolder,
+                                                   const std::string& name) {
+  const std::string prefix = base::baseName(name);
+  if (prefix.empty()) return std::vector<std::string>();
+  auto sides = listFiles(files, dataFolder, kSideExtension);
+  if (sides)
+    std::erase_if(*sides, [&](const std::string& side) { return !side.starts_with(prefix); });
+  return sides;
+}
+
 base::Result<void> deleteYear(base::FileSystem& files, const std::string& dataFolder,
                               const std::string& name) {
   const std::string folder = base::withSeparator(dataFolder);
-  base::Result<void> outcome = files.remove(folder + name);
-  if (!outcome) return outcome;
-  const auto alsoRemove = [&](const std::string& path) {
-    auto removed = removeIfPresent(files, path);
-    if (!removed && outcome) outcome = removed;
-  };
-  alsoRemove(journalOf(folder + name));
-  const std::string prefix = base::baseName(name);
-  if (prefix.empty()) return outcome;
-  const auto sides = listFiles(files, folder, kSideExtension);
+  if (const auto found = files.info(folder + name); !found) return base::Failure(found.error());
+  const auto sides = deletedWith(files, folder, name);
   if (!sides) return base::Failure(sides.error());
-  for (const std::string& side : *sides)
-    if (side.starts_with(prefix)) alsoRemove(folder + side);
-  return outcome;
+  auto change = base::JointChange::begin(files, folder);
+  if (!change) return base::Failure(change.error());
+  std::vector<std::string> names{name, journalOf(name)};
+  names.insert(names.end(), sides->begin(), sides->end());
+  for (const std::string& each : names)
+    if (auto removed = change->remove(each); !removed) return removed;
+  return change->commit();
+}
+
+std::vector<std::string> otherOwners(const std::vector<std::string>& sideFiles,
+                                     const std::vector<std::string>& years,
+                                     const std::string& except) {
+  std::vector<std::string> owners = years;
+  std::erase_if(owners, [&](const std::string& year) {
+    return year == except || sideFilesOf(year, sideFiles).empty();
+  });
+  return owners;
+}
+
+std::vector<std::string> yearsWithCommonBeginning(const std::string& newName,
+                                                  const std::vector<std::string>& years) {
+  std::vector<std::string> similar;
+  for (const std::string& year : years) {
+    const std::string base = base::baseName(year);
+    if (base.empty() || newName.empty() || base == newName) continue;
+    if (base.starts_with(newName) || newName.starts_with(base)) similar.push_back(year);
+  }
+  return similar;
+}
+
+std::string namesHint(const std::vector<std::string>& similarYears) {
+  if (similarYears.empty()) return {};
+  return "Der Name beginnt wie das vorhandene Jahr " + similarYears.front() +
+         ". Beim Löschen des einen gehen auch Zählerwechsel und Grundgebühren des anderen mit. "
+         "Besser ist ein Name ohne gemeinsamen Anfang, etwa Haushalt 2026.";
 }
 
 std::string journalOf(const std::string& database) {
@@ -112,6 +202,22 @@ base::Result<void> completeWaitingJournal(base::FileSystem& files, const std::st
   if (!opened) return base::Failure(opened.error());
   if (const auto reason = opened->readOnlyReason()) return base::fail(*reason);
   return {};
+}
+
+base::Result<void> finishInterrupted(base::FileSystem& files, const std::string& folder,
+                                     const std::string& year) {
+  const std::string path = base::withSeparator(folder);
+  const auto finished = base::JointChange::finish(files, path, [&](const std::string& database) {
+    return completeWaitingJournal(files, database);
+  });
+  removeTemporaries(files, path, base::baseName(year));
+  const std::string copies = SafetyCopies::folderIn(path);
+  if (year.empty())
+    for (const std::string& moment : ListSubfolders(files, copies))
+      removeTemporaries(files, copies + moment + base::kPathSeparator, {});
+  // A year that is open elsewhere is looked after there.
+  if (finished || finished.error().code == base::ErrorCode::InUse) return {};
+  return base::Failure(finished.error());
 }
 
 std::vector<std::string> ListFiles(const base::FileSystem& files, const std::string& folder,

@@ -26,26 +26,55 @@ std::vector<std::string> filesWithExtension(const base::FileSystem& files,
                                             const std::string& folder,
                                             std::string_view extensionWithDot);
 
+// "*.kwd", or "*.kwx" as the template.
+bool isNamedAsYear(std::string_view path);
+// Before something else than a year is written there: AlreadyExists when the name is a year's, or
+// when what lies there begins like a database or cannot be looked at.
+base::Result<void> checkIsNoYear(base::FileSystem& files, const std::string& target);
+
 // The name without the characters that a year's name cannot have: \/<>*.?:;,| and control
 // characters.
 std::string allowedYearName(std::string_view typed);
 
-// A copy of the template, verified. An existing target is replaced, whole or not at all.
+// A copy of the template, verified. An existing target is replaced, whole or not at all; its side
+// files go with it, for they would act on the new year.
 base::Result<void> createYear(base::FileSystem& files, const base::PathState& paths,
                               const std::string& target);
 // "Verbrauch.kwd" from the template, if there is none yet.
 base::Result<void> CreateDefaultYearDatabase(base::FileSystem& files, const base::PathState& paths);
 
-// The year database, a journal that waits beside it, and every "*.dat" file whose name begins with
-// the year's base name. Names of up to four characters have no side files. A year that is open is
-// InUse and nothing is deleted; otherwise as much as possible goes, and the error is the first.
+// What goes with a year: every "*.dat" file whose name begins with the year's base name. Names of
+// up to four characters have no side files.
+base::Result<std::vector<std::string>> deletedWith(const base::FileSystem& files,
+                                                   const std::string& dataFolder,
+                                                   const std::string& name);
+// The year database, a journal that waits beside it, and deletedWith(): all or nothing. A year that
+// is open is InUse.
 base::Result<void> deleteYear(base::FileSystem& files, const std::string& dataFolder,
                               const std::string& name);
+// Of the listed years those that own one of the side files, apart from the named one.
+std::vector<std::string> otherOwners(const std::vector<std::string>& sideFiles,
+                                     const std::vector<std::string>& years,
+                                     const std::string& except);
+
+// Existing years whose name begins with the new one's, or the other way round: deleting the one
+// takes side files of the other along.
+std::vector<std::string> yearsWithCommonBeginning(const std::string& newName,
+                                                  const std::vector<std::string>& years);
+// The line about it; "" when there are none.
+std::string namesHint(const std::vector<std::string>& similarYears);
 
 // A database left by a crash in mid-commit is finished from its journal, so that a copy of the one
 // file holds everything. Nothing to do without a journal.
 base::Result<void> completeWaitingJournal(base::FileSystem& files, const std::string& database);
 std::string journalOf(const std::string& database);
+
+// What a crash has left of an action of this program in a folder: a change of several files is
+// completed or swept away, and temporary files go, those of one year if it is named, otherwise (in
+// the data folder) all, its safety copies included. Actions that are under way elsewhere are left
+// alone.
+base::Result<void> finishInterrupted(base::FileSystem& files, const std::string& folder,
+                                     const std::string& year = {});
 
 // Names in the folder that are no folders; pattern "*.*" or "*" are all, "*.dat" those with the
 // extension.

@@ -62,7 +62,7 @@ int daysBetween(Date a, Date b) {
   return static_cast<int>((std::chrono::sys_days(b) - std::chrono::sys_days(a)).count());
 }
 
-Date SystemClock::today() const {
+Moment SystemClock::now() const {
   const std::time_t now = std::time(nullptr);
   std::tm local{};
 #ifdef _WIN32
@@ -70,9 +70,11 @@ Date SystemClock::today() const {
 #else
   localtime_r(&now, &local);
 #endif
-  return {std::chrono::year(local.tm_year + 1900),
-          std::chrono::month(static_cast<unsigned>(local.tm_mon + 1)),
-          std::chrono::day(static_cast<unsigned>(local.tm_mday))};
+  const Date date{std::chrono::year(local.tm_year + 1900),
+                  std::chrono::month(static_cast<unsigned>(local.tm_mon + 1)),
+                  std::chrono::day(static_cast<unsigned>(local.tm_mday))};
+  return {date, std::chrono::hours(local.tm_hour) + std::chrono::minutes(local.tm_min) +
+                    std::chrono::seconds(local.tm_sec)};
 }
 
 }  // namespace base

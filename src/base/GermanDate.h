@@ -27,26 +27,34 @@ std::string formatLongDate(Date date);
 // Calendar days from a to b (b - a).
 int daysBetween(Date a, Date b);
 
+// A moment of a day.
+struct Moment {
+  Date date;
+  std::chrono::seconds time{};  // since midnight
+};
+
 // Today's date comes from here, so that tests can set it.
 class Clock {
  public:
   virtual ~Clock() = default;
-  virtual Date today() const = 0;
+  virtual Moment now() const = 0;
+  Date today() const { return now().date; }
 };
 
 class SystemClock final : public Clock {
  public:
-  Date today() const override;  // local time
+  Moment now() const override;  // local time
 };
 
 class FixedClock final : public Clock {
  public:
-  explicit FixedClock(Date date) : date_(date) {}
-  Date today() const override { return date_; }
-  void set(Date date) { date_ = date; }
+  explicit FixedClock(Date date) : now_{date} {}
+  Moment now() const override { return now_; }
+  void set(Date date) { now_.date = date; }
+  void setTime(std::chrono::seconds sinceMidnight) { now_.time = sinceMidnight; }
 
  private:
-  Date date_;
+  Moment now_;
 };
 
 }  // namespace base

@@ -1,6 +1,7 @@
 #pragma once
 
 #include <QListWidget>
+#include <QTimer>
 #include <functional>
 
 namespace widgets {
@@ -12,8 +13,13 @@ class FileList final : public QListWidget {
  public:
   using Lister = std::function<QStringList(const QString& folder)>;
 
+  // A line about a file, by its path.
+  using Describer = std::function<QString(const QString& path)>;
+
   explicit FileList(QWidget* parent = nullptr);
   void setLister(Lister lister) { lister_ = std::move(lister); }
+  // Shows a quiet line below each name. The lines come one after the other once the names stand.
+  void setDescriber(Describer describer);
 
   // Shows the folder; "" shows nothing. Nothing is selected afterwards.
   void setFolder(const QString& folder);
@@ -38,7 +44,10 @@ class FileList final : public QListWidget {
 
  private:
   void fill(const QString& selected);
+  void describeNext();
   Lister lister_;
+  Describer describer_;
+  QTimer nextDescription_;
   QString folder_;
 };
 

@@ -26,6 +26,9 @@ TEST(CommandLine, SaysWhatIsMissing) {
       {{"--datenordner"}, "Nach --datenordner fehlt der Ordner."},
       {{"--fliegen"}, "Unbekannte Angabe: --fliegen"},
       {{"a.kwd", "b.kwd"}, "Bitte nur eine Datei angeben: a.kwd, b.kwd"},
+      {{"--csv", "b.csv", "a.kwd", "b.kwd"}, "Bitte nur eine Datei angeben: a.kwd, b.kwd"},
+      {{"--csv", "a.kwd", "b.kwd"}, "Eine Jahresdatei wird nicht überschrieben: a.kwd"},
+      {{"--html", "a.KWX", "b.kwd"}, "Eine Jahresdatei wird nicht überschrieben: a.KWX"},
       {{"--pruefen", "--uebersicht", "a.kwd"},
        "Bitte nur eine der Angaben --pruefen und --uebersicht."}};
   for (const auto& [arguments, problem] : cases) {

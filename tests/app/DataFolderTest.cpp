@@ -136,6 +136,45 @@ TEST_F(SettledFolders, MissingParentOfAChosenFolderIsNamedAndNotMade) {
   EXPECT_FALSE(files->exists(home / "weg"));
 }
 
+TEST_F(SettledFolders, APathFileThatNamesNoPossibleFolderIsToldAndTheDefaultCounts) {
+  ASSERT_TRUE(app::settleFolders(paths, *files, facts));
+  const std::string contents[] = {
+      "",
+      "\"\"\r\n",
+      std::string("\"/tmp/a\0b/\"\r\n", 13),
+      std::string("\xEF\xBB\xBF\"/tmp/\0/\"", 12),
+      "\"/tmp/" + std::string(300, 'a') + "/\"\r\n",
+      "\"" + (home / "tief/") + std::string(4080 - home.path().size(), '/') + "\"\r\n",
+      "\"" + std::string(5000, 'a') + "\"\r\n"};
+  for (const std::string& content : contents) {
+    write(defaultFolder + "Pfad_von_LRV.txt", content);
+    base::PathState next;
+    const auto settled = app::settleFolders(next, *files, facts);
+    ASSERT_FALSE(settled) << content;
+    EXPECT_EQ(settled.error().file, defaultFolder + "Pfad_von_LRV.txt");
+    EXPECT_EQ(next.DataFolder, defaultFolder);
+    EXPECT_EQ(next.UserBaseFolder, "");
+  }
+}
+
+TEST_F(SettledFolders, AYearNamedAtTheStartMakesNothingBesideIt) {
+  ASSERT_TRUE(files->makeFolder(home / "Stick"));
+  write(home / "Stick/Haus.kwd", "x");
+  app::settleFoldersAt(paths, *files, facts, home / "Stick/Haus.kwd");
+  EXPECT_EQ(paths.DataFolder, home / "Stick/");
+  EXPECT_EQ(paths.YearDatabaseName, "Haus.kwd");
+  EXPECT_EQ(paths.YearDatabasePath, home / "Stick/Haus.kwd");
+  for (const char* missing : {"Stick", "weg/tief/Haus.kwd", "weg/Haus.kwd"}) {
+    app::settleFoldersAt(paths, *files, facts, home / missing);
+    EXPECT_EQ(paths.YearDatabaseName, "");
+  }
+  EXPECT_EQ(files->list(home.path()).value(), std::vector<std::string>{"Stick"});
+  facts.chosenDataFolder = home / "Daten";
+  app::settleFoldersAt(paths, *files, facts, home / "Stick/Haus.kwd");
+  EXPECT_EQ(paths.DataFolder, home / "Daten/") << "chosen for this run";
+  EXPECT_EQ(paths.YearDatabasePath, home / "Stick/Haus.kwd");
+}
+
 TEST_F(SettledFolders, AFileInTheFoldersPlaceIsNoFolder) {
   ASSERT_TRUE(files->makeFolder(home / "Larvando"));
   write(home / "Larvando/Verbrauchserfassung", "x");

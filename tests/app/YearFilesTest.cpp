@@ -5,8 +5,9 @@
 #include <filesystem>
 
 #include "app/Backup.h"
+#include "app/DeletedYear.h"
+#include "app/OpeningCopy.h"
 #include "app/RunTimeError.h"
-#include "app/SafetyCopy.h"
 #include "support/TemporaryFolder.h"
 
 namespace {
@@ -51,12 +52,12 @@ TEST_F(YearFilesTest, MissingTemplateLeavesAnExistingYearAlone) {
   EXPECT_EQ(get(data / "A.kwd"), "alt");
 }
 
-TEST_F(YearFilesTest, NewYearDoesNotInheritAJournal) {
+TEST_F(YearFilesTest, NewYearDoesNotInheritJournalAndSideFiles) {
   put(programs / "Vorlverbr8.kwx", "leer");
-  put(data / "A.kwd", "alt");
-  put(data / "A.kwd-journal", "alte Seiten");
+  for (const char* name : {"A.kwd", "A.kwd-journal", "A_WechselGas.dat", "A2_WechselGas.dat"})
+    put(data / name, "alt");
   ASSERT_TRUE(app::createYear(*files, paths, data / "A.kwd"));
-  EXPECT_EQ(in(data.path()), Names{"A.kwd"});
+  EXPECT_EQ(in(data.path()), (Names{"A.kwd", "A2_WechselGas.dat"}));
 }
 
 TEST(YearNames, RefusedCharactersAreSwallowed) {
@@ -138,6 +139,19 @@ TEST_F(YearFilesTest, BackupTakesYearsAndSideFilesFlatAndReplaces) {
   EXPECT_EQ(get(stick / "A.kwd"), "A.kwd");
 }
 
+TEST_F(YearFilesTest, AnOlderBackupOfAYearStaysWholeUntilTheNewOneIs) {
+  for (const char* name : {"A.kwd", "A_Gas.dat", "B.kwd", "B_Gas.dat", "C.kwd"}) {
+    put(data / name, "neu");
+    put(stick / name, "alt");
+  }
+  const auto held = files->open(stick / "B_Gas.dat", base::OpenMode::Read);
+  EXPECT_FALSE(app::copyFiles(*files, data.path(), stick.path(),
+                              app::backupNames(*files, data.path()).value()));
+  for (const char* name : {"A.kwd", "A_Gas.dat"}) EXPECT_EQ(get(stick / name), "neu") << name;
+  for (const char* name : {"B.kwd", "B_Gas.dat", "C.kwd"}) EXPECT_EQ(get(stick / name), "alt");
+  EXPECT_EQ(in(stick.path()).size(), 5U);
+}
+
 TEST_F(YearFilesTest, BackupIntoTheDataFolderHarmsNothing) {
   put(data / "A.kwd", "Jahr");
   ASSERT_TRUE(app::copyFiles(*files, data.path(), data.path(), {"A.kwd"}));
@@ -175,6 +189,31 @@ TEST_F(YearFilesTest, RestoreBringsOnlyTheYearsOwnSideFiles) {
   EXPECT_EQ(get(data / "Verbrauch_Gas.dat"), "neu");
 }
 
+TEST_F(YearFilesTest, ASafetyCopyIsAllOfAYear) {
+  EXPECT_TRUE(files->makeFolder(data / "Sicherungen"));
+  const std::string copy = data / "Sicherungen/2024-03-01/";
+  EXPECT_TRUE(files->makeFolder(copy));
+  put(copy + "A.kwd", "damals");
+  for (const char* name : {"A.kwd", "A_Gas.dat", "A2_Gas.dat"}) put(data / name, "heute");
+  ASSERT_TRUE(app::restore(*files, copy, data.path(), "A.kwd", {}));
+  EXPECT_EQ(in(data.path()), (Names{"A.kwd", "A2_Gas.dat", "Sicherungen"}));
+  EXPECT_EQ(get(data / "A.kwd"), "damals");
+}
+
+TEST_F(YearFilesTest, WhatIsNamedOrBeginsLikeADatabaseIsNoTarget) {
+  for (const char* name : {"a.kwd", "a.KWX", "b.Kwd"})
+    EXPECT_FALSE(app::checkIsNoYear(*files, stick / name)) << name;
+  put(stick / "alt.csv", std::string("\0\1\0\0Standard Jet DB\0", 20));
+  put(stick / "neu.csv", std::string("\0\1\0\0Standard ACE DB\0", 20));
+  put(stick / "kurz.csv", "Standard Jet DB");
+  put(stick / "lang.csv", std::string(100, 'x'));
+  for (const char* name : {"alt.csv", "neu.csv"})
+    EXPECT_EQ(app::checkIsNoYear(*files, stick / name).error().code,
+              base::ErrorCode::AlreadyExists);
+  for (const char* name : {"kurz.csv", "lang.csv", "fehlt.csv"})
+    EXPECT_TRUE(app::checkIsNoYear(*files, stick / name)) << name;
+}
+
 TEST(RunTimeErrors, NameNumberSourceFileAndReason) {
   base::Error error;
   error.code = base::ErrorCode::InUse;
@@ -192,61 +231,148 @@ class SafetyCopyTest : public YearFilesTest {
     put(data / "Haus_Gas.dat", "Gas");
     put(data / "Haus2_Gas.dat", "fremd");
   }
-  // One opening of the year on day d (counted from 1 March 2024).
-  void open(int d, std::chrono::milliseconds budget = 1000ms) {
-    const base::Date date{std::chrono::sys_days{std::chrono::year{2024} / 3 / 1} +
-                          std::chrono::days{d}};
-    app::SafetyCopy copy(*files, data.path(), "Haus.kwd", date);
+  void goTo(int d) {  // counted from 1 March 2024
+    clock.set(
+        base::Date{std::chrono::sys_days{std::chrono::year{2024} / 3 / 1} + std::chrono::days{d}});
+  }
+  // One opening of the year, with a change in it.
+  void open(int d, const std::string& changed = {}, std::chrono::milliseconds budget = 1000ms) {
+    goTo(d);
+    app::OpeningCopy copy(*files, data.path(), "Haus.kwd", clock);
     copy.prepare(budget);
     EXPECT_TRUE(copy.finish());
+    if (!changed.empty()) put(data / "Haus.kwd", changed);
     EXPECT_TRUE(copy.afterClosing());
   }
-  Names days() const { return in(data / "Sicherungen"); }
+  app::SafetyCopies copies() { return {*files, data.path(), clock}; }
+  std::string keep(app::CopyMoment moment) { return copies().keep(moment, "Haus.kwd").value(); }
+  Names moments() const { return in(data / "Sicherungen"); }
+  std::string copyOf(const std::string& moment, const std::string& name = "Haus.kwd") const {
+    return get(data / ("Sicherungen/" + moment + "/" + name));
+  }
+
+  base::FixedClock clock{base::Date{std::chrono::year{2024} / 3 / 1}};
 };
 
 TEST_F(SafetyCopyTest, HoldsTheYearAndItsSideFilesAsTheyWere) {
-  open(0);
+  open(0, "Jahr 1");
   EXPECT_EQ(in(data / "Sicherungen/2024-03-01"), (Names{"Haus.kwd", "Haus_Gas.dat"}));
-  EXPECT_EQ(get(data / "Sicherungen/2024-03-01/Haus.kwd"), "Jahr 0");
+  EXPECT_EQ(copyOf("2024-03-01"), "Jahr 0");
 }
 
-TEST_F(SafetyCopyTest, IsMadeOnceADayAndOnlyAfterAChange) {
+TEST_F(SafetyCopyTest, IsMadeAtTheFirstOpeningOfADayAndWhenAChangedYearCloses) {
   open(0);
-  put(data / "Haus.kwd", "Jahr 1");
-  open(0);
-  EXPECT_EQ(get(data / "Sicherungen/2024-03-01/Haus.kwd"), "Jahr 0");
+  EXPECT_EQ(moments(), Names{"2024-03-01"});
+  clock.setTime(17h + 27min + 5s);
+  open(0, "Jahr 1");
+  const std::string closed = "2024-03-01 17.27.05 nach dem Schließen";
+  EXPECT_EQ(moments(), (Names{"2024-03-01", closed}));
+  EXPECT_EQ(copyOf("2024-03-01"), "Jahr 0");
+  EXPECT_EQ(copyOf(closed), "Jahr 1");
+  EXPECT_EQ(copyOf(closed, "Haus_Gas.dat"), "Gas");
   open(1);
   open(2);
-  EXPECT_EQ(days(), (Names{"2024-03-01", "2024-03-02"}));
+  EXPECT_EQ(moments().size(), 2U) << "nothing has changed";
   put(data / "Haus_Gas.dat", "anders");
   open(3);
-  EXPECT_EQ(days().back(), "2024-03-04");
+  EXPECT_EQ(moments().back(), "2024-03-04");
+  EXPECT_TRUE(files->remove(data / "Haus_Gas.dat"));
+  open(4);
+  EXPECT_EQ(moments().back(), "2024-03-05") << "a side file less is a change";
 }
 
-TEST_F(SafetyCopyTest, TheNewestTenOfEachYearStay) {
+TEST_F(SafetyCopyTest, EqualCopiesAreKeptOnceAndTheNewestOfThem) {
+  open(0);
+  EXPECT_EQ(keep(app::CopyMoment::Deleting), data / "Sicherungen/2024-03-01");
+  put(data / "Haus.kwd", "Jahr 1");
+  open(1);
+  put(data / "Haus.kwd", "Jahr 0");
+  open(2);
+  EXPECT_EQ(moments(), (Names{"2024-03-02", "2024-03-03"})) << "its equal of the first day went";
+  put(data / "Haus.kwd", "Jahr 2");
+  EXPECT_NE(keep(app::CopyMoment::Clearing), data / "Sicherungen/2024-03-03");
+  put(data / "Haus.kwd", "Jahr 0");
+  EXPECT_EQ(keep(app::CopyMoment::Clearing), data / "Sicherungen/2024-03-03") << "of today";
+}
+
+TEST_F(SafetyCopyTest, TwoOfOneSecondAreToldApart) {
+  const std::string first = keep(app::CopyMoment::Replacing);
+  put(data / "Haus.kwd", "Jahr 1");
+  EXPECT_EQ(keep(app::CopyMoment::Replacing), first + " 2");
+  EXPECT_EQ(get(first + "/Haus.kwd"), "Jahr 0");
+}
+
+TEST_F(SafetyCopyTest, OfAnOpenYearTheHolderGivesTheDatabase) {
+  const auto held = files->open(data / "Haus.kwd", base::OpenMode::ReadWrite);
+  EXPECT_EQ(copies().keep(app::CopyMoment::Clearing, "Haus.kwd").error().code,
+            base::ErrorCode::InUse);
+  const base::ByteSpan bytes = base::asBytes("Jahr offen");
+  const auto folder = copies().keepOpen(app::CopyMoment::Clearing, "Haus.kwd",
+                                        base::Bytes(bytes.begin(), bytes.end()));
+  ASSERT_TRUE(folder);
+  EXPECT_EQ(in(*folder), (Names{"Haus.kwd", "Haus_Gas.dat"}));
+  EXPECT_EQ(get(*folder + "/Haus.kwd"), "Jahr offen");
+}
+
+TEST_F(SafetyCopyTest, OfEachYearTenDaysStay) {
   put(data / "Sicherungen.txt");
   for (int day = 0; day < 12; ++day) {
     put(data / "Haus.kwd", "Jahr " + std::to_string(day));
-    open(day);
+    open(day, "Abend " + std::to_string(day));
     if (day == 0) put(data / "Sicherungen/2024-03-01/Garten.kwd");
   }
-  ASSERT_EQ(days().size(), 11U);
+  Names expected{"2024-03-01"};
+  for (int day = 3; day <= 12; ++day) {
+    const std::string name = std::string("2024-03-") + (day < 10 ? "0" : "") + std::to_string(day);
+    expected.insert(expected.end(), {name, name + " 00.00.00 nach dem Schließen"});
+  }
+  EXPECT_EQ(moments(), expected);
   EXPECT_EQ(in(data / "Sicherungen/2024-03-01"), Names{"Garten.kwd"}) << "another year's copy";
-  EXPECT_EQ(days()[1], "2024-03-03");
 }
 
-TEST_F(SafetyCopyTest, AYearTooLargeForTheBudgetIsCopiedAfterClosing) {
-  open(0, 0ms);
-  EXPECT_EQ(in(data / "Sicherungen/2024-03-01"), (Names{"Haus.kwd", "Haus_Gas.dat"}));
-  open(1, 0ms);
-  EXPECT_EQ(days().size(), 1U) << "nothing has changed";
+TEST_F(SafetyCopyTest, TodaysStaysWhateverTheClockSaidBefore) {
+  EXPECT_TRUE(files->makeFolder(data / "Sicherungen"));
+  for (int day = 10; day < 20; ++day) {
+    const std::string folder = data / ("Sicherungen/2099-01-" + std::to_string(day));
+    EXPECT_TRUE(files->makeFolder(folder));
+    put(folder + "/Haus.kwd", "verstellte Uhr " + std::to_string(day));
+  }
+  for (int day = 0; day < 3; ++day) {
+    put(data / "Haus.kwd", "Jahr " + std::to_string(day));
+    open(day);
+  }
+  Names found = moments();
+  EXPECT_EQ(Names(found.begin(), found.begin() + 3),
+            (Names{"2024-03-01", "2024-03-02", "2024-03-03"}));
+  EXPECT_EQ(found.size(), 10U);
+  EXPECT_EQ(found[3], "2099-01-13") << "days that have not come yet go first";
+}
+
+TEST_F(SafetyCopyTest, BeforeRestoringNoCopyGoesForItMayBeTheOneThatIsWanted) {
+  for (int day = 0; day < 10; ++day) {
+    put(data / "Haus.kwd", "Jahr " + std::to_string(day));
+    open(day);
+  }
+  put(data / "Haus.kwd", "Jahr 0");
+  goTo(11);
+  keep(app::CopyMoment::Restoring);
+  EXPECT_EQ(copyOf("2024-03-01"), "Jahr 0");
+  EXPECT_EQ(moments().size(), 11U);
+}
+
+TEST_F(SafetyCopyTest, AYearTooLargeForTheBudgetIsCopiedWhenItCloses) {
+  open(0, {}, 0ms);
+  ASSERT_EQ(moments().size(), 1U);
+  EXPECT_EQ(in(data / ("Sicherungen/" + moments()[0])), (Names{"Haus.kwd", "Haus_Gas.dat"}));
+  open(1, {}, 0ms);
+  EXPECT_EQ(moments().size(), 1U) << "nothing has changed";
 }
 
 TEST_F(SafetyCopyTest, AdvisesTheNewestCopyOfAYearThatIsBroken) {
   const auto advice = [&](base::ErrorCode code) {
     base::Error error;
     error.code = code;
-    return app::SafetyCopy(*files, data.path(), "Haus.kwd", {}).advice(error);
+    return copies().advice("Haus.kwd", error);
   };
   EXPECT_EQ(advice(base::ErrorCode::Damaged), "");
   open(0);
@@ -259,12 +385,64 @@ TEST_F(SafetyCopyTest, AdvisesTheNewestCopyOfAYearThatIsBroken) {
 
 TEST_F(SafetyCopyTest, FailureNamesTheFolder) {
   put(data / "Sicherungen", "kein Ordner");
-  app::SafetyCopy copy(*files, data.path(), "Haus.kwd",
-                       base::Date{std::chrono::year{2024} / 3 / 1});
-  copy.prepare(1000ms);
-  const auto outcome = copy.finish();
+  const auto outcome = copies().keep(app::CopyMoment::Deleting, "Haus.kwd");
   ASSERT_FALSE(outcome);
   EXPECT_NE(outcome.error().file.find("Sicherungen"), std::string::npos);
+}
+
+TEST_F(SafetyCopyTest, BeforeADeletionEveryYearThatLosesAFileIsCopiedWhole) {
+  put(data / "Haus2.kwd", "zweites");
+  put(data / "Haus3_Gas.dat", "ohne Jahr");
+  put(data / "Garten.kwd");
+  auto all = copies();
+  const auto folder = app::keepBeforeDeleting(*files, all, data.path(), "Haus.kwd");
+  ASSERT_TRUE(folder);
+  EXPECT_EQ(in(*folder),
+            (Names{"Haus.kwd", "Haus2.kwd", "Haus2_Gas.dat", "Haus3_Gas.dat", "Haus_Gas.dat"}));
+  ASSERT_TRUE(app::deleteYear(*files, data.path(), "Haus.kwd"));
+  EXPECT_EQ(in(data.path()), (Names{"Garten.kwd", "Haus2.kwd", "Sicherungen"}));
+  ASSERT_TRUE(app::restore(*files, *folder, data.path(), "Haus2.kwd", {"Haus2_Gas.dat"}));
+  EXPECT_EQ(get(data / "Haus2_Gas.dat"), "fremd");
+}
+
+TEST(DeletionReport, SaysWhatWentWhoseItWasAndWhereTheCopyIs) {
+  EXPECT_EQ(app::deletionReport("Haus.kwd", {"Haus_Gas.dat", "Haus2_Gas.dat", "Haus2_Strom.dat"},
+                                {"Haus2.kwd"}, "/daten/Sicherungen/2024-03-01"),
+            "Gelöscht: Haus.kwd, Haus_Gas.dat, Haus2_Gas.dat und Haus2_Strom.dat. Haus2_Gas.dat "
+            "und Haus2_Strom.dat gehörten zu Haus2.kwd. Kopie: /daten/Sicherungen/2024-03-01");
+  EXPECT_EQ(app::deletionReport("Haus.kwd", {}, {}, ""),
+            "Gelöscht: Haus.kwd. Es gibt keine Sicherheitskopie davon.");
+}
+
+TEST(YearNames, ACommonBeginningIsNoticedInBothDirections) {
+  const Names years{"Verbrauch.kwd", "Verbrauch2025.kwd", "Haushalt 2025.kwd", ".kwd"};
+  EXPECT_EQ(app::yearsWithCommonBeginning("Verbrauch2026", years), Names{"Verbrauch.kwd"});
+  EXPECT_EQ(app::yearsWithCommonBeginning("Verb", years),
+            (Names{"Verbrauch.kwd", "Verbrauch2025.kwd"}));
+  EXPECT_EQ(app::yearsWithCommonBeginning("Haushalt 2026", years), Names{});
+  EXPECT_EQ(app::yearsWithCommonBeginning("Verbrauch", {"Verbrauch.kwd"}), Names{});
+  EXPECT_EQ(app::yearsWithCommonBeginning("", years), Names{});
+  EXPECT_EQ(app::namesHint({}), "");
+}
+
+class Interrupted : public YearFilesTest {};
+
+TEST_F(Interrupted, TemporaryFilesOfOursGoAndNoOthers) {
+  for (const char* name :
+       {"A.kwd-tmp", "A_Gas.dat-tmp", "Pfad_von_LRV.txt-tmp", "DiagrEinst.txt-tmp",
+        "Verbrauchsabrechnung 3.html-tmp", "Brief.txt-tmp", "A.kwd", "B_Gas.DAT-tmp", "x-tmp"})
+    put(data / name);
+  EXPECT_TRUE(files->makeFolder(data / "Sicherungen"));
+  EXPECT_TRUE(files->makeFolder(data / "Sicherungen/2024-03-01"));
+  put(data / "Sicherungen/2024-03-01/A.kwd-tmp");
+  ASSERT_TRUE(app::finishInterrupted(*files, data.path(), "B.kwd"));
+  EXPECT_FALSE(files->exists(data / "B_Gas.DAT-tmp"));
+  EXPECT_TRUE(files->exists(data / "A_Gas.dat-tmp")) << "of another year";
+  const auto held = files->open(data / "A_Gas.dat-tmp", base::OpenMode::ReadWrite);
+  ASSERT_TRUE(app::finishInterrupted(*files, data.path()));
+  EXPECT_EQ(in(data.path()),
+            (Names{"A.kwd", "A_Gas.dat-tmp", "Brief.txt-tmp", "Sicherungen", "x-tmp"}));
+  EXPECT_EQ(in(data / "Sicherungen/2024-03-01"), Names{});
 }
 
 }  // namespace

@@ -1,6 +1,7 @@
 #include "app/ui/CommandLineRun.h"
 
 #include "app/Findings.h"
+#include "app/YearFiles.h"
 #include "base/Paths.h"
 #include "reports/Exports.h"
 #include "reports/YearReport.h"
@@ -27,6 +28,8 @@ base::Result<Year> openYear(const Console& console, const std::string& file) {
 }
 
 base::Result<void> writeReport(const CommandLine& line, const Console& console) {
+  if (!line.target.empty())
+    if (auto allowed = checkIsNoYear(console.files, line.target); !allowed) return allowed;
   const auto opened = openYear(console, line.file);
   if (!opened) return base::Failure(opened.error());
   const yearbook::YearSession& year = **opened;

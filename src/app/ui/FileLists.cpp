@@ -1,9 +1,11 @@
 #include "app/ui/FileLists.h"
 
+#include <QDateTime>
 #include <QDir>
 #include <string>
 
 #include "app/YearFiles.h"
+#include "app/YearSummary.h"
 #include "base/Drives.h"
 
 using namespace Qt::Literals::StringLiterals;
@@ -23,6 +25,19 @@ widgets::FileList::Lister filesOf(const base::FileSystem& files, std::string_vie
   return [&files, extension](const QString& folder) {
     return toQt(filesWithExtension(files, folder.toStdString(), extension));
   };
+}
+
+QString describeYear(base::FileSystem& files, const QString& path) {
+  const auto summary = summarizeYear(files, path.toStdString());
+  if (!summary && summary.error().code == base::ErrorCode::InUse) return u"ist geöffnet"_s;
+  const QString content =
+      summary ? QString::fromStdString(describe(*summary)) : u"lässt sich nicht lesen"_s;
+  const auto info = files.info(path.toStdString());
+  if (!info) return content;
+  const auto time =
+      std::chrono::duration_cast<std::chrono::seconds>(info->modified.time_since_epoch());
+  return content + u", Stand "_s +
+         QDateTime::fromSecsSinceEpoch(time.count()).toString(u"dd.MM.yyyy HH:mm"_s);
 }
 
 widgets::FolderList::Lister subfoldersOf(const base::FileSystem& files) {

@@ -12,6 +12,8 @@ namespace app {
 
 // The files with the extension (".kwd").
 widgets::FileList::Lister filesOf(const base::FileSystem& files, std::string_view extension);
+// "12 Monate Strom, 9 Wasser, Stand 21.11.2026 17:27", or why it cannot be looked into.
+QString describeYear(base::FileSystem& files, const QString& path);
 // The subfolders that are not hidden.
 widgets::FolderList::Lister subfoldersOf(const base::FileSystem& files);
 

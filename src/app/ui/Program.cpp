@@ -3,7 +3,8 @@
 #include <QApplication>
 
 #include "app/DataFolder.h"
-#include "app/SafetyCopy.h"
+#include "app/SafetyCopies.h"
+#include "app/YearFiles.h"
 #include "app/ui/WindowNavigator.h"
 #include "base/GermanDate.h"
 #include "base/Paths.h"
@@ -43,9 +44,9 @@ std::string absolutePath(const std::string& path) {
 }  // namespace
 
 std::string Program::Parts::openingProblem(const base::Error& error) const {
-  const SafetyCopy copies(*files, std::string(base::folderOf(paths.YearDatabasePath)),
-                          std::string(base::fileName(paths.YearDatabasePath)), clock.today());
-  const std::string advice = copies.advice(error);
+  const SafetyCopies copies(*files, std::string(base::folderOf(paths.YearDatabasePath)), clock);
+  const std::string advice =
+      copies.advice(std::string(base::fileName(paths.YearDatabasePath)), error);
   return base::germanMessage(error) + (advice.empty() ? "" : "\n\n") + advice;
 }
 
@@ -70,9 +71,6 @@ Program::Program(QApplication& application, const CommandLine& line)
   if (!line.file.empty()) parts.line.file = absolutePath(line.file);
   if (!line.dataFolder.empty())
     parts.facts.chosenDataFolder = base::withSeparator(absolutePath(line.dataFolder));
-  else if (!line.file.empty())
-    // The side files of a year lie beside it.
-    parts.facts.chosenDataFolder = base::folderOf(parts.line.file);
   parts.navigator.begin(parts.services, parts.facts,
                         [&parts](QWidget* parent) { return parts.openYear(parent); });
 }
@@ -87,13 +85,13 @@ void Program::start() {
     parts.navigator.showStartWindow();
     return;
   }
-  base::ignore(settleFolders(parts.paths, *parts.files, parts.facts),
-               "a year of an unreachable folder says so itself when it is opened");
-  parts.paths.YearDatabasePath = parts.line.file;
-  if (parts.files->exists(parts.line.file))
-    parts.paths.YearDatabaseName = base::fileName(parts.line.file);
+  settleFoldersAt(parts.paths, *parts.files, parts.facts, parts.line.file);
   parts.navigator.openYear();
-  if (QApplication::topLevelWidgets().isEmpty()) parts.navigator.showStartWindow();
+  // After an argument that was no year the user's own data folder counts.
+  if (QApplication::topLevelWidgets().isEmpty())
+    parts.navigator.showStartWindow();
+  else if (parts.facts.chosenDataFolder.empty() && isNamedAsYear(parts.line.file))
+    parts.navigator.stayInFolder(std::string(base::folderOf(parts.line.file)));
 }
 
 }  // namespace app

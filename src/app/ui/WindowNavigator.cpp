@@ -4,6 +4,7 @@
 #include <QEventLoop>
 #include <QTimer>
 
+#include "app/YearFiles.h"
 #include "base/Paths.h"
 
 using namespace Qt::Literals::StringLiterals;
@@ -51,9 +52,10 @@ void WindowNavigator::showStartWindow() {
 
 QWidget* WindowNavigator::makeMainWindow(QWidget* parent) {
   const std::string path = services_->paths.YearDatabasePath;
-  auto copy =
-      std::make_shared<SafetyCopy>(services_->files, std::string(base::folderOf(path)),
-                                   std::string(base::fileName(path)), services_->clock.today());
+  const std::string folder(base::folderOf(path));
+  const std::string name(base::fileName(path));
+  base::ignore(finishInterrupted(services_->files, folder, name), "the start window has told it");
+  auto copy = std::make_shared<OpeningCopy>(services_->files, folder, name, services_->clock);
   copy->prepare();
   const YearWindow year = factory_(parent);
   if (year.window == nullptr) return nullptr;
@@ -63,7 +65,7 @@ QWidget* WindowNavigator::makeMainWindow(QWidget* parent) {
   return year.window;
 }
 
-void WindowNavigator::followSafetyCopy(const std::shared_ptr<SafetyCopy>& copy,
+void WindowNavigator::followSafetyCopy(const std::shared_ptr<OpeningCopy>& copy,
                                        const YearWindow& year) {
   constexpr int kAfterFirstPaint = 400;
   QTimer::singleShot(kAfterFirstPaint, year.window, [copy, hint = year.hint] {

@@ -5,7 +5,7 @@
 #include <functional>
 #include <memory>
 
-#include "app/SafetyCopy.h"
+#include "app/OpeningCopy.h"
 #include "app/ui/frmVerbrStart.h"
 #include "dialogs/HelpWindows.h"
 #include "dialogs/Navigator.h"
@@ -32,6 +32,8 @@ class WindowNavigator final : public dialogs::Navigator, public YearOpener {
 
   // The start window afresh.
   void showStartWindow();
+  // Later start windows look into this folder.
+  void stayInFolder(const std::string& folder) { facts_.chosenDataFolder = folder; }
 
   void openYear() override;
   void openYearOver(QWidget* start) override;
@@ -45,7 +47,7 @@ class WindowNavigator final : public dialogs::Navigator, public YearOpener {
  private:
   QWidget* makeMainWindow(QWidget* parent);
   void leaveYear(std::function<void()> next);
-  void followSafetyCopy(const std::shared_ptr<SafetyCopy>& copy, const YearWindow& year);
+  void followSafetyCopy(const std::shared_ptr<OpeningCopy>& copy, const YearWindow& year);
 
   dialogs::Services* services_ = nullptr;
   SystemFacts facts_;

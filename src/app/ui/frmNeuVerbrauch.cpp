@@ -25,6 +25,7 @@ frmNeuVerbrauch::frmNeuVerbrauch(dialogs::Services& services, QWidget* parent)
   // The only field: Enter is the button.
   txtBenutzer->setEnterMovesOn(false);
   Command1->setDefault(true);
+  connect(txtBenutzer, &QLineEdit::textChanged, this, &frmNeuVerbrauch::showNameHint);
   connect(Command1, &QPushButton::clicked, this, &frmNeuVerbrauch::Command1Click);
   connect(Command2, &QPushButton::clicked, this, &QDialog::close);
 }
@@ -65,6 +66,11 @@ void frmNeuVerbrauch::buildLayout() {
   setMinimumWidth(fontMetrics().horizontalAdvance(windowTitle()) + kFrameButtons);
   txtBenutzer->setMinimumWidth(txtBenutzer->fontMetrics().averageCharWidth() * 36);
 
+  // Room for the hint from the start, so that nothing moves when it comes.
+  lblNamensHinweis->setWordWrap(true);
+  lblNamensHinweis->setTextFormat(Qt::PlainText);
+  lblNamensHinweis->setAlignment(Qt::AlignTop | Qt::AlignLeft);
+  lblNamensHinweis->setMinimumHeight(fontMetrics().lineSpacing() * 3);
   for (QPushButton* button : {Command1, Command2}) {
     button->setMinimumHeight(32);
     button->setMinimumWidth(button->sizeHint().width() + 20);
@@ -81,6 +87,7 @@ void frmNeuVerbrauch::buildLayout() {
   grid->addWidget(Text2, 0, 0, 1, 2);
   grid->addWidget(Label2, 1, 0);
   grid->addWidget(txtBenutzer, 1, 1);
+  grid->addWidget(lblNamensHinweis, 2, 0, 1, 2);
   grid->setRowStretch(2, 1);
   grid->addLayout(buttons, 3, 0, 1, 2);
   setTabOrder(txtBenutzer, Command1);
@@ -90,6 +97,13 @@ void frmNeuVerbrauch::buildLayout() {
 void frmNeuVerbrauch::showEvent(QShowEvent* event) {
   QDialog::showEvent(event);
   txtBenutzer->setFocus(Qt::OtherFocusReason);
+}
+
+void frmNeuVerbrauch::showNameHint() {
+  const auto years =
+      app::filesWithExtension(services_.files, services_.paths.DataFolder, app::kYearExtension);
+  const auto similar = app::yearsWithCommonBeginning(txtBenutzer->text().toStdString(), years);
+  lblNamensHinweis->setText(QString::fromStdString(app::namesHint(similar)));
 }
 
 void frmNeuVerbrauch::Command1Click() {
@@ -106,6 +120,9 @@ void frmNeuVerbrauch::Command1Click() {
   base::ignore(base::makeCurrent(services_.paths.DataFolder), "the copy names what is wrong");
   const QString target = QString::fromStdString(services_.paths.DataFolder) + name + u".kwd"_s;
   if (!mayReplace(target)) return;
+  if (!app::keepBefore(services_, this, app::CopyMoment::Replacing,
+                       name.toStdString() + std::string(app::kYearExtension)))
+    return;
   const auto created = app::createYear(services_.files, services_.paths, target.toStdString());
   if (!created) {
     app::tellFileError(services_, this, created.error());

@@ -19,6 +19,8 @@ class frmNeuVerbrauch final : public QDialog {
   QLabel* const Label2 = widgets::control<QLabel>(this, "Label2");
   widgets::EntryField* const txtBenutzer =
       widgets::control<widgets::EntryField>(this, "txtBenutzer");
+  // What a name has in common with that of an existing year.
+  QLabel* const lblNamensHinweis = widgets::control<QLabel>(this, "lblNamensHinweis");
   QPushButton* const Command1 = widgets::control<QPushButton>(this, "Command1");
   QPushButton* const Command2 = widgets::control<QPushButton>(this, "Command2");
 
@@ -29,6 +31,7 @@ class frmNeuVerbrauch final : public QDialog {
   void setTexts();
   void buildLayout();
   void Command1Click();
+  void showNameHint();
   // True when the target may be written.
   bool mayReplace(const QString& target);
 

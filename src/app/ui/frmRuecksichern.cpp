@@ -7,7 +7,7 @@
 
 #include "app/Backup.h"
 #include "app/DataFolder.h"
-#include "app/SafetyCopy.h"
+#include "app/SafetyCopies.h"
 #include "app/YearFiles.h"
 #include "app/ui/CopyProgressBox.h"
 #include "app/ui/FileBoxes.h"
@@ -36,6 +36,8 @@ frmRuecksichern::frmRuecksichern(dialogs::Services& services, QWidget* parent)
   buildLayout();
   Dir1->setLister(app::subfoldersOf(services.files));
   File3->setLister(app::filesOf(services.files, app::kYearExtension));
+  File3->setDescriber(
+      [&files = services.files](const QString& path) { return app::describeYear(files, path); });
   FilesWechsel->setLister(app::filesOf(services.files, app::kSideExtension));
   base::ignore(base::makeCurrent(services.paths.DataFolder), "the copies name what is wrong");
   connectControls();
@@ -57,7 +59,7 @@ void frmRuecksichern::setTexts() {
   cmdSicherungen->setText(u"Automatische Sicherheitskopien zeigen"_s);
   cmdSicherungen->setAccessibleName(cmdSicherungen->text());
   cmdSicherungen->setToolTip(
-      u"Beim Öffnen eines Jahres legt das Programm höchstens einmal am Tag eine Kopie an"_s);
+      u"Beim Öffnen, nach Änderungen und vor dem Löschen legt das Programm Kopien an"_s);
   Label2->setText(u"Verbrauchskosten"_s);
   Label4->setText(u"Wählen Sie oben die Datei aus die wiederhergestellt werden soll!"_s);
   Label1->setText(u"Zugehörige Dateien"_s);
@@ -123,7 +125,7 @@ void frmRuecksichern::activate() {
   app::showFolder(*Drive1, *Dir1, app::firstBackupFolder());
   Dir1Change();
   cmdSicherungen->setVisible(
-      services_.files.folderExists(app::SafetyCopy::folderIn(services_.paths.DataFolder)));
+      services_.files.folderExists(app::SafetyCopies::folderIn(services_.paths.DataFolder)));
   Dir1->setFocus();
 }
 
@@ -170,7 +172,7 @@ void frmRuecksichern::markSideFiles() {
 
 // The folder of the newest day; the days beside it are in view.
 void frmRuecksichern::showSafetyCopies() {
-  const std::string folder = app::SafetyCopy::folderIn(services_.paths.DataFolder);
+  const std::string folder = app::SafetyCopies::folderIn(services_.paths.DataFolder);
   const auto days = app::ListSubfolders(services_.files, folder);
   const std::string newest = days.empty() ? folder : folder + days.back();
   app::showFolder(*Drive1, *Dir1, QString::fromStdString(newest));
@@ -185,14 +187,16 @@ void frmRuecksichern::Command1Click() {
                                 Button::Ok) != Button::Ok)
     return;
   base::ignore(base::makeCurrent(services_.paths.DataFolder), "the copies name what is wrong");
+  const std::string year = File3->selectedName().toStdString();
+  if (!year.empty() && !app::keepBefore(services_, this, app::CopyMoment::Restoring, year)) return;
   base::Result<void> outcome;
   {
     app::CopyProgressBox box(this, restoreTitle());
     outcome = app::restore(services_.files, Dir1->path().toStdString(), services_.paths.DataFolder,
-                           File3->selectedName().toStdString(), sideFiles(), box.progress());
+                           year, sideFiles(), box.progress());
   }
   app::tellCopyOutcome(
       services_, this, outcome,
       {restoreTitle(), u"Die oben ausgewählten, markierten Daten wurden wiederhergestellt."_s,
-       u"Das Wiederherstellen wurde abgebrochen. Was schon kopiert ist, bleibt kopiert."_s});
+       u"Das Wiederherstellen wurde abgebrochen. Es ist alles, wie es war."_s});
 }

@@ -4,6 +4,7 @@
 #include <QShowEvent>
 #include <QTimer>
 
+#include "app/DeletedYear.h"
 #include "app/RunTimeError.h"
 #include "app/YearFiles.h"
 #include "app/ui/FileBoxes.h"
@@ -159,19 +160,34 @@ void frmVerbrStart::mnuDatDelClick() {
                                 u" Achtung !!!"_s, Icon::Critical, Buttons::OkCancel,
                                 Button::Cancel) != Button::Ok)
     return;
-  const auto deleted =
-      app::deleteYear(services_.files, services_.paths.DataFolder, name.toStdString());
-  if (!deleted && deleted.error().code == base::ErrorCode::InUse) {
-    services_.prompts.tell(
-        this, u"Die Datei  "_s + name + u"  ist geöffnet und kann nicht gelöscht werden."_s,
-        u"Fehler"_s, Icon::Critical);
-  } else if (!deleted) {
-    app::tellFileError(services_, this, deleted.error());
-  }
+  deleteYear(name.toStdString());
   FilesWechsel->refresh();
   filFiles->refresh();
   if (filFiles->selectedName().isEmpty()) lblFilename->clear();
   if (filFiles->count() == 0) mnuAnlegenClick();
+}
+
+void frmVerbrStart::deleteYear(const std::string& name) {
+  const std::string& folder = services_.paths.DataFolder;
+  const auto sides = app::deletedWith(services_.files, folder, name);
+  app::SafetyCopies copies(services_.files, folder, services_.clock);
+  const auto kept = app::keepBeforeDeleting(services_.files, copies, folder, name);
+  if (!kept && !app::goesOnWithout(services_, this, kept.error())) return;
+  const auto years = app::filesWithExtension(services_.files, folder, app::kYearExtension);
+  const auto deleted = app::deleteYear(services_.files, folder, name);
+  if (deleted) {
+    const auto gone = sides.value_or(std::vector<std::string>());
+    lblGeloescht->setText(QString::fromStdString(app::deletionReport(
+        name, gone, app::otherOwners(gone, years, name), kept.value_or(std::string()))));
+    lblGeloescht->show();
+  } else if (deleted.error().code == base::ErrorCode::InUse) {
+    services_.prompts.tell(this,
+                           u"Die Datei  "_s + QString::fromStdString(name) +
+                               u"  ist geöffnet und kann nicht gelöscht werden."_s,
+                           u"Fehler"_s, Icon::Critical);
+  } else {
+    app::tellFileError(services_, this, deleted.error());
+  }
 }
 
 void frmVerbrStart::mnuSichernClick() {
@@ -181,6 +197,7 @@ void frmVerbrStart::mnuSichernClick() {
 }
 
 void frmVerbrStart::mnuWiederherstellenClick() {
+  lblGeloescht->hide();
   frmRuecksichern window(services_, this);
   window.exec();
   filFiles->refresh();

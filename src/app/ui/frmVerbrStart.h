@@ -55,6 +55,8 @@ class frmVerbrStart final : public QMainWindow {
   QPushButton* const cmdHausrat = widgets::control<QPushButton>(this, "cmdHausrat");
   // 0 new, 1 delete, 2 save; 3 names the import, which the menu starts; 5 takes the selection.
   const widgets::ControlArray<widgets::ActionOption, 6> Option1{this, "Option1"};
+  // What a deletion has taken along, and where the copy is.
+  QLabel* const lblGeloescht = widgets::control<QLabel>(this, "lblGeloescht");
   QLabel* const lblDatenordner = widgets::control<QLabel>(this, "lblDatenordner");
 
   QMenu* const mnuDatei = menu("mnuDatei");
@@ -101,6 +103,7 @@ class frmVerbrStart final : public QMainWindow {
   void mnuHilfeClick();
 
   bool hasSelection();
+  void deleteYear(const std::string& name);
   void tellLater(const base::Error& error);
 
   dialogs::Services& services_;

@@ -100,13 +100,17 @@ void frmVerbrStart::buildLayout() {
   lblFilename->setMinimumHeight(lblFilename->fontMetrics().lineSpacing() * 2);
   lblFilename->setAlignment(Qt::AlignTop | Qt::AlignLeft);
   // A long name without blanks must not push the window off the screen.
-  for (QLabel* label : {lblFilename, lblDatenordner})
+  for (QLabel* label : {lblFilename, lblGeloescht, lblDatenordner})
     label->setSizePolicy(QSizePolicy::Ignored, QSizePolicy::Preferred);
   cmdHausrat->setIcon(widgets::icon(u"jahr"_s));
   cmdHausrat->setIconSize(QSize(32, 32));
   cmdHausrat->setMinimumHeight(56);
   cmdHausrat->setMinimumWidth(cmdHausrat->sizeHint().width() + 32);
   cmdHausrat->setDefault(true);
+  lblGeloescht->setTextFormat(Qt::PlainText);
+  lblGeloescht->setTextInteractionFlags(Qt::TextSelectableByMouse);
+  lblGeloescht->setWordWrap(true);
+  lblGeloescht->hide();
   lblDatenordner->setTextFormat(Qt::PlainText);
   lblDatenordner->setTextInteractionFlags(Qt::TextSelectableByMouse);
   lblDatenordner->setWordWrap(true);
@@ -129,7 +133,8 @@ void frmVerbrStart::buildLayout() {
   grid->addWidget(Label1, 0, 0, 1, 2);
   grid->addWidget(filFiles, 1, 0);
   grid->addLayout(actions, 1, 1);
-  grid->addWidget(lblDatenordner, 2, 0, 1, 2);
+  grid->addWidget(lblGeloescht, 2, 0, 1, 2);
+  grid->addWidget(lblDatenordner, 3, 0, 1, 2);
   grid->setColumnStretch(0, 1);
   grid->setRowStretch(1, 1);
   setCentralWidget(page);

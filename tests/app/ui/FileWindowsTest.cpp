@@ -7,6 +7,8 @@
 #include "app/ui/frmNeuVerbrauch.h"
 #include "app/ui/frmRuecksichern.h"
 #include "app/ui/frmSichern.h"
+#include "support/EmptyYear.h"
+#include "yearbook/YearSession.h"
 
 using dialogs::Button;
 using dialogs::Buttons;
@@ -66,10 +68,35 @@ TEST_F(NewYear, ExistingYearIsReplacedByRetryAndIgnoreAlone) {
   EXPECT_EQ(box.title, u"Fehler"_s);
   EXPECT_EQ(box.icon, Icon::Question);
   EXPECT_EQ(files->readText(dataFolder() + "Haus.kwd"), "alt");
+  put("Haus_WechselGas.dat");
   prompts.answer(Button::Yes);
   prompts.answer(Button::Retry);
   create(u"Haus"_s);
   EXPECT_EQ(files->readText(dataFolder() + "Haus.kwd"), "leer");
+  EXPECT_EQ(inDataFolder(), (std::vector<std::string>{"Haus.kwd", "Sicherungen"}));
+  const std::string copy = dataFolder() + "Sicherungen/2024-03-01 00.00.00 vor dem Ersetzen/";
+  EXPECT_EQ(files->readText(copy + "Haus.kwd"), "alt");
+  EXPECT_TRUE(files->exists(copy + "Haus_WechselGas.dat"));
+}
+
+TEST_F(NewYear, WithoutACopyNothingIsReplacedUnlessWanted) {
+  put("Haus.kwd", "alt");
+  put("Sicherungen", "kein Ordner");
+  prompts.acceptTellings();
+  prompts.answer(Button::Yes);
+  prompts.answer(Button::Retry);
+  prompts.answer(Button::No);
+  create(u"Haus"_s);
+  EXPECT_EQ(files->readText(dataFolder() + "Haus.kwd"), "alt");
+  EXPECT_TRUE(window.isVisible());
+}
+
+TEST_F(NewYear, ANameThatBeginsLikeAnotherYearGetsAHint) {
+  put("Haus.kwd");
+  QTest::keyClicks(window.txtBenutzer, u"Haus2"_s);
+  EXPECT_TRUE(window.lblNamensHinweis->text().contains(u"Haus.kwd"_s));
+  window.txtBenutzer->setText(u"Garten"_s);
+  EXPECT_EQ(window.lblNamensHinweis->text(), QString());
 }
 
 TEST_F(NewYear, MissingTemplateIsToldAndKeepsTheOldYear) {
@@ -186,7 +213,40 @@ TEST_F(CopyWindows, RestoreAsksAndBringsTheYearWithItsOwnSideFiles) {
   EXPECT_EQ(prompts.last().text,
             u"Die oben ausgewählten, markierten Daten wurden wiederhergestellt."_s);
   EXPECT_EQ(files->readText(dataFolder() + "Haus.kwd"), "gesichert");
-  EXPECT_EQ(inDataFolder(), (std::vector<std::string>{"Haus.kwd", "Haus_WechselGas.dat"}));
+  EXPECT_EQ(inDataFolder(),
+            (std::vector<std::string>{"Haus.kwd", "Haus_WechselGas.dat", "Sicherungen"}));
+  const std::string copy =
+      dataFolder() + "Sicherungen/2024-03-01 00.00.00 vor dem Wiederherstellen/Haus.kwd";
+  EXPECT_EQ(files->readText(copy), "heute");
+}
+
+TEST_F(CopyWindows, EachCopySaysWhatIsInIt) {
+  const base::Bytes& empty = support::emptyYear();
+  EXPECT_TRUE(files->replaceFile(stick("Leer.kwd"), empty));
+  EXPECT_TRUE(files->replaceFile(stick("Haus.kwd"), empty));
+  {
+    auto year = yearbook::YearSession::open(*files, stick("Haus.kwd"), stick(), clock);
+    ASSERT_TRUE(year);
+    ASSERT_TRUE((*year)->transact([&]() -> base::Result<void> {
+      for (int row = 0; row < 12; ++row)
+        if (auto set = (*year)->adoStrom.setNumber(row, yearbook::strom::dayReading, 7); !set)
+          return set;
+      return (*year)->adoGas.setNumber(3, yearbook::gas::reading, 7);
+    }));
+  }
+  save("Brief.kwd", "kein Jahr");
+  frmRuecksichern window(services);
+  show(window);
+  choose(window.Dir1, u"Stick"_s);
+  const auto described = [&](const QString& name) {
+    return window.File3->findItems(name, Qt::MatchExactly).value(0)->toolTip();
+  };
+  ASSERT_TRUE(QTest::qWaitFor([&] { return !described(u"Leer.kwd"_s).isEmpty(); }));
+  EXPECT_TRUE(described(u"Haus.kwd"_s).startsWith(u"12 Monate Strom, 1 Gas, Stand "_s))
+      << described(u"Haus.kwd"_s).toStdString();
+  EXPECT_TRUE(described(u"Leer.kwd"_s).startsWith(u"leer, Stand "_s));
+  EXPECT_TRUE(described(u"Brief.kwd"_s).startsWith(u"lässt sich nicht lesen"_s));
+  EXPECT_EQ(window.File3->item(0)->text(), u"Brief.kwd"_s) << "the name stays the entry's text";
 }
 
 TEST_F(CopyWindows, WithNothingSelectedOnlyTheNamedYearsSideFilesComeFromTheFolderShown) {

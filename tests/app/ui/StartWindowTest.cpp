@@ -154,9 +154,43 @@ TEST_F(StartWindow, DeletingAsksWithTheNameAndTakesTheSideFiles) {
   EXPECT_EQ(box.icon, dialogs::Icon::Critical);
   EXPECT_EQ(box.buttons, dialogs::Buttons::OkCancel);
   EXPECT_EQ(box.defaultButton, Button::Cancel);
-  EXPECT_EQ(inDataFolder(), (std::vector<std::string>{"pauschale.dat", "Verbrauch.kwd"}));
+  EXPECT_EQ(inDataFolder(),
+            (std::vector<std::string>{"pauschale.dat", "Sicherungen", "Verbrauch.kwd"}));
   EXPECT_TRUE(window.Option1(5)->isChecked());
   EXPECT_EQ(window.lblFilename->text(), QString());
+  const std::string copy = dataFolder() + "Sicherungen/2024-03-01 00.00.00 vor dem Löschen";
+  EXPECT_TRUE(window.lblGeloescht->isVisible());
+  EXPECT_EQ(window.lblGeloescht->text().toStdString(),
+            "Gelöscht: Haus.kwd, Haus2_WechselGas.dat und Haus_WechselGas.dat. Kopie: " + copy);
+  EXPECT_EQ(files->readText(copy + "/Haus2_WechselGas.dat"), "x");
+}
+
+TEST_F(StartWindow, WithoutACopyADeletionNeedsAnotherYes) {
+  put("Haus.kwd");
+  put("Verbrauch.kwd");
+  put("Sicherungen", "kein Ordner");
+  auto& window = open();
+  for (const Button answer : {Button::No, Button::Yes}) {
+    click(u"Haus.kwd"_s);
+    confirmDeletion();
+    prompts.answer(answer);
+    window.mnuDatDel->trigger();
+    EXPECT_EQ(prompts.last().title, u"Sicherheitskopie"_s);
+    EXPECT_EQ(prompts.last().defaultButton, Button::No);
+    EXPECT_TRUE(prompts.last().text.contains(u"Sicherungen"_s));
+    EXPECT_EQ(files->exists(dataFolder() + "Haus.kwd"), answer == Button::No);
+    EXPECT_EQ(window.lblGeloescht->isVisible(), answer == Button::Yes);
+    if (answer == Button::No) continue;
+    EXPECT_TRUE(window.lblGeloescht->text().contains(u"keine Sicherheitskopie"_s));
+  }
+}
+
+TEST_F(StartWindow, WhatAnInterruptionLeftIsFinishedAtTheStart) {
+  put("Haus.kwd");
+  put("Haus_Gas.dat-tmp");
+  put("Haus.kwd-vorhaben");
+  open();
+  EXPECT_EQ(inDataFolder(), std::vector<std::string>{"Haus.kwd"});
 }
 
 TEST_F(StartWindow, CancelledDeletionChangesNothing) {
@@ -186,12 +220,12 @@ TEST_F(StartWindow, DeletingTheLastYearLeadsToTheNewDatabaseWindowAndAFreshYear)
     auto* fresh = qobject_cast<frmNeuVerbrauch*>(QApplication::activeModalWidget());
     ASSERT_NE(fresh, nullptr);
     shown = true;
-    EXPECT_TRUE(inDataFolder().empty());
+    EXPECT_EQ(inDataFolder(), std::vector<std::string>{"Sicherungen"});
     fresh->Command2->click();
   });
   window.mnuDatDel->trigger();
   EXPECT_TRUE(shown);
-  EXPECT_EQ(inDataFolder(), std::vector<std::string>{"Verbrauch.kwd"});
+  EXPECT_EQ(inDataFolder(), (std::vector<std::string>{"Sicherungen", "Verbrauch.kwd"}));
 }
 
 TEST_F(StartWindow, SavingOpensTheBackupWindow) {

@@ -143,6 +143,7 @@ TEST_F(Navigation, OpeningLeavesASafetyCopyAndAFailureOnlyAHint) {
   settle();
   EXPECT_EQ(files->readText(dataFolder() + "Sicherungen/2024-03-01/Verbrauch.kwd"), "Jahr");
 
+  put("Verbrauch.kwd", "eingegeben");
   clock.set(base::Date{std::chrono::year{2024} / 3 / 2});
   put("Verbrauch.kwd", "geändert");
   put("Sicherungen/2024-03-02", "kein Ordner");
