@@ -180,13 +180,12 @@ std::string filled(std::string text, const std::vector<std::string>& arguments) 
 }
 
 const char* nameOf(ErrorCode code) {
-  constexpr std::array kNames = {"NotFound",      "AlreadyExists",     "AccessDenied",
-                                 "ReadOnly",      "NoSpace",           "InUse",
-                                 "IoError",       "NotADatabase",      "NewerVersion",
-                                 "Encrypted",     "PasswordProtected", "Truncated",
-                                 "Damaged",       "IndexDamaged",      "MissingTable",
-                                 "MissingColumn", "WrongShape",        "Unsupported",
-                                 "InvalidValue",  "ChangedOnDisk",     "Cancelled"};
+  constexpr std::array kNames = {
+      "NotFound",      "AlreadyExists",     "AccessDenied", "ReadOnly",     "NoSpace",
+      "InUse",         "InvalidName",       "IoError",      "NotADatabase", "NewerVersion",
+      "Encrypted",     "PasswordProtected", "Truncated",    "Damaged",      "IndexDamaged",
+      "MissingTable",  "MissingColumn",     "WrongShape",   "Unsupported",  "InvalidValue",
+      "ChangedOnDisk", "Cancelled"};
   static_assert(kNames.size() == static_cast<std::size_t>(ErrorCode::Cancelled) + 1);
   return kNames[static_cast<std::size_t>(code)];
 }

@@ -11,12 +11,6 @@ namespace {
 constexpr double kTwipsPerCentimetre = 567;
 constexpr double kLeastScale = 0.8;  // the texts of 9 points then have 7 on paper
 
-std::string upperCase(std::string text) {
-  for (char& c : text)
-    if (c >= 'a' && c <= 'z') c = static_cast<char>(c - 'a' + 'A');
-  return text;
-}
-
 std::string pixelText(double twips, double twipsPerPixel) {
   const double pixels = std::clamp(twips / twipsPerPixel, -32768.0, 32767.0);
   return std::to_string(static_cast<int>(std::nearbyint(pixels)));
@@ -27,12 +21,6 @@ std::string centimetreText(double twips) {
 }
 
 }  // namespace
-
-std::string withPictureExtension(const std::string& name, const std::string& extension) {
-  const std::size_t length = extension.size();
-  const std::string end = name.size() >= length ? name.substr(name.size() - length) : name;
-  return end == extension || end == upperCase(extension) ? name : name + extension;
-}
 
 PrintPlacement placeOnPage(PrintFit fit, Size page, Size natural) {
   const double byWidth = page.width / natural.width, byHeight = page.height / natural.height;

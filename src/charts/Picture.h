@@ -4,15 +4,11 @@
 
 #include "charts/Geometry.h"
 
-// What surrounds a picture of a chart: names of files, fits of a page, the text of its size.
+// What surrounds a picture of a chart: fits of a page, the text of its size.
 namespace charts {
 
 // Numbers of the picture formats as the chart commands use them.
 enum class PictureFormat { Bitmap = 1, Metafile = 2, EnhancedMetafile = 3 };
-
-// The name with the extension (".bmp", with its dot) unless its last four characters are the
-// extension in small or in capital letters; mixed case gets a second one.
-std::string withPictureExtension(const std::string& name, const std::string& extension);
 
 enum class PrintFit { OneToOne = 1, Width = 2, Height = 3, Page = 4, Maximum = 5 };
 

@@ -35,10 +35,9 @@ void prepareFileDialog(QFileDialog& dialog, const QString& filter) {
   dialog.setOption(QFileDialog::HideNameFilterDetails);
 }
 
-bool agreesToCreate(QWidget* owner, const QString& path, const QString& title) {
-  QMessageBox box(QMessageBox::Question, title,
-                  path + u"\nDie Datei existiert nicht. Soll sie angelegt werden?"_s,
-                  QMessageBox::Yes | QMessageBox::No, owner);
+bool agrees(QWidget* owner, const QString& question, const QString& title) {
+  QMessageBox box(QMessageBox::Question, title, question, QMessageBox::Yes | QMessageBox::No,
+                  owner);
   box.setTextFormat(Qt::PlainText);
   box.setDefaultButton(QMessageBox::No);
   return box.exec() == QMessageBox::Yes;
@@ -53,17 +52,26 @@ QString OpenFileDialog(QWidget* owner, const QString& filter, const QString& tit
   dialog.setAcceptMode(QFileDialog::AcceptOpen);
   while (dialog.exec() == QDialog::Accepted) {
     QString path = chosen(dialog);
-    if (QFileInfo::exists(path) || agreesToCreate(owner, path, title)) return path;
+    const QString question = path + u"\nDie Datei existiert nicht. Soll sie angelegt werden?"_s;
+    if (QFileInfo::exists(path) || agrees(owner, question, title)) return path;
   }
   return {};
 }
 
 QString SaveFileDialog(QWidget* owner, const QString& filter, const QString& title,
-                       const QString& initialFolder) {
+                       const QString& initialFolder, const QString& extension) {
   QFileDialog dialog(owner, title, initialFolder);
   prepareFileDialog(dialog, filter);
   dialog.setAcceptMode(QFileDialog::AcceptSave);
-  return dialog.exec() == QDialog::Accepted ? chosen(dialog) : QString();
+  // The dialog's own question would be about the name as it was typed.
+  dialog.setOption(QFileDialog::DontConfirmOverwrite);
+  while (dialog.exec() == QDialog::Accepted) {
+    const QString path = QString::fromStdString(
+        completedName(chosen(dialog).toStdString(), extension.toStdString()));
+    const QString question = path + u"\nist schon vorhanden. Ersetzen?"_s;
+    if (!QFileInfo::exists(path) || agrees(owner, question, title)) return path;
+  }
+  return {};
 }
 
 int ChooseColorDialog(QWidget* owner, bool /*fullOpen*/, int start) {

@@ -11,9 +11,10 @@ namespace dialogs {
 // filter: see FileFilter.h. A name that does not exist yet may be given; the user is asked first.
 QString OpenFileDialog(QWidget* owner, const QString& filter, const QString& title,
                        const QString& initialFolder);
-// Asks before an existing file is chosen.
+// The name comes completed by the extension (FileFilter.h). Asks before an existing file is chosen,
+// by the name that it will have.
 QString SaveFileDialog(QWidget* owner, const QString& filter, const QString& title,
-                       const QString& initialFolder);
+                       const QString& initialFolder, const QString& extension = {});
 
 // 0x00BBGGRR, -1 when cancelled. start is the colour shown first, in the same form; any value
 // outside of 0 to 0xFFFFFF starts with black. The full choice is always open here.

@@ -25,6 +25,14 @@ std::string systemFilterList(std::string_view filter) {
   return list;
 }
 
+std::string completedName(std::string name, std::string_view extension) {
+  std::string capitals(extension);
+  std::transform(capitals.begin(), capitals.end(), capitals.begin(),
+                 [](char c) { return c >= 'a' && c <= 'z' ? static_cast<char>(c - 32) : c; });
+  if (!name.ends_with(extension) && !name.ends_with(capitals)) name += extension;
+  return name;
+}
+
 std::vector<FilterEntry> filterEntries(std::string_view filter) {
   const std::vector<std::string> strings = pieces(systemFilterList(filter), '\0');
   std::vector<FilterEntry> entries;

@@ -21,4 +21,8 @@ struct FilterEntry {
 // The entries in their order. A description without a pattern accepts every file.
 std::vector<FilterEntry> filterEntries(std::string_view filter);
 
+// The name under which a file is saved: with the extension (".bmp"), unless it ends in it already,
+// in small or in capital letters.
+std::string completedName(std::string name, std::string_view extension);
+
 }  // namespace dialogs

@@ -26,8 +26,9 @@ class Prompts {
   // "" when cancelled. The filter is "description|pattern" pairs separated by "|".
   virtual QString openFile(QWidget* owner, const QString& filter, const QString& title,
                            const QString& folder) = 0;
+  // The name comes with the extension (".bmp"), also if it was typed without.
   virtual QString saveFile(QWidget* owner, const QString& filter, const QString& title,
-                           const QString& folder) = 0;
+                           const QString& folder, const QString& extension) = 0;
   virtual QString chooseFolder(QWidget* owner, const QString& title, const QString& start) = 0;
   // 0x00BBGGRR, or -1 when cancelled.
   virtual int chooseColor(QWidget* owner, int start, bool fullOpen) = 0;

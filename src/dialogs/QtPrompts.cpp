@@ -118,8 +118,8 @@ QString QtPrompts::openFile(QWidget* owner, const QString& filter, const QString
 }
 
 QString QtPrompts::saveFile(QWidget* owner, const QString& filter, const QString& title,
-                            const QString& folder) {
-  return SaveFileDialog(owner, filter, title, folder);
+                            const QString& folder, const QString& extension) {
+  return SaveFileDialog(owner, filter, title, folder, extension);
 }
 
 QString QtPrompts::chooseFolder(QWidget* owner, const QString& title, const QString& start) {

@@ -15,7 +15,7 @@ class QtPrompts final : public Prompts {
   QString openFile(QWidget* owner, const QString& filter, const QString& title,
                    const QString& folder) override;
   QString saveFile(QWidget* owner, const QString& filter, const QString& title,
-                   const QString& folder) override;
+                   const QString& folder, const QString& extension) override;
   QString chooseFolder(QWidget* owner, const QString& title, const QString& start) override;
   int chooseColor(QWidget* owner, int start, bool fullOpen) override;
 };

@@ -9,15 +9,6 @@ namespace {
 
 using charts::PrintFit;
 
-TEST(Picture, GetsItsExtensionUnlessItEndsInIt) {
-  EXPECT_EQ(charts::withPictureExtension("bild", ".bmp"), "bild.bmp");
-  EXPECT_EQ(charts::withPictureExtension("bild.bmp", ".bmp"), "bild.bmp");
-  EXPECT_EQ(charts::withPictureExtension("bild.BMP", ".bmp"), "bild.BMP");
-  EXPECT_EQ(charts::withPictureExtension("bild.Bmp", ".bmp"), "bild.Bmp.bmp");
-  EXPECT_EQ(charts::withPictureExtension("bild.bmp", ".wmf"), "bild.bmp.wmf");
-  EXPECT_EQ(charts::withPictureExtension("a", ".wmf"), "a.wmf");
-}
-
 TEST(Picture, TellsItsSizeInPixelsAndCentimetres) {
   EXPECT_EQ(charts::dimensionText({9000, 6000}, 15, 15),
             "               Abmessungen  600 x 400 Pixel     [15,9 cm x 10,6 cm]");

@@ -128,9 +128,45 @@ TEST_F(QtPromptsTest, OpenDialogListsItsFilterAndReturnsThePath) {
             QDir::toNativeSeparators(path));
 }
 
+TEST_F(QtPromptsTest, SaveDialogAsksAboutTheNameThatTheFileWillHave) {
+  QTemporaryDir folder;
+  const auto path = [&](const QString& name) {
+    return QDir::toNativeSeparators(folder.filePath(name));
+  };
+  ASSERT_TRUE(QFile(path(u"Bild.bmp"_s)).open(QIODevice::WriteOnly));
+  ASSERT_TRUE(QFile(path(u"ohne"_s)).open(QIODevice::WriteOnly));
+  // What is typed one time after the other, and what each question is answered with.
+  QStringList asked;
+  const auto save = [&](QStringList typed, QMessageBox::StandardButton answer) {
+    asked.clear();
+    QTimer everywhere;
+    QObject::connect(&everywhere, &QTimer::timeout, [&] {
+      QWidget* modal = QApplication::activeModalWidget();
+      if (auto* box = qobject_cast<QMessageBox*>(modal)) {
+        asked += box->text();
+        box->button(answer)->click();
+      } else if (auto* dialog = qobject_cast<QFileDialog*>(modal)) {
+        if (typed.isEmpty()) return dialog->reject();
+        dialog->selectFile(path(typed.takeFirst()));
+        static_cast<QDialog*>(dialog)->done(QDialog::Accepted);
+      }
+    });
+    everywhere.start(10);
+    return prompts.saveFile(&owner, u"Bild|*.bmp"_s, {}, folder.path(), u".bmp"_s);
+  };
+  EXPECT_EQ(save({u"Bild"_s}, QMessageBox::Yes), path(u"Bild.bmp"_s));
+  EXPECT_EQ(asked, QStringList(path(u"Bild.bmp"_s) + u"\nist schon vorhanden. Ersetzen?"_s));
+  EXPECT_EQ(save({u"Bild"_s, u"neu"_s}, QMessageBox::No), path(u"neu.bmp"_s));
+  EXPECT_EQ(asked.size(), 1);
+  EXPECT_EQ(save({u"ohne"_s}, QMessageBox::No), path(u"ohne.bmp"_s));
+  EXPECT_EQ(asked.size(), 0) << "the name as typed is taken, the completed one is not";
+  EXPECT_EQ(save({u"Bild.bmp"_s}, QMessageBox::No), QString());
+  EXPECT_TRUE(QFile::exists(path(u"Bild.bmp"_s)));
+}
+
 TEST_F(QtPromptsTest, CancelledDialogsGiveTheirEmptyValue) {
   whenShown<QFileDialog>([](QFileDialog* dialog) { dialog->reject(); });
-  EXPECT_EQ(prompts.saveFile(&owner, u"Bild|*.bmp"_s, {}, {}), QString());
+  EXPECT_EQ(prompts.saveFile(&owner, u"Bild|*.bmp"_s, {}, {}, u".bmp"_s), QString());
   whenShown<QFileDialog>([](QFileDialog* dialog) {
     EXPECT_EQ(dialog->fileMode(), QFileDialog::Directory);
     EXPECT_EQ(QDir(dialog->directory()), QDir::home()) << "a start folder that is not there";
@@ -154,6 +190,16 @@ TEST(FileFilter, EverySeparatorBecomesNulAndOneEndsTheList) {
   const std::string list("*.kwd (Datenbank)\0*.kwd\0", 24);
   EXPECT_EQ(dialogs::systemFilterList("*.kwd (Datenbank)|*.kwd"), list);
   EXPECT_EQ(dialogs::systemFilterList("*.kwd (Datenbank)|*.kwd|"), list);
+}
+
+TEST(FileFilter, ANameGetsItsExtensionUnlessItEndsInIt) {
+  EXPECT_EQ(dialogs::completedName("bild", ".bmp"), "bild.bmp");
+  EXPECT_EQ(dialogs::completedName("bild.bmp", ".bmp"), "bild.bmp");
+  EXPECT_EQ(dialogs::completedName("bild.BMP", ".bmp"), "bild.BMP");
+  EXPECT_EQ(dialogs::completedName("bild.Bmp", ".bmp"), "bild.Bmp.bmp");
+  EXPECT_EQ(dialogs::completedName("bild.bmp", ".wmf"), "bild.bmp.wmf");
+  EXPECT_EQ(dialogs::completedName("a", ".wmf"), "a.wmf");
+  EXPECT_EQ(dialogs::completedName("a", ""), "a");
 }
 
 TEST(FileFilter, PairsBecomeEntries) {

@@ -150,11 +150,12 @@ void ChartWindow::savePicture(const QString& filter, const std::string& extensio
                               const Encoder& encode, OnFailure onFailure) {
   const QString title = u"Pfad für Sicherung auswählen"_s;
   const QString chosen = services_.prompts.saveFile(
-      this, filter, title, QString::fromStdString(services_.paths.DataFolder));
+      this, filter, title, QString::fromStdString(services_.paths.DataFolder),
+      QString::fromStdString(extension));
   if (chosen.isEmpty()) return;
   const QByteArray bytes = encode(Chart2D1->picture());
   const auto saved = services_.files.replaceFile(
-      withPictureExtension(chosen.toStdString(), extension),
+      chosen.toStdString(),
       base::asBytes({bytes.constData(), static_cast<std::size_t>(bytes.size())}));
   if (onFailure == OnFailure::Silent)
     base::ignore(saved, "a picture that could not be written is missed where it is looked for");

@@ -125,18 +125,10 @@ void DetailPage::Command10Click() {
 }
 
 void DetailPage::cmdCsvClick() {
-  QString path = services_.prompts.saveFile(this, u"CSV-Tabelle (*.csv)|*.csv"_s,
-                                            u"Tabelle als CSV speichern"_s,
-                                            QString::fromStdString(services_.paths.DataFolder));
+  const QString path = services_.prompts.saveFile(
+      this, u"CSV-Tabelle (*.csv)|*.csv"_s, u"Tabelle als CSV speichern"_s,
+      QString::fromStdString(services_.paths.DataFolder), u".csv"_s);
   if (path.isEmpty()) return;
-  if (!path.endsWith(u".csv"_s, Qt::CaseInsensitive)) {
-    path += u".csv"_s;
-    // The dialog has asked about the name without the extension only.
-    if (services_.files.exists(path.toStdString()) &&
-        !services_.prompts.confirm(this, path + u"\nist schon vorhanden. Ersetzen?"_s,
-                                   u"Tabelle als CSV speichern"_s))
-      return;
-  }
   const auto saved =
       services_.files.replaceFile(path.toStdString(), base::asBytes(toCsv(grdDruckAlle->grid())));
   if (!saved)

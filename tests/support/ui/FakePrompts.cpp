@@ -1,5 +1,7 @@
 #include "support/ui/FakePrompts.h"
 
+#include "dialogs/FileFilter.h"
+
 #include <gtest/gtest.h>
 
 using dialogs::Button;
@@ -69,8 +71,11 @@ QString FakePrompts::openFile(QWidget*, const QString& filter, const QString& ti
   return nextPath(QStringLiteral("openFile"), filter, title, folder);
 }
 QString FakePrompts::saveFile(QWidget*, const QString& filter, const QString& title,
-                              const QString& folder) {
-  return nextPath(QStringLiteral("saveFile"), filter, title, folder);
+                              const QString& folder, const QString& extension) {
+  const QString path = nextPath(QStringLiteral("saveFile"), filter, title, folder);
+  if (path.isEmpty()) return path;
+  return QString::fromStdString(
+      dialogs::completedName(path.toStdString(), extension.toStdString()));
 }
 QString FakePrompts::chooseFolder(QWidget*, const QString& title, const QString& start) {
   return nextPath(QStringLiteral("chooseFolder"), {}, title, start);

@@ -44,8 +44,8 @@ class FakePrompts final : public dialogs::Prompts {
                                const QString& preset) override;
   QString openFile(QWidget*, const QString& filter, const QString& title,
                    const QString& folder) override;
-  QString saveFile(QWidget*, const QString& filter, const QString& title,
-                   const QString& folder) override;
+  QString saveFile(QWidget*, const QString& filter, const QString& title, const QString& folder,
+                   const QString& extension) override;
   QString chooseFolder(QWidget*, const QString& title, const QString& start) override;
   int chooseColor(QWidget*, int start, bool fullOpen) override;
 
