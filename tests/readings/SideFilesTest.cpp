@@ -1,8 +1,11 @@
 #include <gmock/gmock.h>
 
+#include <filesystem>
+
 #include "readings/BaseFees.h"
 #include "readings/MeterChange.h"
 #include "support/MemoryFileSystem.h"
+#include "support/TemporaryFolder.h"
 
 using namespace readings;
 using support::MemoryFileSystem;
@@ -28,6 +31,19 @@ class SideFiles : public testing::Test {
   }
   MemoryFileSystem files{{{"/daten/andere.dat", {}}}};
 };
+
+#ifndef _WIN32
+TEST(SideFileRights, FollowTheYear) {
+  const support::TemporaryFolder folder;
+  const auto disk = base::makeDiskFileSystem();
+  ASSERT_TRUE(disk->replaceFile(folder / "Mein_Haus.kwd", base::asBytes("x")));
+  using std::filesystem::perms;
+  const perms own = perms::owner_read | perms::owner_write;
+  std::filesystem::permissions(folder / "Mein_Haus.kwd", own);
+  ASSERT_TRUE(writeMeterChange(*disk, folder / "Mein_Haus_WechselGas.dat", {5, 120}));
+  EXPECT_EQ(std::filesystem::status(folder / "Mein_Haus_WechselGas.dat").permissions(), own);
+}
+#endif
 
 }  // namespace
 
