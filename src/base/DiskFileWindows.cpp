@@ -208,7 +208,9 @@ class DiskFileSystem final : public FileSystem {
     if (!reading && isProtected)
       return fail(ErrorCode::AccessDenied, "Die Datei ist schreibgeschützt", path);
     // A new file comes into a free place only, so that no link is followed.
-    if (mode == OpenMode::Create && attributes != INVALID_FILE_ATTRIBUTES)
+    const bool taken =
+        attributes != INVALID_FILE_ATTRIBUTES && (attributes & FILE_ATTRIBUTE_DIRECTORY) == 0;
+    if (mode == OpenMode::Create && taken)
       if (auto removed = remove(path); !removed && removed.error().code != ErrorCode::NotFound)
         return Failure(removed.error());
     HANDLE opened = INVALID_HANDLE_VALUE;

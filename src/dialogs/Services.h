@@ -9,6 +9,7 @@ namespace dialogs {
 class Navigator;
 class Prompts;
 class Shell;
+class YearKeeper;
 
 // What windows need from the rest of the program; made in main, handed down by reference.
 struct Services {
@@ -18,6 +19,7 @@ struct Services {
   Prompts& prompts;
   Shell& shell;
   Navigator& navigator;
+  YearKeeper* keeper = nullptr;  // none: no copies are kept
 };
 
 }  // namespace dialogs

@@ -248,6 +248,10 @@ bool Database::needsReopen() const {
   return state_->pager->needsReopen();
 }
 
+Result<base::Bytes> Database::image() const {
+  return state_->pager->image();
+}
+
 std::vector<Finding> Database::warnings() const {
   std::vector<Finding> findings;
   for (const auto& [page, table] : state_->tables)

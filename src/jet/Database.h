@@ -132,6 +132,10 @@ class Database {
   bool inTransaction() const;
   bool needsReopen() const;
 
+  // The file as it is stored, without the running transaction: while it is open for writing nobody
+  // else can read it.
+  base::Result<base::Bytes> image() const;
+
   // Problems met while opening tables that leave the rows readable (IndexDamaged).
   std::vector<Finding> warnings() const;
   // Rebuilds every index of a table from its rows; within a transaction.

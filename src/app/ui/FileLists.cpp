@@ -5,8 +5,9 @@
 #include <string>
 
 #include "app/YearFiles.h"
-#include "app/YearSummary.h"
+
 #include "base/Drives.h"
+#include "yearbook/YearSummary.h"
 
 using namespace Qt::Literals::StringLiterals;
 
@@ -28,10 +29,10 @@ widgets::FileList::Lister filesOf(const base::FileSystem& files, std::string_vie
 }
 
 QString describeYear(base::FileSystem& files, const QString& path) {
-  const auto summary = summarizeYear(files, path.toStdString());
+  const auto summary = yearbook::summarizeYear(files, path.toStdString());
   if (!summary && summary.error().code == base::ErrorCode::InUse) return u"ist geöffnet"_s;
   const QString content =
-      summary ? QString::fromStdString(describe(*summary)) : u"lässt sich nicht lesen"_s;
+      summary ? QString::fromStdString(yearbook::describe(*summary)) : u"lässt sich nicht lesen"_s;
   const auto info = files.info(path.toStdString());
   if (!info) return content;
   const auto time =

@@ -5,6 +5,7 @@
 #include "app/DataFolder.h"
 #include "app/SafetyCopies.h"
 #include "app/YearFiles.h"
+#include "app/ui/OpenYearKeeper.h"
 #include "app/ui/WindowNavigator.h"
 #include "base/GermanDate.h"
 #include "base/Paths.h"
@@ -26,7 +27,8 @@ struct Program::Parts {
   dialogs::QtPrompts prompts;
   dialogs::SystemShell shell;
   WindowNavigator navigator;
-  dialogs::Services services{paths, *files, clock, prompts, shell, navigator};
+  OpenYearKeeper keeper;
+  dialogs::Services services{paths, *files, clock, prompts, shell, navigator, &keeper};
 
   YearWindow openYear(QWidget* parent);
   std::string openingProblem(const base::Error& error) const;
@@ -71,6 +73,7 @@ Program::Program(QApplication& application, const CommandLine& line)
   if (!line.file.empty()) parts.line.file = absolutePath(line.file);
   if (!line.dataFolder.empty())
     parts.facts.chosenDataFolder = base::withSeparator(absolutePath(line.dataFolder));
+  parts.keeper.begin(parts.services);
   parts.navigator.begin(parts.services, parts.facts,
                         [&parts](QWidget* parent) { return parts.openYear(parent); });
 }

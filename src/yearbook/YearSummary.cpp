@@ -1,4 +1,4 @@
-#include "app/YearSummary.h"
+#include "yearbook/YearSummary.h"
 
 #include <initializer_list>
 
@@ -6,11 +6,8 @@
 #include "yearbook/RecordSource.h"
 #include "yearbook/Schema.h"
 
-namespace app {
+namespace yearbook {
 namespace {
-
-using yearbook::Field;
-using yearbook::RecordSource;
 
 int monthsWith(const RecordSource& rows, std::initializer_list<const Field*> fields) {
   int months = 0;
@@ -38,19 +35,16 @@ base::Result<YearSummary> summarizeYear(base::FileSystem& files, const std::stri
   auto database = jet::Database::open(files, path, options);
   if (!database) return base::Failure(database.error());
   YearSummary summary;
-  for (const yearbook::Table* table : yearbook::allTables()) {
+  for (const Table* table : allTables()) {
     const auto rows = RecordSource::open(*database, *table);
     if (!rows) return base::Failure(rows.error());
-    if (table == &yearbook::kStrom)
-      summary.electricity =
-          monthsWith(*rows, {&yearbook::strom::dayReading, &yearbook::strom::nightReading,
-                             &yearbook::strom::dayConsumption, &yearbook::strom::nightConsumption});
-    if (table == &yearbook::kWasser)
-      summary.water =
-          monthsWith(*rows, {&yearbook::wasser::reading, &yearbook::wasser::wasteReading,
-                             &yearbook::wasser::consumption, &yearbook::wasser::wasteConsumption});
-    if (table == &yearbook::kGas)
-      summary.gas = monthsWith(*rows, {&yearbook::gas::reading, &yearbook::gas::consumption});
+    if (table == &kStrom)
+      summary.electricity = monthsWith(*rows, {&strom::dayReading, &strom::nightReading,
+                                               &strom::dayConsumption, &strom::nightConsumption});
+    if (table == &kWasser)
+      summary.water = monthsWith(*rows, {&wasser::reading, &wasser::wasteReading,
+                                         &wasser::consumption, &wasser::wasteConsumption});
+    if (table == &kGas) summary.gas = monthsWith(*rows, {&gas::reading, &gas::consumption});
     summary.hasEntries |= hasNumbers(*rows);
   }
   return summary;
@@ -71,4 +65,4 @@ std::string describe(const YearSummary& summary) {
   return summary.hasEntries ? "noch keine Ablesung" : "leer";
 }
 
-}  // namespace app
+}  // namespace yearbook
