@@ -6,6 +6,7 @@
 
 #include "base/Paths.h"
 #include "base/TextCodec.h"
+#include "base/Trim.h"
 
 namespace base {
 namespace {
@@ -22,12 +23,6 @@ std::string shortest(T value, int digits) {
   end = std::to_chars(buffer.data(), buffer.data() + buffer.size(), rounded,
                       std::chars_format::fixed);
   return {buffer.data(), end.ptr};
-}
-
-std::string_view trimmed(std::string_view text) {
-  const std::size_t first = text.find_first_not_of(" \t");
-  if (first == std::string_view::npos) return {};
-  return text.substr(first, text.find_last_not_of(" \t") - first + 1);
 }
 
 }  // namespace

@@ -5,17 +5,13 @@
 #include <charconv>
 #include <cmath>
 
+#include "base/Trim.h"
+
 namespace base {
 namespace {
 
 bool isDigit(char c) {
   return c >= '0' && c <= '9';
-}
-
-std::string_view trimmed(std::string_view text) {
-  while (!text.empty() && (text.front() == ' ' || text.front() == '\t')) text.remove_prefix(1);
-  while (!text.empty() && (text.back() == ' ' || text.back() == '\t')) text.remove_suffix(1);
-  return text;
 }
 
 // "1.234", "12.345.678": one to three digits without a leading zero, then groups of three.

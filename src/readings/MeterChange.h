@@ -15,7 +15,7 @@ using yearbook::YearRows;
 using yearbook::YearSession;
 
 struct MeterChange {
-  static constexpr int kNone = 12;
+  static constexpr int kNone = yearbook::kMonths;
   int position = kNone;  // month row 0 to 11 whose reading is the old meter's last one
   double newStart = 0;   // 0 = unset
 

@@ -7,6 +7,7 @@
 
 #include "base/GermanNumber.h"
 #include "base/TextCodec.h"
+#include "base/Trim.h"
 
 namespace reports {
 namespace {
@@ -189,12 +190,6 @@ class PageWriter {
   std::string html_;
 };
 
-std::string_view trimmed(std::string_view text) {
-  while (!text.empty() && text.front() == ' ') text.remove_prefix(1);
-  while (!text.empty() && text.back() == ' ') text.remove_suffix(1);
-  return text;
-}
-
 }  // namespace
 
 CellColor plainSystemColor(int index) {
@@ -247,7 +242,7 @@ std::string FlexGridHTML::escape(std::string_view text) {
 
 bool FlexGridHTML::isNumber(std::string_view text) {
   bool point = false;
-  for (const char c : trimmed(text)) {
+  for (const char c : base::trimmed(text, " ")) {
     if (c == '.' && point) return false;
     point = point || c == '.';
     if (std::string_view("0123456789,.").find(c) == std::string_view::npos) return false;

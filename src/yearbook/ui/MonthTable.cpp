@@ -34,7 +34,7 @@ QString advanceHint() {
 }
 
 QString monthName(const MonthTexts& texts, int i) {
-  return QString::fromStdString(texts.names[std::size_t(i)]);
+  return QString::fromStdString(texts.names[i]);
 }
 
 }  // namespace
@@ -90,8 +90,8 @@ void MonthTable::buildLines(QGridLayout* grid) {
     const int row = kFirstMonthRow + i;
     auto* mark = new LineMark(this);
     mark->lower();
-    marks_[std::size_t(i)] = mark;
-    bars_[std::size_t(i)] = new ConsumptionBar(this);
+    marks_[i] = mark;
+    bars_[i] = new ConsumptionBar(this);
     consumption(i)->setAlignment(Qt::AlignRight | Qt::AlignVCenter);
     advance(i)->setFixedWidth(numberWidth(advance(i)));
     advance(i)->setToolTip(advanceHint());
@@ -102,7 +102,7 @@ void MonthTable::buildLines(QGridLayout* grid) {
     grid->addWidget(month(i), row, kMonth);
     grid->addWidget(consumption(i), row, kConsumption);
     grid->addWidget(new QLabel(unit_, this), row, kUnit);
-    grid->addWidget(bars_[std::size_t(i)], row, kBar);
+    grid->addWidget(bars_[i], row, kBar);
     // Aligned, or the fixed height of the field would keep the lines from growing.
     grid->addWidget(advance(i), row, kAdvance, Qt::AlignVCenter);
     grid->addWidget(new QLabel(u"Euro"_s, this), row, kEuro);
@@ -157,8 +157,8 @@ void MonthTable::showValues() {
     consumption(i)->setText(QString::fromStdString(texts.consumptions[i]));
     consumption(i)->setAccessibleName(u"Verbrauch "_s + name);
     advance(i)->setAccessibleName(u"Abschlag "_s + name);
-    marks_[std::size_t(i)]->setVisible(current);
-    bars_[std::size_t(i)]->setShare(texts.shares[i]);
+    marks_[i]->setVisible(current);
+    bars_[i]->setShare(texts.shares[i]);
   }
   consumptionSum_->setText(QString::fromStdString(texts.consumptionSum));
   advanceSum->setText(QString::fromStdString(texts.advanceSum));

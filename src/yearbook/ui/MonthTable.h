@@ -53,8 +53,8 @@ class MonthTable final : public TitledFrame {
   Utility utility_;
   QString unit_;
   QLabel* consumptionSum_;
-  std::array<ConsumptionBar*, kMonths> bars_{};
-  std::array<QWidget*, kMonths> marks_{};
+  PerMonth<ConsumptionBar*> bars_{};
+  PerMonth<QWidget*> marks_{};
 };
 
 }  // namespace yearbook

@@ -106,7 +106,7 @@ void RemarksPage::showValues() {
   for (Utility utility : kUtilities) {
     const MonthNames names = editor_.session().monthNames(utility);
     for (int i = 0; i < kMonths; ++i) {
-      const QString month = QString::fromStdString(names[std::size_t(i)]);
+      const QString month = QString::fromStdString(names[i]);
       const QString remark = QString::fromStdString(editor_.values().remarks[utility][i]);
       widgets::EntryField* field = fields(utility)(i);
       months_[utility][i]->setText(month);
