@@ -61,8 +61,7 @@ int check(const CommandLine& line, const Console& console) {
     if (!finding.warning) ++errors;
   }
   if (errors > 0) {
-    console.err << line.file << ": " << errors << " Fehler gefunden. " << advice(findings)
-                << '\n';
+    console.err << line.file << ": " << errors << " Fehler gefunden. " << advice(findings) << '\n';
     return 1;
   }
   if (!findings.empty()) console.out << advice(findings) << '\n';

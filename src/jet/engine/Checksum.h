@@ -9,8 +9,8 @@ namespace jet {
 
 // A running 64-bit checksum. Every step is a bijection of its state for a given word, so that a
 // change of a single 8-byte word never goes unnoticed, and other damage with odds of 1 in 2^64. Not
-// meant against forgery. Different seeds give independent sums. By hand because the sum is part of the
-// journal's format, which must not change with a library's version.
+// meant against forgery. Different seeds give independent sums. By hand because the sum is part of
+// the journal's format, which must not change with a library's version.
 //
 // Long spans go through four states side by side, since a step waits for the multiplication of the
 // one before it: a commit sums the whole year file, and should cost no more than its syncs.
