@@ -31,7 +31,7 @@ widgets::FileList::Lister filesOf(const base::FileSystem& files, std::string_vie
 QString describeYear(base::FileSystem& files, const QString& path) {
   const auto summary = yearbook::summarizeYear(files, path.toStdString());
   if (!summary && summary.error().code == base::ErrorCode::InUse) return u"ist geöffnet"_s;
-  const QString content =
+  QString content =
       summary ? QString::fromStdString(yearbook::describe(*summary)) : u"lässt sich nicht lesen"_s;
   const auto info = files.info(path.toStdString());
   if (!info) return content;
