@@ -12,7 +12,9 @@
 #include <sys/wait.h>
 #include <unistd.h>
 
+#include <atomic>
 #include <csignal>
+#include <thread>
 #endif
 
 namespace {
@@ -222,6 +224,25 @@ TEST_F(DiskFile, ANewFileFollowsNoLinkThatLiesInItsPlace) {
     EXPECT_FALSE(std::filesystem::is_symlink(folder_ / name)) << name;
   ASSERT_EQ(::mkfifo((folder_ / "Rohr").c_str(), 0600), 0);
   EXPECT_EQ(openError("Rohr", OpenMode::Create), ErrorCode::AccessDenied);
+}
+
+TEST_F(DiskFile, ALinkThatComesAtTheLastMomentIsNotFollowedEither) {
+  write("fremd", "fremd");
+  const std::string target = folder_ / "fremd";
+  const std::string place = folder_ / "Haus.kwd-tmp";
+  std::atomic<bool> ended = false;
+  std::thread intruder([&] {
+    while (!ended) static_cast<void>(::symlink(target.c_str(), place.c_str()) == 0);
+  });
+  for (int attempt = 0; attempt < 3000; ++attempt) {
+    const auto file = files_->open(place, OpenMode::Create);
+    if (file) {
+      EXPECT_TRUE((*file)->writeAt(0, base::asBytes("x")));
+    }
+  }
+  ended = true;
+  intruder.join();
+  EXPECT_EQ(read("fremd"), "fremd");
 }
 
 TEST_F(DiskFile, RightsOfNewFilesFollowTheFileThatTheyBelongTo) {

@@ -70,7 +70,7 @@ void frmNeuVerbrauch::buildLayout() {
   lblNamensHinweis->setWordWrap(true);
   lblNamensHinweis->setTextFormat(Qt::PlainText);
   lblNamensHinweis->setAlignment(Qt::AlignTop | Qt::AlignLeft);
-  lblNamensHinweis->setMinimumHeight(fontMetrics().lineSpacing() * 3);
+  lblNamensHinweis->setMinimumHeight(fontMetrics().lineSpacing() * 4);
   for (QPushButton* button : {Command1, Command2}) {
     button->setMinimumHeight(32);
     button->setMinimumWidth(button->sizeHint().width() + 20);

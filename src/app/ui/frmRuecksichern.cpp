@@ -113,7 +113,7 @@ void frmRuecksichern::buildLayout() {
   grid->setRowStretch(6, 2);
   for (QPushButton* button : {Command1, Command2}) button->setMinimumHeight(34);
   Command2->setMinimumWidth(Command2->sizeHint().width() + 24);
-  resize(800, 580);
+  resize(880, 580);
 }
 
 void frmRuecksichern::showEvent(QShowEvent* event) {
