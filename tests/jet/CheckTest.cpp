@@ -25,12 +25,13 @@ class Check : public testing::Test {
     jet::NewTable table{"Strom",
                         {{"Nr", jet::ColumnType::Long},
                          {"Monat", jet::ColumnType::Text, 20},
-                         {"Anmerkung", jet::ColumnType::Memo}},
+                         {"Anmerkung", jet::ColumnType::Memo},
+                         {"Tage", jet::ColumnType::Integer}},
                         {{"PrimaryKey", {{"Nr", true}}, true}},
                         {}};
     for (int i = 0; i < 12; ++i)
-      table.rows.push_back(
-          {std::int64_t{i}, "Monat " + std::to_string(i), std::string(i < 2 ? 3000 : 10, 'm')});
+      table.rows.push_back({std::int64_t{i}, "Monat " + std::to_string(i),
+                            std::string(i < 2 ? 3000 : 10, 'm'), std::int64_t{i}});
     bytes_ = *jet::createDatabase({table});
     definition_ = pageOf([this](base::ByteSpan page) { return page[0] == 2; }, 16);
   }
@@ -172,6 +173,20 @@ TEST_F(Check, TellsRowsThatNobodyFinds) {
   objects->erase(objects->slotCount() - 1);
   EXPECT_THAT(findings(),
               testing::Contains(page(definition_) + "Eine Tabelle fehlt im Tabellenverzeichnis."));
+}
+
+// Where a column was deleted, places without a column are sound, but two columns in one are not.
+TEST_F(Check, TellsColumnsThatShareAPlace) {
+  const auto& version = jet::format::kJet4;
+  const auto definition = std::span(bytes_).subspan(definition_ * kPage, kPage);
+  version.table.maxColumns.set(definition, 5);
+  const auto days = definition.subspan(version.table.headSize + version.table.counterSize +
+                                       3 * version.column.size);
+  version.column.fixedOffset.set(days, 6);
+  EXPECT_THAT(findings(), testing::IsEmpty());
+  version.column.fixedOffset.set(days, 3);
+  EXPECT_THAT(findings(), testing::Contains("Strom, " + page(definition_) +
+                                            "Feld \"Tage\" ist falsch beschrieben."));
 }
 
 // One bit of a definition is another: either every value is the same or the check tells.

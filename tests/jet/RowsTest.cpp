@@ -252,11 +252,15 @@ TEST_P(MadeRows, OfANewTableAreStoredWithIt) {
 TEST_P(MadeRows, OfATableThatIsRefusedOrRolledBackAreGone) {
   const std::string before = dump();
   const base::Bytes file = disk_.get(kPath);
+  auto objects = database_->openTable("MSysObjects");
+  ASSERT_TRUE(objects);
+  const std::size_t known = objects->count();
   NewTable table = meters();
   EXPECT_EQ(database_->createTable(table).error().subject, "Zähler");
   table.name = "Neu";
   table.rows = {{jet::Null(), std::string(51, 'x'), jet::Null(), jet::Null()}};
   EXPECT_EQ(database_->createTable(table).error().subject, "Neu.Ort");
+  EXPECT_EQ(objects->count(), known);
   EXPECT_EQ(dump(), before);
   expectSound();
   table.rows.clear();
