@@ -174,10 +174,12 @@ bool SafetyCopies::isEqual(const std::string& moment, const std::string& year,
 // Two of one year within a second are told apart by a number.
 std::string SafetyCopies::newMoment(CopyMoment moment, const std::string& year) const {
   std::string name = today_;
-  if (moment != CopyMoment::Opening) name += ' ' + timeName(now_.time) + ' ' + label(moment);
+  if (moment != CopyMoment::Opening)
+    name.append(" ").append(timeName(now_.time)).append(" ").append(label(moment));
   const std::string folder = folderIn(dataFolder_);
   std::string free = name;
-  for (int number = 2; files_.exists(folder + free + base::kPathSeparator + year); ++number)
+  const std::string inside = base::kPathSeparator + year;
+  for (int number = 2; files_.exists(folder + free + inside); ++number)
     free = name + ' ' + std::to_string(number);
   return free;
 }

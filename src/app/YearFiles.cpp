@@ -91,7 +91,7 @@ base::Result<void> checkIsNoYear(base::FileSystem& files, const std::string& tar
   constexpr std::size_t kMagic = 4;
   constexpr std::string_view kFormats[] = {"Standard Jet DB", "Standard ACE DB"};
   base::Bytes start(kMagic + kFormats[0].size());
-  const auto read = (*file)->readAt(0, start);
+  auto read = (*file)->readAt(0, start);
   if (!read && read.error().code == base::ErrorCode::Truncated) return {};
   if (!read) return read;
   for (const std::string_view format : kFormats)

@@ -66,7 +66,7 @@ QString SaveFileDialog(QWidget* owner, const QString& filter, const QString& tit
   // The dialog's own question would be about the name as it was typed.
   dialog.setOption(QFileDialog::DontConfirmOverwrite);
   while (dialog.exec() == QDialog::Accepted) {
-    const QString path = QString::fromStdString(
+    QString path = QString::fromStdString(
         completedName(chosen(dialog).toStdString(), extension.toStdString()));
     const QString question = path + u"\nist schon vorhanden. Ersetzen?"_s;
     if (!QFileInfo::exists(path) || agrees(owner, question, title)) return path;

@@ -72,7 +72,7 @@ QString FakePrompts::openFile(QWidget*, const QString& filter, const QString& ti
 }
 QString FakePrompts::saveFile(QWidget*, const QString& filter, const QString& title,
                               const QString& folder, const QString& extension) {
-  const QString path = nextPath(QStringLiteral("saveFile"), filter, title, folder);
+  QString path = nextPath(QStringLiteral("saveFile"), filter, title, folder);
   if (path.isEmpty()) return path;
   return QString::fromStdString(
       dialogs::completedName(path.toStdString(), extension.toStdString()));
