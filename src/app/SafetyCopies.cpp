@@ -176,11 +176,13 @@ std::string SafetyCopies::newMoment(CopyMoment moment, const std::string& year) 
   std::string name = today_;
   if (moment != CopyMoment::Opening)
     name.append(" ").append(timeName(now_.time)).append(" ").append(label(moment));
-  const std::string folder = folderIn(dataFolder_);
-  std::string free = name;
   const std::string inside = base::kPathSeparator + year;
-  for (int number = 2; files_.exists(folder + free + inside); ++number)
-    free = name + ' ' + std::to_string(number);
+  const auto taken = [&](const std::string& folder) {
+    return files_.exists(folderIn(dataFolder_).append(folder).append(inside));
+  };
+  std::string free = name;
+  for (int number = 2; taken(free); ++number)
+    free = std::string(name).append(" ").append(std::to_string(number));
   return free;
 }
 
