@@ -90,7 +90,7 @@ TEST_F(Check, TellsATableWhoseDefinitionIsTheHeaderPage) {
       },
       3);
   const std::array<std::uint8_t, 4> id = {static_cast<std::uint8_t>(definition_), 0, 0, 0};
-  const auto start = bytes_.begin() + catalog * kPage;
+  const auto start = bytes_.begin() + static_cast<std::ptrdiff_t>(catalog * kPage);
   const auto found = std::search(start, start + kPage, id.begin(), id.end());
   ASSERT_NE(found, start + kPage);
   *found = 0;

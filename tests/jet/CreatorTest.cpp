@@ -42,9 +42,9 @@ NewTable sampleTable(int rows) {
                    {"Monat", {{"Monat", true}, {"Nr", false}}}};
   for (int i = 0; i < rows; ++i)
     table.rows.push_back({jet::Null(), "Monat " + std::to_string(i), 1.5 * i,
-                          base::Money::fromTenThousandths(12345 * i), 0.5F * static_cast<float>(i),
-                          std::int64_t{i}, std::int64_t{i % 200}, i % 2 == 0,
-                          jet::DateTime{45000.0 + i},
+                          base::Money::fromTenThousandths(std::int64_t{12345} * i),
+                          0.5F * static_cast<float>(i), std::int64_t{i}, std::int64_t{i % 200},
+                          i % 2 == 0, jet::DateTime{45000.0 + i},
                           i % 5 == 0 ? Value(std::string(static_cast<std::size_t>(i) * 40, 'x'))
                                      : Value(jet::Null())});
   return table;
