@@ -13,6 +13,7 @@ set(sees_app base jet app)
 foreach(folder ${rules})
   set(sees_${folder} ${sees_yearbook} ${folder})
 endforeach()
+set(sees_readingbook ${sees_readings} readingbook)
 set(sees_widgets base widgets)
 set(sees_dialogs base ${windows})
 foreach(folder yearbook ${rules})
@@ -22,7 +23,7 @@ set(sees_mainwindow ${sees_yearbook} ${rules} ${windows} yearbook/ui readings/ui
     projection/ui charts/ui mainwindow)
 set(sees_app/ui ${sees_mainwindow} app app/ui)
 
-set(pure base jet yearbook app ${rules})
+set(pure base jet yearbook app ${rules} readingbook)
 set(folders ${pure} jet/engine jet/format widgets dialogs yearbook/ui readings/ui reports/ui projection/ui
     charts/ui mainwindow app/ui)
 
