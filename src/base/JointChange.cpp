@@ -177,8 +177,7 @@ JointChange::JointChange(FileSystem& files, std::string folder, std::unique_ptr<
 JointChange::JointChange(JointChange&&) noexcept = default;
 
 JointChange::~JointChange() {
-  if (!intention_ || pending_) return;
-  if (withdraw()) dropStaged();
+  if (intention_) withdraw();
 }
 
 Result<JointChange> JointChange::begin(FileSystem& files, const std::string& folder) {
@@ -256,22 +255,19 @@ Result<void> JointChange::writeIntention() {
   Result<void> written = intention_->writeAt(0, asBytes(encode(entries_)));
   if (written) written = intention_->sync();
   if (written) return {};
-  written = fail(aboutFolder(written.error(), folder_));
-  if (withdraw()) {
-    dropStaged();
-    return written;
-  }
-  pending_ = true;
-  return written;
+  withdraw();
+  return fail(aboutFolder(written.error(), folder_));
 }
 
-// Makes sure that no later finish() takes the intention for a whole one, and lets go of it. False
-// when that cannot be promised.
+// Makes sure that no later finish() takes the intention for a whole one, and lets go of it.
 bool JointChange::withdraw() {
+  if (!intention_) return !pending_;
   const bool emptied = intention_->resize(0) && intention_->sync();
   intention_.reset();
   const auto removed = patiently([&] { return files_->remove(intentionIn(folder_)); });
-  return emptied || (removed && files_->syncFolder(folder_));
+  pending_ = !emptied && !(removed && files_->syncFolder(folder_));
+  if (!pending_) dropStaged();
+  return !pending_;
 }
 
 void JointChange::dropStaged() {
@@ -290,19 +286,14 @@ Result<void> JointChange::carryOut() {
     }
     done.error().file = folder_ + entry.name;
     const bool tied = entries_.back().kind == Kind::TiedTo;
-    if (!begun && !tied && withdraw()) {
-      dropStaged();
-      return done;
-    }
+    if (!begun && !tied && withdraw()) return done;
     leaveToFinish();
     return done;
   }
   // Without this the intention stays, and with it the certainty that all names come to be.
   const auto named = patiently([&] { return files_->syncFolder(folder_); });
-  pending_ = false;
   intention_.reset();
-  if (!named) return {};
-  ignore(files_->remove(intentionIn(folder_)), "carrying it out again changes nothing");
+  pending_ = !named || !patiently([&] { return files_->remove(intentionIn(folder_)); });
   ignore(files_->syncFolder(folder_), "carrying it out again changes nothing");
   return {};
 }
@@ -313,10 +304,8 @@ Result<void> JointChange::commit() {
   return carryOut();
 }
 
-Result<void> JointChange::prepare(const File& tiedTo) {
-  const auto mark = markOf(tiedTo);
-  if (!mark) return Failure(mark.error());
-  entries_.push_back({Kind::TiedTo, std::string(fileName(tiedTo.path())), *mark});
+Result<void> JointChange::prepare(const std::string& name, ByteSpan content) {
+  entries_.push_back({Kind::TiedTo, name, {content.size(), addToSum(kEmptySum, content)}});
   return writeIntention();
 }
 

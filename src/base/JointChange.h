@@ -43,14 +43,22 @@ class JointChange {
   // isPending(): then a file that could not be renamed now follows at the next finish().
   Result<void> commit();
 
-  // The intention, tied to a file of the folder that the caller holds open: it counts once that
-  // file's content is another than now.
-  Result<void> prepare(const File& tiedTo);
-  // After that file has changed. A failure is always pending, see commit(); it can be called again.
+  // The two halves of commit(). After a failure of the first nothing is; unless isPending(): then
+  // only the next finish() finds out. After a failure of the second see commit().
+  Result<void> prepare() { return writeIntention(); }
   Result<void> complete();
+
+  // The intention, tied to a file of the folder that the caller holds open: it counts once that
+  // file's content is another than this, which it has now.
+  Result<void> prepare(const std::string& name, ByteSpan content);
+  // After that file has changed comes complete(), whose failure is always pending.
+  // It shall not count, as without this call when the change goes. False when that cannot be
+  // promised: the file must not change any more then, until finish() has seen it unchanged.
+  bool withdraw();
   // Nobody knows whether that file has changed: finish() will see.
   void leaveToFinish();
 
+  // Something is left to the next finish(): a file, or only the intention.
   bool isPending() const { return pending_; }
 
   // For whoever starts to use a folder: completes or sweeps away what an interruption has left. A
@@ -80,7 +88,6 @@ class JointChange {
   Result<void> stage(const std::string& name, Result<void> written);
   Result<void> writeIntention();
   Result<void> carryOut();
-  bool withdraw();
   void dropStaged();
 
   FileSystem* files_;

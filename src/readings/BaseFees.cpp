@@ -2,7 +2,6 @@
 
 #include "base/CsvRecord.h"
 #include "base/Paths.h"
-#include "readings/SideFile.h"
 
 namespace readings {
 
@@ -30,11 +29,10 @@ MonthlyFees readBaseFees(base::FileSystem& files, const std::string& path) {
   return fees;
 }
 
-Result<void> writeBaseFees(base::FileSystem& files, const std::string& path,
-                           const MonthlyFees& fees) {
+std::string baseFeeLine(const MonthlyFees& fees) {
   base::RecordWriter record;
   for (const double fee : fees) record.number(fee > 0 ? fee : 0.0);
-  return writeSideFile(files, path, record);
+  return record.line();
 }
 
 std::optional<base::Money> yearFee(const MonthlyFees& fees) {
@@ -48,7 +46,7 @@ Result<void> storeYearFee(YearSession& session, Meter meter, const MonthlyFees& 
   const auto sum = yearFee(fees);
   if (!sum)
     return base::fail(base::ErrorCode::InvalidValue, "die Summe der Grundgebühren ist zu groß");
-  return session.storeBaseFee(meter, sum);
+  return session.storeBaseFee(meter, sum, {{baseFeePath(session, meter), baseFeeLine(fees)}});
 }
 
 }  // namespace readings

@@ -19,14 +19,13 @@ std::string baseFeePath(const YearSession& session, Meter meter);
 
 // A month whose number is missing or cannot be read is 0, all are without the file.
 MonthlyFees readBaseFees(base::FileSystem& files, const std::string& path);
-// Amounts of 0 and less are written as 0.
-base::Result<void> writeBaseFees(base::FileSystem& files, const std::string& path,
-                                 const MonthlyFees& fees);
+// What the file holds then. Amounts of 0 and less are written as 0.
+std::string baseFeeLine(const MonthlyFees& fees);
 
 // The sum of the amounts above 0; nullopt when it is larger than an amount can be.
 std::optional<base::Money> yearFee(const MonthlyFees& fees);
 
-// Stores the sum as the year's base fee.
+// Stores the sum as the year's base fee together with the months.
 base::Result<void> storeYearFee(YearSession& session, Meter meter, const MonthlyFees& fees);
 
 }  // namespace readings

@@ -3,7 +3,6 @@
 #include "base/CsvRecord.h"
 #include "base/Paths.h"
 #include "base/Single.h"
-#include "readings/SideFile.h"
 
 namespace readings {
 namespace {
@@ -31,12 +30,22 @@ MeterChange readMeterChange(base::FileSystem& files, const std::string& path) {
   return {};
 }
 
-base::Result<void> writeMeterChange(base::FileSystem& files, const std::string& path,
-                                    const MeterChange& change) {
-  // Single precision, as the file has always held it.
-  return writeSideFile(
-      files, path,
-      base::RecordWriter().number(change.position).number(base::toSingle(change.newStart)));
+std::string meterChangeLine(const MeterChange& change) {
+  return base::RecordWriter()
+      .number(change.position)
+      .number(base::toSingle(change.newStart))
+      .line();
+}
+
+yearbook::SideFile meterChangeFile(const YearSession& session, Meter meter,
+                                   const MeterChange& change) {
+  return {meterChangePath(session, meter), meterChangeLine(change)};
+}
+
+base::Result<void> deleteMeterChange(YearSession& session, Meter meter) {
+  yearbook::Change change{"Zählerwechsel " + std::string(factsOf(meter).name) + " gelöscht"};
+  change.sides = {meterChangeFile(session, meter, {})};
+  return session.transact(change, [](YearRows&) -> base::Result<void> { return {}; });
 }
 
 }  // namespace readings

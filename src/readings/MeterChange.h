@@ -25,9 +25,15 @@ struct MeterChange {
 // In the data folder, named after the year.
 std::string meterChangePath(const YearSession& session, Meter meter);
 
+// What the file holds then: single precision, as always.
+std::string meterChangeLine(const MeterChange& change);
+yearbook::SideFile meterChangeFile(const YearSession& session, Meter meter,
+                                   const MeterChange& change);
+
 // No change when the file is missing or holds anything else than a position and a number.
 MeterChange readMeterChange(base::FileSystem& files, const std::string& path);
-base::Result<void> writeMeterChange(base::FileSystem& files, const std::string& path,
-                                    const MeterChange& change);
+
+// Stores that there is no change.
+base::Result<void> deleteMeterChange(YearSession& session, Meter meter);
 
 }  // namespace readings

@@ -8,6 +8,25 @@ namespace {
 using base::Result;
 using yearbook::orZero;
 
+// "Zählerwechsel Gas im September", "Stand Gas Mai", "Zählerstände Gas".
+std::string stepName(const YearSession& session, Meter meter, const PerMonth<double>& readings,
+                     const MeterChange& change) {
+  const std::string name(factsOf(meter).name);
+  const auto months = session.monthNames(utilityOf(meter));
+  const MeterChange stored = readMeterChange(session.files(), meterChangePath(session, meter));
+  if (change != stored && change.position != MeterChange::kNone)
+    return "Zählerwechsel " + name + " im " + months[change.position];
+  const PerMonth<double> before = meterYear(session, meter).readings;
+  int changed = 0;
+  int last = 0;
+  for (int k = 0; k < kMonths; ++k) {
+    if (readings[k] == before[k]) continue;
+    ++changed;
+    last = k;
+  }
+  return changed == 1 ? "Stand " + name + " " + months[last] : "Zählerstände " + name;
+}
+
 }  // namespace
 
 PerMonth<WorkedMonth> workOut(PriceRule rule, const MeterYear& year) {
@@ -50,7 +69,9 @@ MeterYear meterYear(const YearSession& session, Meter meter) {
 Result<void> takeOver(YearSession& session, Meter meter, const PerMonth<double>& readings,
                       const MeterChange& change) {
   const yearbook::MeterFacts& facts = factsOf(meter);
-  return session.transact({facts.utility}, [&](YearRows& rows) -> Result<void> {
+  yearbook::Change step{stepName(session, meter, readings, change), facts.utility};
+  step.sides = {meterChangeFile(session, meter, change)};
+  return session.transact(step, [&](YearRows& rows) -> Result<void> {
     for (int k = 0; k < kMonths; ++k)
       if (auto done = rows.of(meter).setNumber(k, *facts.reading, readings[k]); !done) return done;
     // The readings as their column holds them.
@@ -67,7 +88,11 @@ Result<void> takeOver(YearSession& session, Meter meter, const PerMonth<double>&
 }
 
 Result<void> deleteConsumptions(YearSession& session, Meter meter) {
-  return session.transact({utilityOf(meter)}, [&](YearRows& rows) -> Result<void> {
+  yearbook::Change step{"Alle Zählerstände " + std::string(factsOf(meter).name) + " gelöscht",
+                        utilityOf(meter)};
+  step.sides = {meterChangeFile(session, meter, {})};
+  step.mass = true;
+  return session.transact(step, [&](YearRows& rows) -> Result<void> {
     for (int k = 0; k < kMonths; ++k) {
       if (auto done = rows.of(meter).setNumber(k, *factsOf(meter).consumption, 0); !done)
         return done;

@@ -33,12 +33,13 @@ PerMonth<WorkedMonth> workOut(PriceRule rule, const MeterYear& year);
 // The stored year of a meter, with another change or other readings put in by the caller.
 MeterYear meterYear(const YearSession& session, Meter meter);
 
-// Stores the readings, works out the year and stores consumptions and amounts: one transaction.
-// InvalidValue when a value is larger than its field.
+// Stores the readings, works out the year and stores consumptions and amounts, and the change for
+// the next time: all of it or nothing. InvalidValue when a value is larger than its field.
 base::Result<void> takeOver(YearSession& session, Meter meter, const PerMonth<double>& readings,
                             const MeterChange& change);
 
-// Sets consumptions and amounts to 0. The stored readings stay until the next take over.
+// Sets consumptions and amounts to 0 and forgets the change. The stored readings stay until the
+// next take over.
 base::Result<void> deleteConsumptions(YearSession& session, Meter meter);
 
 }  // namespace readings

@@ -34,7 +34,8 @@ Result<void> storePrices(YearSession& session, Meter meter, const MonthTicks& ti
   const bool any = std::find(ticks.begin(), ticks.end(), true) != ticks.end();
   if (!newPrice || !any) return {};
   const double factor = orZero(session.values().gasFactor);
-  return session.transact({utilityOf(meter)}, [&](YearRows& rows) -> Result<void> {
+  yearbook::Change step{"Preise " + std::string(factsOf(meter).name), utilityOf(meter)};
+  return session.transact(step, [&](YearRows& rows) -> Result<void> {
     for (int k = 0; k < kMonths; ++k) {
       if (!ticks[k]) continue;
       if (auto done = rows.of(meter).setNumber(k, *factsOf(meter).price, *newPrice); !done)

@@ -1,6 +1,7 @@
 #include "yearbook/FieldTexts.h"
 
 #include <algorithm>
+#include <vector>
 
 #include "base/GermanNumber.h"
 #include "yearbook/FieldRules.h"
@@ -29,6 +30,25 @@ std::string priceText(std::optional<double> value) {
   const std::string shortest = base::formatShort(*value, decimals.most, true);
   const std::string padded = base::formatNumber(*value, decimals.least);
   return shortest.size() > padded.size() ? shortest : padded;
+}
+
+std::string priceStepsText(const YearRows& rows, Meter meter) {
+  constexpr int kStepsShown = 3;
+  const RecordSource& months = rows.of(meter);
+  const auto price = [&](int row) { return months.number(row, *factsOf(meter).price); };
+  std::vector<int> firsts = {0};
+  for (int i = 1; i < kMonths; ++i)
+    if (price(i) != price(i - 1)) firsts.push_back(i);
+  if (firsts.size() == 1) return {};
+  std::string text;
+  int shown = 0;
+  for (auto first = firsts.rbegin(); first != firsts.rend() && shown < kStepsShown; ++first) {
+    const std::string month = months.text(*first, *factsOf(utilityOf(meter)).month);
+    const std::string value = price(*first) ? priceText(price(*first)) : "keiner";
+    text += (text.empty() ? "" : ", ") + (*first == 0 ? "davor" : "ab " + month) + " " + value;
+    ++shown;
+  }
+  return firsts.size() > kStepsShown ? text + ", ..." : text;
 }
 
 MeterLines meterLines(const FieldValues& values, Meter meter) {

@@ -13,6 +13,10 @@ std::string readingText(double value);
 // A price or rate as it stands in its field, "" when empty.
 std::string priceText(std::optional<double> value);
 
+// How the months' prices differ, the latest first: "ab Mai 34,90, davor 32,50". "" when they do
+// not.
+std::string priceStepsText(const YearRows& rows, Meter meter);
+
 // The lines of a meter's frame.
 struct MeterLines {
   std::string endReading, consumption, amount, vat, gross;

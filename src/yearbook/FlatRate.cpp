@@ -12,9 +12,8 @@ bool readFlatRate(base::FileSystem& files, const std::string& dataFolder) {
   return content && base::RecordReader(*content).boolean(0).value_or(false);
 }
 
-base::Result<void> writeFlatRate(base::FileSystem& files, const std::string& dataFolder, bool on) {
-  const std::string line = base::RecordWriter().boolean(on).line();
-  return files.replaceFile(dataFolder + kFileName, base::asBytes(line));
+SideFile flatRateFile(const std::string& dataFolder, bool on) {
+  return {dataFolder + kFileName, base::RecordWriter().boolean(on).line()};
 }
 
 }  // namespace yearbook

@@ -3,12 +3,13 @@
 #include <string>
 
 #include "base/File.h"
+#include "yearbook/StepHistory.h"
 
 namespace yearbook {
 
 // The flat-rate mode ("Pauschale") is a setting of the data folder, kept in "pauschale.dat" as one
 // truth value. A missing or unreadable file means off.
 bool readFlatRate(base::FileSystem& files, const std::string& dataFolder);
-base::Result<void> writeFlatRate(base::FileSystem& files, const std::string& dataFolder, bool on);
+SideFile flatRateFile(const std::string& dataFolder, bool on);
 
 }  // namespace yearbook

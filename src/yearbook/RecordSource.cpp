@@ -180,9 +180,9 @@ base::Error RecordSource::named(base::Error error, int row, const Field& field) 
 }
 
 Result<void> RecordSource::setRaw(int row, const Field& field, const Value& value) {
-  written_.push_back({&field, row});
   const std::size_t index = fieldIndex(field);
   Value& kept = values_.at(static_cast<std::size_t>(row)).at(index);
+  written_.push_back({{&field, row}, kept, kept});
   if (kept == value) return {};
   if (auto stored = records_.set(static_cast<std::size_t>(row), columns_[index], value); !stored)
     return base::fail(named(stored.error(), row, field));
@@ -190,6 +190,7 @@ Result<void> RecordSource::setRaw(int row, const Field& field, const Value& valu
   auto read = records_.value(static_cast<std::size_t>(row), columns_[index]);
   if (!read) return base::fail(named(read.error(), row, field));
   kept = std::move(*read);
+  written_.back().after = kept;
   return {};
 }
 

@@ -15,7 +15,14 @@ namespace yearbook {
 struct Cell {
   const Field* field = nullptr;
   int row = 0;
-  auto operator<=>(const Cell&) const = default;
+  // clang-tidy takes the comparison with zero for one with a null pointer.
+  auto operator<=>(const Cell&) const = default;  // NOLINT(modernize-use-nullptr)
+};
+
+// What has become of a cell.
+struct CellChange {
+  Cell cell;
+  jet::Value before, after;
 };
 
 // The number that a stored value means: whatever its type, a text that is a number included.
@@ -54,8 +61,8 @@ class RecordSource {
   // Shows a derived value without storing it, for years that can only be read.
   void keep(int row, const Field& field, jet::Value value);
 
-  // The cells that have been set since the last call, also to what they held.
-  std::vector<Cell> takeWritten() { return std::exchange(written_, {}); }
+  // The cells that have been set since the last call, in that order, also to what they held.
+  std::vector<CellChange> takeWritten() { return std::exchange(written_, {}); }
 
  private:
   RecordSource(const Table& table, jet::RecordSet records);
@@ -67,7 +74,7 @@ class RecordSource {
   jet::RecordSet records_;
   std::vector<std::size_t> columns_;             // per field of the table: column of the record set
   std::vector<std::vector<jet::Value>> values_;  // rows x fields
-  std::vector<Cell> written_;
+  std::vector<CellChange> written_;
 };
 
 }  // namespace yearbook

@@ -44,11 +44,19 @@ PerMonth<MeterRow> YearRows::months(Meter meter) const {
   return months;
 }
 
-std::vector<Cell> YearRows::takeWritten() {
-  std::vector<Cell> written;
+RecordSource& YearRows::of(const Field& field) {
+  for (RecordSource* source : {&adoStrom, &adoWasser, &adoGas, &adoVerbrM}) {
+    const auto fields = source->table().fields;
+    if (std::find(fields.begin(), fields.end(), &field) != fields.end()) return *source;
+  }
+  return adoZStaende;
+}
+
+std::vector<CellChange> YearRows::takeWritten() {
+  std::vector<CellChange> written;
   for (RecordSource* source : {&adoStrom, &adoWasser, &adoGas, &adoVerbrM, &adoZStaende}) {
-    const std::vector<Cell> cells = source->takeWritten();
-    written.insert(written.end(), cells.begin(), cells.end());
+    const std::vector<CellChange> changes = source->takeWritten();
+    written.insert(written.end(), changes.begin(), changes.end());
   }
   return written;
 }

@@ -18,12 +18,14 @@ struct YearRows {
   RecordSource& of(Utility utility);
   const RecordSource& of(Utility utility) const;
   RecordSource& of(Meter meter) { return of(utilityOf(meter)); }
+  // The one whose table has the field.
+  RecordSource& of(const Field& field);
   const RecordSource& of(Meter meter) const { return of(utilityOf(meter)); }
 
   PerMonth<MeterRow> months(Meter meter) const;
 
   // The cells that have been written since the last call.
-  std::vector<Cell> takeWritten();
+  std::vector<CellChange> takeWritten();
 
   // Stores a month's amount. InvalidValue, with the name of the month, when there is none: it is
   // larger than an amount can be.

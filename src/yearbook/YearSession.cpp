@@ -1,6 +1,10 @@
 #include "yearbook/YearSession.h"
 
+#include <algorithm>
+
+#include "base/Paths.h"
 #include "yearbook/Clearing.h"
+#include "yearbook/FieldTexts.h"
 #include "yearbook/FlatRate.h"
 #include "yearbook/StartMonthShift.h"
 
@@ -8,6 +12,29 @@ namespace yearbook {
 
 using base::Failure;
 using base::Result;
+
+namespace {
+
+// What follows from others; nobody has typed it.
+bool isDerived(const Field& field) {
+  for (Meter meter : kMeters) {
+    const MeterFacts& facts = factsOf(meter);
+    for (const Field* derived :
+         {facts.consumption, facts.amount, facts.chartCopy, factsOf(facts.utility).monthAmount})
+      if (&field == derived) return true;
+  }
+  return false;
+}
+
+Change typedInto(const Field& field, std::optional<Utility> summary = {}, int row = 0) {
+  Change change;
+  change.name = field.words;
+  change.summary = summary;
+  change.entry = Cell{&field, row};
+  return change;
+}
+
+}  // namespace
 
 YearSession::YearSession(base::FileSystem& files, std::string dataFolder, jet::Database database,
                          YearRows rows, base::Date openedOn)
@@ -56,30 +83,69 @@ Result<void> YearSession::load() {
   return {};
 }
 
+Result<void> YearSession::checkOpen() const {
+  if (!sidesPending_) return {};
+  return base::fail(base::ErrorCode::IoError, "das Jahr muss neu geöffnet werden", path());
+}
+
 Result<void> YearSession::transact(const Change& change, const Edit& edit) {
+  if (auto open = checkOpen(); !open) return open;
+  auto sides = changesOf(change.sides);
+  if (!sides) return Failure(sides.error());
   if (auto begun = database_.begin(); !begun) return begun;
-  const Modes before = modes_;
+  Step step;
+  step.before = modes_;
+  step.sides = std::move(*sides);
   if (change.summary) modes_.cleared[*change.summary] = false;
   auto done = edit(rows_);
-  if (done) done = follow(change);
-  if (done) done = database_.commit();
-  if (!done) {
-    if (database_.inTransaction()) database_.rollback();
-    modes_ = before;
-    rows_.takeWritten();
-    base::ignore(rows_.refresh(),
-                 "the edit's own error is the one to tell; kept rows stay readable");
+  if (done) {
+    auto cells = follow(change);
+    if (cells) step.cells = std::move(*cells);
+    done = cells ? store(step.cells, step.sides) : Failure(cells.error());
   }
+  if (!done) {
+    takeBack(step.before);
+    return done;
+  }
+  modes_.emptied.insert(change.empties.begin(), change.empties.end());
+  if (change.clears) modes_.cleared[*change.clears] = true;
+  remember(change, std::move(step));
   showValues();
-  return done;
+  return {};
+}
+
+// Everything as it was, after a failure.
+void YearSession::takeBack(const Modes& modes) {
+  if (database_.inTransaction()) database_.rollback();
+  modes_ = modes;
+  rows_.takeWritten();
+  base::ignore(rows_.refresh(), "the edit's own error is the one to tell; kept rows stay readable");
+  showValues();
+}
+
+void YearSession::remember(const Change& change, Step step) {
+  if (change.name.empty()) {
+    history_.extend(step.cells);
+    return;
+  }
+  step.name = change.name;
+  step.entry = change.entry;
+  step.after = modes_;
+  const auto typed = std::count_if(step.cells.begin(), step.cells.end(),
+                                   [](const auto& cell) { return !isDerived(*cell.cell.field); });
+  if (change.mass.value_or(typed > 1) && !step.cells.empty())
+    step.notice = change.name + (change.before.empty() ? "" : " (" + change.before + ")") + ".";
+  history_.add(std::move(step));
 }
 
 // Only what has been written is followed: a copy that an older file cannot hold does not keep the
-// household from changing something else.
-Result<void> YearSession::follow(const Change& change) {
+// household from changing something else. Returns what has become of the cells in all.
+Result<std::vector<CellChange>> YearSession::follow(const Change& change) {
   PerUtility<bool> amounts{};
   PerMeter<bool> consumptions{};
-  for (const Cell& cell : rows_.takeWritten()) {
+  std::vector<CellChange> written = rows_.takeWritten();
+  for (const CellChange& write : written) {
+    const Cell& cell = write.cell;
     modes_.emptied.erase(cell);
     for (Meter meter : kMeters) {
       const MeterFacts& facts = factsOf(meter);
@@ -90,11 +156,144 @@ Result<void> YearSession::follow(const Change& change) {
   }
   for (Utility utility : kUtilities)
     if (amounts[utility])
-      if (auto done = followMonthAmounts(rows_, utility, Follow::Stored); !done) return done;
+      if (auto done = followMonthAmounts(rows_, utility, Follow::Stored); !done)
+        return Failure(done.error());
   for (Meter meter : kMeters)
     if (consumptions[meter])
-      if (auto done = followChartTable(rows_, meter, Follow::Stored); !done) return done;
-  rows_.takeWritten();
+      if (auto done = followChartTable(rows_, meter, Follow::Stored); !done)
+        return Failure(done.error());
+  const std::vector<CellChange> followed = rows_.takeWritten();
+  written.insert(written.end(), followed.begin(), followed.end());
+  return netOf(written);
+}
+
+// --- the year and its side files ---
+
+Result<std::vector<SideChange>> YearSession::changesOf(const std::vector<SideFile>& sides) const {
+  std::vector<SideChange> changes;
+  for (const SideFile& side : sides) {
+    SideChange change{side.path, std::nullopt, side.content};
+    if (auto content = files_.readText(side.path))
+      change.before = std::move(*content);
+    else if (content.error().code != base::ErrorCode::NotFound)
+      return Failure(content.error());
+    if (change.before != change.after) changes.push_back(std::move(change));
+  }
+  return changes;
+}
+
+// Ends the running transaction.
+Result<void> YearSession::store(const std::vector<CellChange>& cells,
+                                const std::vector<SideChange>& sides) {
+  if (sides.empty()) return database_.commit();
+  const std::string folder(base::folderOf(sides.front().path));
+  const bool together = folder == base::folderOf(path());
+  if (cells.empty()) {
+    database_.rollback();
+    return storeSides(folder, sides);
+  }
+  if (together) return storeTogether(folder, sides);
+  // One disk cannot vouch for another: the side files can at least be put back.
+  if (auto stored = storeSides(folder, sides); !stored) return stored;
+  auto done = database_.commit();
+  if (done || database_.needsReopen()) return done;
+  std::vector<SideChange> back;
+  back.reserve(sides.size());
+  for (const SideChange& side : sides) back.push_back({side.path, side.after, side.before});
+  base::ignore(storeSides(folder, back), "the first failure is the one to tell");
+  return done;
+}
+
+Result<base::JointChange> YearSession::stage(const std::string& folder,
+                                             const std::vector<SideChange>& sides) const {
+  auto joint = base::JointChange::begin(files_, folder);
+  if (!joint) return joint;
+  for (const SideChange& side : sides) {
+    const std::string name(base::fileName(side.path));
+    const auto staged =
+        side.after ? joint->replace(name, base::asBytes(*side.after), path()) : joint->remove(name);
+    if (!staged) return Failure(staged.error());
+  }
+  return joint;
+}
+
+Result<void> YearSession::storeSides(const std::string& folder,
+                                     const std::vector<SideChange>& sides) {
+  auto joint = stage(folder, sides);
+  if (!joint) return Failure(joint.error());
+  if (auto prepared = joint->prepare(); !prepared) {
+    sidesPending_ = joint->isPending();
+    return prepared;
+  }
+  auto done = joint->complete();
+  sidesPending_ = joint->isPending();
+  if (sidesPending_) return {};
+  return done;
+}
+
+Result<void> YearSession::storeTogether(const std::string& folder,
+                                        const std::vector<SideChange>& sides) {
+  auto joint = stage(folder, sides);
+  if (!joint) return Failure(joint.error());
+  const auto image = database_.image();
+  if (!image) return Failure(image.error());
+  auto done = joint->prepare(std::string(base::fileName(path())), *image);
+  if (done) done = database_.commit();
+  if (!done) {
+    // An intention that could not be withdrawn must not meet another change of the year.
+    if (database_.needsReopen())
+      joint->leaveToFinish();
+    else
+      sidesPending_ = !joint->withdraw();
+    return done;
+  }
+  base::ignore(joint->complete(), "they count: what is left is done when the year is opened next");
+  sidesPending_ = joint->isPending();
+  return {};
+}
+
+// --- back and forth ---
+
+Result<void> YearSession::undo() {
+  if (!history_.last()) return {};
+  auto done = replay(*history_.last(), true);
+  if (done) history_.stepBack();
+  return done;
+}
+
+Result<void> YearSession::redo() {
+  if (!history_.next()) return {};
+  auto done = replay(*history_.next(), false);
+  if (done) history_.stepForward();
+  return done;
+}
+
+// Every cell gets the very value that it had: nothing is worked out anew.
+Result<void> YearSession::replay(const Step& step, bool back) {
+  std::vector<SideFile> wanted;
+  for (const SideChange& side : step.sides)
+    wanted.push_back({side.path, back ? side.before : side.after});
+  const auto sides = changesOf(wanted);
+  if (!sides) return Failure(sides.error());
+  for (std::size_t i = 0; i < step.sides.size(); ++i)
+    if (i >= sides->size() ||
+        (*sides)[i].before != (back ? step.sides[i].after : step.sides[i].before))
+      return base::fail(base::ErrorCode::ChangedOnDisk, {}, step.sides[i].path);
+  if (auto open = checkOpen(); !open) return open;
+  if (auto begun = database_.begin(); !begun) return begun;
+  Result<void> done;
+  for (const CellChange& change : step.cells) {
+    const Field& field = *change.cell.field;
+    done = rows_.of(field).setRaw(change.cell.row, field, back ? change.before : change.after);
+    if (!done) break;
+  }
+  if (done) done = store(netOf(rows_.takeWritten()), *sides);
+  if (!done) {
+    takeBack(modes_);
+    return done;
+  }
+  modes_ = back ? step.before : step.after;
+  showValues();
   return {};
 }
 
@@ -112,39 +311,44 @@ Result<void> YearSession::bringUpToDate() {
 
 // --- settings ---
 
-Result<void> YearSession::storeSetting(const Change& change, const Field& setting,
+Result<void> YearSession::storeSetting(std::optional<Utility> summary, const Field& setting,
                                        std::optional<double> value) {
-  return transact(change,
+  return transact(typedInto(setting, summary),
                   [&](YearRows& rows) { return rows.adoZStaende.setNumber(0, setting, value); });
 }
 
 Result<void> YearSession::storeStartReading(Meter meter, std::optional<double> value) {
-  return transact({utilityOf(meter)}, [&](YearRows& rows) -> Result<void> {
+  const Field& setting = *factsOf(meter).startReading;
+  return transact(typedInto(setting, utilityOf(meter)), [&](YearRows& rows) -> Result<void> {
     // Both columns come from their fields: with water's, waste water's is stored as it is shown.
     if (meter == Meter::Water)
       if (auto done = rows.adoZStaende.setNumber(0, zstaende::startWasteWater,
                                                  values_.startReadings[Meter::WasteWater]);
           !done)
         return done;
-    return rows.adoZStaende.setNumber(0, *factsOf(meter).startReading, value);
+    return rows.adoZStaende.setNumber(0, setting, value);
   });
 }
 
 Result<void> YearSession::storeVat(Meter meter, std::optional<double> percent) {
-  return storeSetting({utilityOf(meter)}, *factsOf(meter).vat, percent);
+  return storeSetting(utilityOf(meter), *factsOf(meter).vat, percent);
 }
 
-Result<void> YearSession::storeBaseFee(Meter meter, std::optional<Money> euro) {
-  Change change;
+Result<void> YearSession::storeBaseFee(Meter meter, std::optional<Money> euro,
+                                       std::vector<SideFile> sides) {
+  const Field& setting = *factsOf(meter).baseFee;
+  Change change = typedInto(setting);
   // Only the page of water shows the VAT on its base fees.
   if (utilityOf(meter) == Utility::Water) change.summary = Utility::Water;
-  return transact(change, [&](YearRows& rows) {
-    return rows.adoZStaende.setMoney(0, *factsOf(meter).baseFee, euro);
-  });
+  if (!sides.empty()) change.entry.reset();
+  change.sides = std::move(sides);
+  return transact(change,
+                  [&](YearRows& rows) { return rows.adoZStaende.setMoney(0, setting, euro); });
 }
 
 Result<void> YearSession::storeGasFactor(std::optional<double> kwhPerCubicMetre) {
-  return transact({Utility::Gas}, [&](YearRows& rows) -> Result<void> {
+  const Change change = typedInto(zstaende::gasFactor, Utility::Gas);
+  return transact(change, [&](YearRows& rows) -> Result<void> {
     if (auto done = rows.adoZStaende.setNumber(0, zstaende::gasFactor, kwhPerCubicMetre); !done)
       return done;
     for (int i = 0; i < kMonths; ++i)
@@ -154,18 +358,20 @@ Result<void> YearSession::storeGasFactor(std::optional<double> kwhPerCubicMetre)
 }
 
 Result<void> YearSession::storeFreeKwh(std::optional<double> kwh) {
-  return storeSetting({Utility::Electricity}, zstaende::freeKwh, kwh);
+  return storeSetting(Utility::Electricity, zstaende::freeKwh, kwh);
 }
 
 Result<void> YearSession::storeStartDate(const std::string& text) {
-  return transact(
-      {}, [&](YearRows& rows) { return rows.adoZStaende.setText(0, zstaende::startDate, text); });
+  return transact(typedInto(zstaende::startDate), [&](YearRows& rows) {
+    return rows.adoZStaende.setText(0, zstaende::startDate, text);
+  });
 }
 
 Result<void> YearSession::setNightShown(bool shown) {
-  return transact({}, [&](YearRows& rows) {
-    return rows.adoZStaende.setText(0, zstaende::nightDisplay, shown ? "on" : "off");
-  });
+  return transact(
+      {shown ? "Nachtstrom eingeblendet" : "Nachtstrom ausgeblendet"}, [&](YearRows& rows) {
+        return rows.adoZStaende.setText(0, zstaende::nightDisplay, shown ? "on" : "off");
+      });
 }
 
 // --- months ---
@@ -174,7 +380,13 @@ Result<void> YearSession::storePrice(Meter meter, std::optional<double> centPerK
   if (!centPerKwh && meter == Meter::Gas) return {};
   const MeterFacts& facts = factsOf(meter);
   const double factor = orZero(values_.gasFactor);
-  const auto done = transact({facts.utility}, [&](YearRows& rows) -> Result<void> {
+  Change change = typedInto(*facts.price, facts.utility, kPriceRow);
+  change.name = std::string(facts.price->words) + " für 12 Monate";
+  change.before = priceStepsText(rows_, meter);
+  change.mass = !change.before.empty();
+  if (*change.mass) change.before = "vorher " + change.before;
+  if (!centPerKwh) change.empties = {{facts.price, kPriceRow}};
+  return transact(change, [&](YearRows& rows) -> Result<void> {
     for (int i = 0; i < kMonths; ++i) {
       if (auto set = rows.of(meter).setNumber(i, *facts.price, orZero(centPerKwh)); !set)
         return set;
@@ -182,21 +394,20 @@ Result<void> YearSession::storePrice(Meter meter, std::optional<double> centPerK
     }
     return {};
   });
-  if (done && !centPerKwh) {
-    modes_.emptied.insert({facts.price, kPriceRow});
-    showValues();
-  }
-  return done;
 }
 
 Result<void> YearSession::storeAdvance(Utility utility, int position, std::optional<Money> euro) {
-  return transact({utility}, [&](YearRows& rows) {
-    return rows.of(utility).setMoney(position, *factsOf(utility).advance, euro);
-  });
+  const Field& advance = *factsOf(utility).advance;
+  Change change = typedInto(advance, utility, position);
+  change.name += " " + monthNames(utility)[position];
+  return transact(
+      change, [&](YearRows& rows) { return rows.of(utility).setMoney(position, advance, euro); });
 }
 
 Result<void> YearSession::zeroAdvances(Utility utility) {
-  return transact({utility}, [&](YearRows& rows) -> Result<void> {
+  Change change{"Abschläge " + std::string(factsOf(utility).name) + " auf 0,00 gesetzt", utility};
+  change.before = "vorher zusammen " + formatMoney(values_.advanceSums[utility]) + " Euro";
+  return transact(change, [&](YearRows& rows) -> Result<void> {
     for (int i = 0; i < kMonths; ++i)
       if (auto done = rows.of(utility).setMoney(i, *factsOf(utility).advance, Money()); !done)
         return done;
@@ -205,36 +416,43 @@ Result<void> YearSession::zeroAdvances(Utility utility) {
 }
 
 Result<void> YearSession::storeRemark(Utility utility, int position, const std::string& text) {
-  return transact({}, [&](YearRows& rows) {
-    return rows.of(utility).setText(position, *factsOf(utility).remark, text);
-  });
+  const Field& remark = *factsOf(utility).remark;
+  Change change = typedInto(remark, {}, position);
+  change.name += " " + monthNames(utility)[position];
+  return transact(change,
+                  [&](YearRows& rows) { return rows.of(utility).setText(position, remark, text); });
 }
 
 Result<void> YearSession::shiftStartMonth(Utility utility, int startMonth) {
-  return transact({utility, true},
-                  [&](YearRows& rows) { return shiftRows(rows.of(utility), startMonth); });
+  Change change{"Startmonat " + std::string(factsOf(utility).name), utility};
+  change.chartTableWaits = true;
+  return transact(change, [&](YearRows& rows) { return shiftRows(rows.of(utility), startMonth); });
 }
 
 Result<void> YearSession::clear(Utility utility) {
-  const auto done =
-      transact({utility}, [&](YearRows& rows) { return clearUtility(rows, utility); });
-  if (!done) return done;
-  for (const Cell& cell : emptiedByClearing(utility)) modes_.emptied.insert(cell);
-  modes_.cleared[utility] = true;
-  showValues();
-  return done;
+  Change change{"Alle Werte " + std::string(factsOf(utility).name) + " gelöscht", utility};
+  change.empties = emptiedByClearing(utility);
+  change.clears = utility;
+  return transact(change, [&](YearRows& rows) { return clearUtility(rows, utility); });
 }
 
 // --- flat rate ---
 
-void YearSession::setFlatRate(bool on) {
+Result<void> YearSession::storeFlatRate(bool on) {
+  Step step;
+  step.name = on ? "Pauschale eingeschaltet" : "Pauschale ausgeschaltet";
+  step.before = modes_;
   modes_.flatRate = on;
   modes_.cleared[Utility::Electricity] = false;
+  step.after = modes_;
   showValues();
-}
-
-Result<void> YearSession::saveFlatRate() {
-  return writeFlatRate(files_, dataFolder_, values_.flatRate);
+  auto sides = changesOf({flatRateFile(dataFolder_, on)});
+  if (!sides) return Failure(sides.error());
+  if (!sides->empty())
+    if (auto done = storeSides(dataFolder_, *sides); !done) return done;
+  step.sides = std::move(*sides);
+  if (!readOnlyReason()) history_.add(std::move(step));
+  return {};
 }
 
 }  // namespace yearbook

@@ -221,11 +221,15 @@ Result<void> commitDatabase(base::File& database) {
 Result<void> changeWithDatabase(base::FileSystem& files, bool databaseFails = false) {
   const auto database = files.open("/daten/Haus.kwd", OpenMode::ReadWrite);
   if (!database) return base::Failure(database.error());
+  const auto size = (*database)->size();
+  if (!size) return base::Failure(size.error());
+  base::Bytes before(static_cast<std::size_t>(*size));
+  if (auto read = (*database)->readAt(0, before); !read) return read;
   auto change = JointChange::begin(files, kFolder);
   if (!change) return base::Failure(change.error());
   if (auto staged = change->replace("Haus_Gas.dat", bytes("neuer Wechsel")); !staged) return staged;
   if (auto staged = change->remove("Haus_Alt.dat"); !staged) return staged;
-  if (auto prepared = change->prepare(**database); !prepared) return prepared;
+  if (auto prepared = change->prepare("Haus.kwd", before); !prepared) return prepared;
   if (databaseFails) return base::fail(ErrorCode::IoError, {}, "/daten/Haus.kwd");
   if (auto stored = commitDatabase(**database); !stored) {
     change->leaveToFinish();

@@ -3,7 +3,8 @@
 #include <filesystem>
 
 #include "readings/BaseFees.h"
-#include "readings/MeterChange.h"
+#include "readings/MeterReading.h"
+#include "support/EmptyYear.h"
 #include "support/MemoryFileSystem.h"
 #include "support/TemporaryFolder.h"
 
@@ -36,11 +37,15 @@ class SideFiles : public testing::Test {
 TEST(SideFileRights, FollowTheYear) {
   const support::TemporaryFolder folder;
   const auto disk = base::makeDiskFileSystem();
-  ASSERT_TRUE(disk->replaceFile(folder / "Mein_Haus.kwd", base::asBytes("x")));
+  const std::string year = folder / "Mein_Haus.kwd";
+  ASSERT_TRUE(disk->replaceFile(year, support::emptyYear()));
   using std::filesystem::perms;
   const perms own = perms::owner_read | perms::owner_write;
-  std::filesystem::permissions(folder / "Mein_Haus.kwd", own);
-  ASSERT_TRUE(writeMeterChange(*disk, folder / "Mein_Haus_WechselGas.dat", {5, 120}));
+  std::filesystem::permissions(year, own);
+  const base::FixedClock clock(std::chrono::year(2025) / 9 / 3);
+  auto session = YearSession::open(*disk, year, folder / "", clock);
+  ASSERT_TRUE(session);
+  ASSERT_TRUE(takeOver(**session, Meter::Gas, {130}, {5, 120}));
   EXPECT_EQ(std::filesystem::status(folder / "Mein_Haus_WechselGas.dat").permissions(), own);
 }
 #endif
@@ -53,8 +58,7 @@ TEST_F(SideFiles, AMeterChangeIsWrittenAsPositionAndStart) {
       {{5, 120}, "5,120\r\n"},         {{0, 0.25}, "0,0.25\r\n"},
       {{7, 1234567}, "7,1234567\r\n"}, {{7, 12345678}, "7,12345680\r\n"}};
   for (const auto& [change, line] : cases) {
-    ASSERT_TRUE(writeMeterChange(files, kPath, change));
-    EXPECT_EQ(bytes(), line);
+    EXPECT_EQ(meterChangeLine(change), line);
   }
 }
 
@@ -83,7 +87,7 @@ TEST_F(SideFiles, BaseFeesAreWrittenInOneLine) {
   std::fill_n(fees.begin(), 6, 10.5);
   fees[7] = -3;
   fees[8] = 7.91;
-  ASSERT_TRUE(writeBaseFees(files, kPath, fees));
+  put(baseFeeLine(fees));
   EXPECT_EQ(bytes(), "10.5,10.5,10.5,10.5,10.5,10.5,0,0,7.91,0,0,0\r\n");
   fees[7] = 0;
   EXPECT_EQ(readBaseFees(files, kPath), fees);
@@ -111,16 +115,4 @@ TEST_F(SideFiles, TheYearFeeIsTheExactSumOfTheAmountsAboveZero) {
   EXPECT_EQ(yearFee(fees), base::Money::fromTenThousandths(3000));
   fees[0] = 1e15;
   EXPECT_FALSE(yearFee(fees));
-}
-
-TEST_F(SideFiles, AFailedWriteLeavesTheOldFileAndIsReported) {
-  ASSERT_TRUE(writeMeterChange(files, kPath, {5, 120}));
-  files.protect(kPath);
-  const auto written = writeMeterChange(files, kPath, {6, 130});
-  ASSERT_FALSE(written);
-  EXPECT_EQ(written.error().code, base::ErrorCode::AccessDenied);
-  EXPECT_EQ(written.error().file, kPath);
-  EXPECT_EQ(bytes(), "5,120\r\n");
-  // What is there already need not be written.
-  EXPECT_TRUE(writeMeterChange(files, kPath, {5, 120}));
 }

@@ -56,7 +56,7 @@ reports::OverviewInput overviewFlatRate() {
   support::MemoryFileSystem disk;
   const auto year = openYear(disk, "Verbrauch2025.kwd");
   EXPECT_TRUE(year->storeFreeKwh(1500));
-  year->setFlatRate(true);
+  EXPECT_TRUE(year->storeFlatRate(true));
   return reports::overviewInput(*year);
 }
 

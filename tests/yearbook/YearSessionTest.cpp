@@ -142,8 +142,7 @@ TEST_F(OpenYear, RemarksAreKept) {
 
 TEST_F(OpenYear, TheNightDisplayIsTheYearsTheFlatRateTheFoldersSetting) {
   ASSERT_TRUE(done(year->setNightShown(false)));
-  year->setFlatRate(true);
-  ASSERT_TRUE(done(year->saveFlatRate()));
+  ASSERT_TRUE(done(year->storeFlatRate(true)));
   year = open(kEmpty);
   EXPECT_TRUE(year->values().nightShown);
   EXPECT_TRUE(year->values().flatRate);
@@ -156,7 +155,7 @@ TEST_F(OpenYear, FreeKwhCountOnlyInFlatRateMode) {
   const Money full = year->values().bill.meters[Meter::Day].amount;
   ASSERT_TRUE(done(year->storeFreeKwh(1500)));
   EXPECT_EQ(year->values().bill.meters[Meter::Day].amount, full);
-  year->setFlatRate(true);
+  ASSERT_TRUE(done(year->storeFlatRate(true)));
   EXPECT_EQ(year->values().bill.meters[Meter::Day].amount, euro((2993 - 1500) * 28.9 / 100));
   EXPECT_EQ(reopened().values().freeKwh, 1500);
 }

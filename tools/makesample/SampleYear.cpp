@@ -41,23 +41,13 @@ Result<void> enterMeter(YearSession& session, const Year& year, Meter meter) {
   const readings::MeterChange& change = year.changes[meter];
   return steps
       .then([&] { return readings::takeOver(session, meter, year.readings[meter], change); })
-      .then([&] {
-        return readings::writeMeterChange(session.files(),
-                                          readings::meterChangePath(session, meter), change);
-      })
       .result();
 }
 
 Result<void> enterFee(YearSession& session, Meter meter, double perMonth) {
   readings::MonthlyFees fees;
   fees.fill(perMonth);
-  return Steps()
-      .then([&] { return readings::storeYearFee(session, meter, fees); })
-      .then([&] {
-        return readings::writeBaseFees(session.files(), readings::baseFeePath(session, meter),
-                                       fees);
-      })
-      .result();
+  return readings::storeYearFee(session, meter, fees);
 }
 
 Result<void> enterAdvances(YearSession& session, Utility utility, double perMonth) {
