@@ -31,6 +31,7 @@ frmVerbrauch::frmVerbrauch(dialogs::Services& services,
   setWindowTitle(u"Verbrauchsberechnung       "_s + QString::fromStdString(session_->path()));
   buildPages();
   buildMenus();
+  buildEditMenu();
   buildOptionsMenu();
   buildToolbar();
   connectMenus();
@@ -38,6 +39,7 @@ frmVerbrauch::frmVerbrauch(dialogs::Services& services,
   connectEntryWindows();
   connectCharts();
   connect(editor_, &yearbook::YearEditor::changed, this, &frmVerbrauch::followModes);
+  connect(editor_, &yearbook::YearEditor::changed, this, &frmVerbrauch::followSteps);
   // Later: the failed edit's own box comes first.
   connect(
       editor_, &yearbook::YearEditor::indexDamaged, this,
@@ -73,6 +75,7 @@ void frmVerbrauch::buildPages() {
   rows->setContentsMargins(0, 0, 0, 0);
   rows->setSpacing(0);
   rows->addWidget(lblHinweis);
+  rows->addWidget(fraGeaendert);
   rows->addWidget(TabStrip, 1);
   setCentralWidget(central);
 }
@@ -143,7 +146,7 @@ void frmVerbrauch::askStartReading() {
 
 void frmVerbrauch::followModes() {
   const yearbook::FieldValues& values = editor_->values();
-  if (session_->database().needsReopen())
+  if (session_->needsReopen())
     lblHinweis->say(
         u"Beim Speichern ist ein Fehler aufgetreten. Bitte schließen Sie dieses Jahr und öffnen "_s
         u"Sie es neu; bis dahin werden Änderungen nicht gespeichert."_s);
@@ -159,10 +162,29 @@ void frmVerbrauch::followModes() {
   button->setEnabled(!values.flatRate);
 }
 
+void frmVerbrauch::followSteps() {
+  const yearbook::StepHistory& history = session_->history();
+  const auto follow = [](QAction* action, const QString& way, const yearbook::Step* step) {
+    action->setText(step ? way + u": "_s + QString::fromStdString(step->name) : way);
+    action->setEnabled(step != nullptr);
+  };
+  follow(mnuUndo, u"&Rückgängig"_s, history.last());
+  follow(mnuRedo, u"&Wiederherstellen"_s, history.next());
+  const bool fresh = history.depth() > stepsOffered_ || fraGeaendert->isVisible();
+  const bool wayBack = history.last() && !history.next() && fresh;
+  fraGeaendert->offer(wayBack ? QString::fromStdString(history.last()->notice) : QString());
+  stepsOffered_ = history.depth();
+}
+
+// What is being typed is a step like any other.
+void frmVerbrauch::step(base::Result<void> (yearbook::YearSession::*way)()) {
+  if (Frame5->flush()) editor_->run([&] { return (session_.get()->*way)(); });
+}
+
 void frmVerbrauch::mnuPauschaleClick(bool checked) {
-  session_->setFlatRate(checked);
+  const auto saved = session_->storeFlatRate(checked);
   editor_->showAll();
-  if (const auto saved = session_->saveFlatRate(); !saved)
+  if (!saved)
     lblHinweis->say(u"Die Einstellung der Pauschale gilt nur, bis das Programm endet: "_s +
                     QString::fromStdString(base::germanReason(saved.error())));
 }

@@ -9,6 +9,7 @@
 
 #include "dialogs/Services.h"
 #include "mainwindow/Notice.h"
+#include "mainwindow/UndoBar.h"
 #include "reports/ui/DetailPage.h"
 #include "reports/ui/OverviewPage.h"
 #include "yearbook/ui/ElectricityPage.h"
@@ -37,6 +38,7 @@ class frmVerbrauch final : public QMainWindow {
   yearbook::YearSession& session() { return *session_; }
 
   mainwindow::Notice* const lblHinweis = new mainwindow::Notice(this);
+  mainwindow::UndoBar* const fraGeaendert = new mainwindow::UndoBar(this);
   QTabWidget* const TabStrip = widgets::control<QTabWidget>(this, "TabStrip");
   yearbook::ElectricityPage* const Frame1 = new yearbook::ElectricityPage(TabStrip, *editor_);
   yearbook::WaterPage* const Frame2 = new yearbook::WaterPage(TabStrip, *editor_);
@@ -53,6 +55,9 @@ class frmVerbrauch final : public QMainWindow {
   QAction* const mnuStMoS = entry("mnuStMoS");
   QAction* const mnuStMoW = entry("mnuStMoW");
   QAction* const mnuStMoG = entry("mnuStMoG");
+  QMenu* const mnuBearbeiten = menu("mnuBearbeiten");
+  QAction* const mnuUndo = entry("mnuUndo");
+  QAction* const mnuRedo = entry("mnuRedo");
   QMenu* const mnuOpt = menu("mnuOpt");
   QAction* const mnuNachtstrom = entry("mnuNachtstrom");
   QAction* const mnuPauschale = entry("mnuPauschale");
@@ -76,6 +81,7 @@ class frmVerbrauch final : public QMainWindow {
   QMenu* menu(const char* name);
   QAction* entry(const char* name);
   void buildMenus();
+  void buildEditMenu();
   void buildOptionsMenu();
   void buildToolbar();
   void buildPages();
@@ -96,6 +102,8 @@ class frmVerbrauch final : public QMainWindow {
   void offerIndexRepair();
   void askStartReading();
   void followModes();
+  void followSteps();
+  void step(base::Result<void> (yearbook::YearSession::*way)());
 
   void pressToolButton(const QString& key);
   void showPrintPage();
@@ -108,4 +116,5 @@ class frmVerbrauch final : public QMainWindow {
   void clearSelected();
 
   bool indexRepairDeclined_ = false;
+  std::size_t stepsOffered_ = 0;  // the depth of the history that the bar speaks of
 };

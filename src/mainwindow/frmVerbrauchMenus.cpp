@@ -49,6 +49,7 @@ void frmVerbrauch::buildMenus() {
   mnuStartmonat->addActions({mnuStMoS, mnuStMoW, mnuStMoG});
   mnuVerbrauch->addMenu(mnuStartmonat);
   menuBar()->addMenu(mnuVerbrauch);
+  menuBar()->addMenu(mnuBearbeiten);
   menuBar()->addMenu(mnuOpt);
   mnuHilfe->setTitle(u"&?"_s);
   mnuHelp->setText(u"&Hilfe"_s);
@@ -56,6 +57,16 @@ void frmVerbrauch::buildMenus() {
   mnuHelpZW->setText(u"Hilfe zu Zählerwechsel"_s);
   mnuHilfe->addActions({mnuHelp, mnuHelpZW});
   menuBar()->addMenu(mnuHilfe);
+}
+
+void frmVerbrauch::buildEditMenu() {
+  mnuBearbeiten->setTitle(u"&Bearbeiten"_s);
+  mnuUndo->setShortcut(QKeySequence(u"Ctrl+Z"_s));
+  mnuRedo->setShortcuts({QKeySequence(u"Ctrl+Y"_s), QKeySequence(u"Ctrl+Shift+Z"_s)});
+  mnuBearbeiten->addActions({mnuUndo, mnuRedo});
+  connect(mnuUndo, &QAction::triggered, this, [this] { step(&yearbook::YearSession::undo); });
+  connect(mnuRedo, &QAction::triggered, this, [this] { step(&yearbook::YearSession::redo); });
+  connect(fraGeaendert->cmdRueckgaengig, &QPushButton::clicked, mnuUndo, &QAction::trigger);
 }
 
 void frmVerbrauch::buildOptionsMenu() {

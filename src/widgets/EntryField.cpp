@@ -79,6 +79,15 @@ void EntryField::leave() {
   textAtEntry_ = text();
 }
 
+bool EntryField::event(QEvent* event) {
+  if (event->type() == QEvent::ShortcutOverride && !undoesItself_) {
+    const auto* key = static_cast<QKeyEvent*>(event);
+    // Not accepted, it goes to the window's actions.
+    if (key->matches(QKeySequence::Undo) || key->matches(QKeySequence::Redo)) return false;
+  }
+  return QLineEdit::event(event);
+}
+
 void EntryField::keyPressEvent(QKeyEvent* event) {
   const bool enter = event->key() == Qt::Key_Return || event->key() == Qt::Key_Enter;
   if (enter && enterMovesOn_) {

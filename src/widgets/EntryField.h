@@ -21,6 +21,9 @@ class EntryField : public QLineEdit {
   void allowOnly(const QString& characters);
   // Where a window has a default button for Enter, as a box has; on for all other fields.
   void setEnterMovesOn(bool on) { enterMovesOn_ = on; }
+  // Where the window takes back what was done: Ctrl+Z and Ctrl+Y are its keys then, not the
+  // field's.
+  void leaveUndoToWindow() { undoesItself_ = false; }
   // What has been typed counts as entered, as if the field were left; the focus stays.
   void finish() { leave(); }
 
@@ -37,6 +40,7 @@ class EntryField : public QLineEdit {
   virtual void aboutToEdit() {}
   void leave();
 
+  bool event(QEvent* event) override;
   void keyPressEvent(QKeyEvent* event) override;
   void inputMethodEvent(QInputMethodEvent* event) override;
   void contextMenuEvent(QContextMenuEvent* event) override;
@@ -55,6 +59,7 @@ class EntryField : public QLineEdit {
   QString textAtEntry_;   // as it was when the focus came, or when it was last reported
   bool editing_ = false;  // has the focus, or had it when the window lost it
   bool enterMovesOn_ = true;
+  bool undoesItself_ = true;
   bool selectOnRelease_ = false;
 };
 

@@ -27,6 +27,7 @@ BaseFeeWindow::BaseFeeWindow(Meter meter, dialogs::Services& services,
   connectControls();
   stored_ = readBaseFees(session_.files(), baseFeePath(session_, meter_));
   showStored();
+  new EntryUndo(this, [this] { showSum(); });
 }
 
 void BaseFeeWindow::setTexts() {
@@ -99,12 +100,8 @@ void BaseFeeWindow::connectControls() {
 }
 
 void BaseFeeWindow::Command1Click() {
-  if (!told(storeYearFee(session_, meter_, fees()))) {
-    showStored();
-    return;
-  }
-  // The amounts stay on the screen when their file cannot be written, for another try.
-  if (told(writeBaseFees(session_.files(), baseFeePath(session_, meter_), fees()))) accept();
+  // What was typed stays for another try.
+  if (told(storeYearFee(session_, meter_, fees()))) accept();
 }
 
 void BaseFeeWindow::Command3Click() {

@@ -6,6 +6,7 @@
 
 #include "dialogs/Prompts.h"
 #include "dialogs/Services.h"
+#include "readings/ui/EntryUndo.h"
 #include "widgets/NumberField.h"
 #include "widgets/Utf8.h"
 #include "yearbook/YearSession.h"

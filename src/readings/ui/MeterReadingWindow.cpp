@@ -62,6 +62,7 @@ MeterReadingWindow::MeterReadingWindow(Meter meter, dialogs::Services& services,
   connectButtons();
   storedChange_ = readMeterChange(session_.files(), meterChangePath(session_, meter_));
   showStored();
+  new EntryUndo(this, [this] { showEntries(); });
   focusOpenMonth();
 }
 
@@ -213,16 +214,14 @@ bool MeterReadingWindow::eventFilter(QObject* watched, QEvent* event) {
 
 bool MeterReadingWindow::Command1Click() {
   if (!allWhole()) return false;
-  if (!told(takeOver(session_, meter_, readings(), change()))) {
-    showStored();
-    return false;
-  }
+  // What was typed stays for another try.
+  if (!told(takeOver(session_, meter_, readings(), change()))) return false;
   loaded_ = readings();
   for (int k = 0; k < kMonths; ++k) txtVerbrauch(k)->setValue(loaded_[k]);
+  storedChange_ = change();
   showConsumptions();
-  // What could not be kept for the next time is still to be taken over.
-  dirty_ = !saveChange();
-  return !dirty_;
+  dirty_ = false;
+  return true;
 }
 
 bool MeterReadingWindow::mayClose() {
@@ -237,21 +236,18 @@ void MeterReadingWindow::Command3Click() {
   if (!services_.prompts.confirm(this, u"Sollen alle Zählerstände gelöscht werden?"_s,
                                  u"Alle Zählerstände löschen"_s))
     return;
-  if (!told(deleteConsumptions(session_, meter_))) {
-    showStored();
-    return;
-  }
+  if (!told(deleteConsumptions(session_, meter_))) return;
   for (int k = 0; k < kMonths; ++k) {
     txtVerbrauch(k)->setValue(0);
     lblVerbrauch(k)->clear();
   }
+  storedChange_ = {};
   resetChange();
-  saveChange();
 }
 
 void MeterReadingWindow::Command4Click() {
   resetChange();
-  saveChange();
+  if (told(deleteMeterChange(session_, meter_))) storedChange_ = {};
 }
 
 void MeterReadingWindow::optWechselClick(int k) {
@@ -261,6 +257,13 @@ void MeterReadingWindow::optWechselClick(int k) {
   Command4->setVisible(change);
   if (change) placeReadings(k + 1, txtWechsel);
   showHints();
+}
+
+void MeterReadingWindow::showEntries() {
+  const int chosen = change().position;
+  placeReadings(0, txtAnfStand);
+  optWechselClick(chosen);
+  dirty_ = true;
 }
 
 void MeterReadingWindow::optWechselMouseUp() {
@@ -378,14 +381,6 @@ PerMonth<double> MeterReadingWindow::readings() const {
 MeterChange MeterReadingWindow::change() const {
   return {changeGroup_.checkedId() < 0 ? MeterChange::kNone : changeGroup_.checkedId(),
           txtWechsel->valueOrZero()};
-}
-
-bool MeterReadingWindow::saveChange() {
-  const MeterChange chosen = change();
-  if (!told(writeMeterChange(session_.files(), meterChangePath(session_, meter_), chosen)))
-    return false;
-  storedChange_ = chosen;
-  return true;
 }
 
 }  // namespace readings

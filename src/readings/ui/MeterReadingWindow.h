@@ -60,6 +60,8 @@ class MeterReadingWindow : public EntryWindow {
   void Command4Click();
   void optWechselClick(int k);
   void optWechselMouseUp();
+  // After a step back or forward.
+  void showEntries();
 
   // --- between fields and rows
   void showStored();
@@ -73,7 +75,6 @@ class MeterReadingWindow : public EntryWindow {
   void tellWholeUnits();
   PerMonth<double> readings() const;
   MeterChange change() const;
-  bool saveChange();
 
   const Meter meter_;
   const yearbook::EntryKind units_;

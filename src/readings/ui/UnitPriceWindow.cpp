@@ -26,6 +26,7 @@ UnitPriceWindow::UnitPriceWindow(Meter meter, dialogs::Services& services,
   arrange();
   connectControls();
   load();
+  new EntryUndo(this, [this] { showPreview(); });
 }
 
 void UnitPriceWindow::setTexts() {
@@ -109,10 +110,8 @@ void UnitPriceWindow::connectControls() {
 }
 
 void UnitPriceWindow::Command1Click() {
-  if (told(storePrices(session_, meter_, ticks(), newPrice->value())))
-    accept();
-  else
-    load();
+  // What was typed stays for another try.
+  if (told(storePrices(session_, meter_, ticks(), newPrice->value()))) accept();
 }
 
 void UnitPriceWindow::cmdAbschlW2Click() {

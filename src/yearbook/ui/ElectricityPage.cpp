@@ -79,6 +79,7 @@ void ElectricityPage::bindFields() {
 }
 
 void ElectricityPage::bindDate() {
+  txtDatumStrom->leaveUndoToWindow();
   connect(txtDatumStrom, &QLineEdit::textEdited, this, [this](const QString& typed) {
     if (isWholeStartDate(typed.toStdString())) storeDate();
   });
@@ -87,6 +88,7 @@ void ElectricityPage::bindDate() {
       storeDate();
     else
       refuseDate();
+    editor().session().endEntry();
   });
 }
 

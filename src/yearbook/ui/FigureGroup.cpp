@@ -80,6 +80,16 @@ const FigureGroup::Line& FigureGroup::addLine(const QString& label, QWidget* val
   return rows_.back().line;
 }
 
+QLabel* FigureGroup::addNote() {
+  auto* note = new QLabel(this);
+  note->setForegroundRole(QPalette::PlaceholderText);
+  note->setWordWrap(true);
+  note->hide();
+  rows_.push_back({{}, note});
+  arrange(1);
+  return note;
+}
+
 void FigureGroup::addRule() {
   rows_.push_back({{}, widgets::makeRule(this)});
   arrange(1);
@@ -92,8 +102,8 @@ void FigureGroup::setFoot(QWidget* widget) {
 
 void FigureGroup::place(const Row& row, int gridRow, int block) {
   const int first = block * kColumnsPerBlock;
-  if (row.rule) {
-    grid_->addWidget(row.rule, gridRow, first, 1, kGap);
+  if (row.whole) {
+    grid_->addWidget(row.whole, gridRow, first, 1, kGap);
     return;
   }
   grid_->addWidget(row.line.label, gridRow, first + kLabel);

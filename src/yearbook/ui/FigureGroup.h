@@ -37,6 +37,8 @@ class FigureGroup final : public TitledFrame {
   // The spoken name of the value is its label and the frame's title. unit and extra may be missing.
   const Line& addLine(const QString& label, QWidget* value, const QString& unit = {},
                       QWidget* extra = nullptr);
+  // A quiet line of text below the last one; takes no room while it is empty.
+  QLabel* addNote();
   // A thin line above the next one added: a sum follows.
   void addRule();
   // At the foot of the frame, over its whole width.
@@ -47,7 +49,7 @@ class FigureGroup final : public TitledFrame {
  private:
   struct Row {
     Line line;
-    QWidget* rule = nullptr;  // instead of a line
+    QWidget* whole = nullptr;  // instead of a line, over its width
   };
   void place(const Row& row, int gridRow, int block);
 

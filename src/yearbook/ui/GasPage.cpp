@@ -33,8 +33,7 @@ void GasPage::buildMeter() {
   gas_->addLine(u"Faktor"_s, txtFaktor, u"kWh/m³"_s);
   txtFaktor->setToolTip(u"Brennwert mal Zustandszahl, wie auf der Rechnung des Versorgers"_s);
   gas_->addLine(u"Verbrauch in kWh"_s, txtGaskWh, u"kWh"_s);
-  gas_->addLine(u"Preis je Einheit"_s, txtPreisGas, u"Cent/kWh"_s);
-  txtPreisGas->setToolTip(priceTip(*txtPreisGas));
+  addPriceLine(gas_, txtPreisGas, Meter::Gas);
   gas_->addLine(u"Betrag netto"_s, txtBetragG, u"Euro"_s);
   gas_->addLine(u"MwSt"_s, txtMwStGas, u"Euro"_s);
   entryButtons(cmdEingabeVerbrauchG, u"Eingabe Zählerstand Gas"_s, cmdPreisJeEinheitG,

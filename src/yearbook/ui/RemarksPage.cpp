@@ -75,8 +75,12 @@ QWidget* RemarksPage::column(Utility utility) {
     grid->addWidget(month, i, 0);
     grid->addWidget(field, i, 1);
     if (!editor_.session().holdsLongRemarks(utility)) field->setMaxLength(strom::remark.length);
+    field->leaveUndoToWindow();
     connect(field, &QLineEdit::textEdited, this, [this, utility, i] { edited({utility, i}); });
-    connect(field, &widgets::EntryField::entered, this, &RemarksPage::flush);
+    connect(field, &widgets::EntryField::entered, this, [this] {
+      flush();
+      editor_.session().endEntry();
+    });
   }
   return frame;
 }

@@ -113,13 +113,23 @@ void UtilityPage::addMeterLines(FigureGroup* frame, const MeterFrame& fields, Me
   frame->addLine(u"Anfangszählerstand"_s, fields.startReading, unit);
   frame->addLine(u"Endzählerstand"_s, fields.endReading, unit);
   frame->addLine(u"Verbrauch"_s, fields.consumption, unit);
-  frame->addLine(u"Preis je Einheit"_s, fields.price, widgets::utf8(factsOf(meter).price->unit));
-  fields.price->setToolTip(priceTip(*fields.price));
+  addPriceLine(frame, fields.price, meter);
   frame->addLine(u"Betrag netto"_s, fields.amount, u"Euro"_s);
   frame->addLine(u"MwSt"_s, fields.vat, u"Euro"_s);
   frame->addRule();
   fields.gross->emphasize();
   frame->addLine(u"Summe"_s, fields.gross, u"Euro"_s);
+}
+
+void UtilityPage::addPriceLine(FigureGroup* frame, QLineEdit* price, Meter meter) const {
+  frame->addLine(u"Preis je Einheit"_s, price, widgets::utf8(factsOf(meter).price->unit));
+  price->setToolTip(priceTip(*price));
+  QLabel* steps = frame->addNote();
+  steps->setObjectName(u"lblPreise"_s + widgets::utf8(factsOf(meter).name));
+  connect(&editor_, &YearEditor::changed, steps, [this, steps, meter] {
+    steps->setText(QString::fromStdString(priceStepsText(editor_.session().rows(), meter)));
+    steps->setVisible(!steps->text().isEmpty());
+  });
 }
 
 void UtilityPage::showMeter(const MeterFrame& fields, Meter meter) const {

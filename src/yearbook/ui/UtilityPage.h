@@ -59,9 +59,10 @@ class UtilityPage : public QScrollArea {
   QPushButton* comparisonButton(QPushButton* made) const;
 
   void addMeterLines(FigureGroup* frame, const MeterFrame& fields, Meter meter) const;
+  // With a note below that tells the months' prices when they differ.
+  void addPriceLine(FigureGroup* frame, QLineEdit* price, Meter meter) const;
   // All but the two fields above that may be typed.
   void showMeter(const MeterFrame& fields, Meter meter) const;
-  static QString priceTip(const QLineEdit& price);
   void addBaseFeeLine(FigureGroup* contract, const QString& label, QWidget* fee,
                       QPushButton* monthly, const QString& monthlyTip) const;
   void addStartMonthLine(FigureGroup* contract, QLabel* month, QPushButton* adapt) const;
@@ -74,6 +75,7 @@ class UtilityPage : public QScrollArea {
   void chainFields(const std::vector<QWidget*>& fields, const MonthTable& months);
 
  private:
+  static QString priceTip(const QLineEdit& price);
   void clearPlaces();
 
   YearEditor& editor_;

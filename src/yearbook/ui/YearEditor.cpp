@@ -30,6 +30,7 @@ void YearEditor::bind(const NumberBinding& binding) {
   field->setDecimals(decimals.least, decimals.most);
   field->setFilter(
       [this, kind = binding.kind](const QString& input) { return filter(kind, input); });
+  field->leaveUndoToWindow();
   connect(field, &widgets::NumberField::valueChanged, this, [this, binding] { store(binding); });
   connect(field, &widgets::EntryField::entered, this, [this, binding] { leave(binding); });
   connect(this, &YearEditor::changed, field, [this, binding] {
@@ -100,6 +101,7 @@ void YearEditor::store(const NumberBinding& binding) {
 void YearEditor::leave(const NumberBinding& binding) {
   if (!isComplete(binding.kind, binding.field->value())) tellWholeUnits(binding.kind);
   binding.field->setValue(binding.shown(values()));
+  session_.endEntry();
 }
 
 bool YearEditor::run(const std::function<base::Result<void>()>& change) {

@@ -265,7 +265,7 @@ TEST_F(MeterReadingWindow, AHintShowsWhatATypedReadingWouldComeTo) {
   EXPECT_EQ(window->lblHint(3)->text(), u"niedriger als der Stand davor");
 }
 
-TEST_F(MeterReadingWindow, WhatCannotBeStoredIsToldAndTheOldStateShown) {
+TEST_F(MeterReadingWindow, WhatCannotBeStoredIsToldAndStaysTyped) {
   openSample();
   const base::Bytes before = disk.get(kPath);
   const auto window = show<frmEingabeVerbrauchS>();
@@ -274,27 +274,28 @@ TEST_F(MeterReadingWindow, WhatCannotBeStoredIsToldAndTheOldStateShown) {
   fillDisk();
   click(window->Command1);
   EXPECT_TRUE(prompts.last().text.contains(u"kein Platz mehr"));
-  EXPECT_TRUE(prompts.last().text.contains(u"Verbrauch2025.kwd"));
-  EXPECT_EQ(window->txtVerbrauch(11)->text(), u"1.506");
+  EXPECT_TRUE(prompts.last().text.contains(u"/daten/"));
+  EXPECT_EQ(window->txtVerbrauch(11)->text(), u"1.600");
   EXPECT_EQ(window->lblVerbrauch(11)->text(), u"305");
   EXPECT_EQ(year->values().bill.meters[yearbook::Meter::Day].consumption, 2993);
   freeDisk();
   EXPECT_EQ(disk.get(kPath), before);
-  type(window->txtVerbrauch(11), u"1600"_s);
   click(window->Command1);
   EXPECT_EQ(stored(strom::dayReading, 11), 1600);
   EXPECT_EQ(window->lblVerbrauch(11)->text(), u"399");
 }
 
-TEST_F(MeterReadingWindow, ASideFileThatCannotBeWrittenIsToldAndAskedForAgain) {
+TEST_F(MeterReadingWindow, WithoutItsChangeFileNoReadingIsStored) {
   openSample();
   disk.protect("/daten/Verbrauch2025_WechselStrom.dat");
   const auto window = show<frmEingabeVerbrauchS>();
   type(window->txtWechsel, u"10"_s);
+  type(window->txtVerbrauch(11), u"1600"_s);
   prompts.acceptTellings();
   click(window->Command1);
   EXPECT_TRUE(prompts.last().text.contains(u"Verbrauch2025_WechselStrom.dat"));
-  EXPECT_EQ(stored(strom::dayConsumption, 6), 228);
+  EXPECT_EQ(stored(strom::dayConsumption, 6), 226);
+  EXPECT_EQ(stored(strom::dayReading, 11), 1506);
   EXPECT_EQ(bytes("Verbrauch2025_WechselStrom.dat"), "5,12\r\n");
   prompts.answer(Button::No);
   click(window->Command2);
@@ -308,7 +309,7 @@ TEST_F(MeterReadingWindow, AnAmountBeyondAnyMoneyFieldIsRefused) {
   click(window->Command1);
   EXPECT_TRUE(prompts.last().text.contains(u"Dezember: der Betrag ist zu groß"_s));
   EXPECT_EQ(yearbook::orZero(year->adoWasser.number(11, yearbook::wasser::reading)), 562);
-  EXPECT_EQ(window->txtVerbrauch(11)->text(), u"562");
+  EXPECT_EQ(window->txtVerbrauch(11)->text(), u"999.999.999.999.999");
 }
 
 TEST_F(MeterReadingWindow, AReadOnlyYearCanBeLookedAt) {
@@ -322,7 +323,34 @@ TEST_F(MeterReadingWindow, AReadOnlyYearCanBeLookedAt) {
   prompts.acceptTellings();
   click(window->Command1);
   EXPECT_EQ(prompts.shown.size(), 1u);
-  EXPECT_EQ(window->txtVerbrauch(0)->text(), u"44.600");
+  EXPECT_EQ(window->txtVerbrauch(0)->text(), u"44.601");
+}
+
+TEST_F(MeterReadingWindow, WhatWasTypedAndChosenCanBeTakenBack) {
+  openSample();
+  const auto window = show<frmEingabeVerbrauchW>();
+  type(window->txtVerbrauch(10), u"570"_s);
+  type(window->txtVerbrauch(11), u"600"_s);
+  window->txtVerbrauch(11)->finish();
+  window->optWechsel(3)->click();
+  EXPECT_TRUE(window->txtWechsel->isVisible());
+  const auto press = [&](Qt::Key key, Qt::KeyboardModifiers more = {}) {
+    QTest::keyClick(window->txtVerbrauch(11), key, Qt::ControlModifier | more);
+  };
+  press(Qt::Key_Z);
+  EXPECT_FALSE(window->txtWechsel->isVisible());
+  EXPECT_TRUE(window->optWechsel(12)->isChecked());
+  press(Qt::Key_Z);
+  EXPECT_EQ(window->txtVerbrauch(11)->text(), u"562");
+  EXPECT_EQ(window->txtVerbrauch(10)->text(), u"570");
+  press(Qt::Key_Z);
+  press(Qt::Key_Z);
+  EXPECT_NE(window->txtVerbrauch(10)->text(), u"570");
+  press(Qt::Key_Y);
+  EXPECT_EQ(window->txtVerbrauch(10)->text(), u"570");
+  press(Qt::Key_Z, Qt::ShiftModifier);
+  EXPECT_EQ(window->txtVerbrauch(11)->text(), u"600");
+  EXPECT_EQ(year->adoWasser.number(11, yearbook::wasser::reading), 562);
 }
 
 TEST_F(MeterReadingWindow, TheHelpButtonShowsTheMeterChangeHelp) {

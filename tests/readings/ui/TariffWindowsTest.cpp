@@ -76,7 +76,7 @@ TEST_F(UnitPriceWindow, WithoutAPriceOrByClosingNothingIsWritten) {
   EXPECT_EQ(disk.get(kPath), before);
 }
 
-TEST_F(UnitPriceWindow, AFailureIsToldAndTheStoredPricesShown) {
+TEST_F(UnitPriceWindow, AFailureIsToldAndWhatWasTypedStays) {
   openSample();
   const auto window = show<frmPreisJeKubikW>();
   click(window->cmdAbschlW2);
@@ -86,12 +86,24 @@ TEST_F(UnitPriceWindow, AFailureIsToldAndTheStoredPricesShown) {
   click(window->Command1);
   EXPECT_TRUE(prompts.last().text.contains(u"kein Platz mehr"));
   EXPECT_TRUE(window->isVisible());
-  EXPECT_EQ(window->monthPrice(0)->text(), u"2,25");
+  EXPECT_EQ(window->newPrice->text(), u"2,50");
+  EXPECT_EQ(window->monthPrice(0)->text(), u"2,50");
   freeDisk();
-  click(window->cmdAbschlW2);
-  type(window->newPrice, u"2,5"_s);
   click(window->Command1);
   EXPECT_EQ(year->adoWasser.money(0, yearbook::wasser::amount), cents(2500));  // 10 m³
+}
+
+TEST_F(UnitPriceWindow, WhatWasTypedAndTickedCanBeTakenBack) {
+  openSample();
+  const auto window = show<frmPreisJeKubikW>();
+  click(window->Check1(11));
+  type(window->newPrice, u"2,5"_s);
+  EXPECT_EQ(window->monthPrice(11)->text(), u"2,50");
+  QTest::keyClick(window->newPrice, Qt::Key_Z, Qt::ControlModifier);
+  EXPECT_EQ(window->newPrice->text(), QString());
+  EXPECT_NE(window->monthPrice(11)->text(), u"2,50");
+  QTest::keyClick(window->newPrice, Qt::Key_Z, Qt::ControlModifier);
+  EXPECT_FALSE(window->Check1(11)->isChecked());
 }
 
 TEST_F(BaseFeeWindow, TheSumBecomesTheYearsFeeAndTheMonthsAreKept) {
@@ -149,12 +161,11 @@ TEST_F(BaseFeeWindow, FailuresAreToldAndTheWindowStaysUsable) {
   EXPECT_TRUE(prompts.last().text.contains(u"kein Platz mehr"));
   freeDisk();
   EXPECT_EQ(yearFee(), cents(16200));
-  // The sum can be stored, the months cannot.
+  // Without the months no sum.
   disk.protect("/daten/Verbrauch2025_GrdGebStrMon.dat");
-  type(window->txtVerbrauch(0), u"20"_s);
   click(window->Command1);
   EXPECT_TRUE(prompts.last().text.contains(u"Verbrauch2025_GrdGebStrMon.dat"));
   EXPECT_TRUE(window->isVisible());
   EXPECT_EQ(window->txtVerbrauch(0)->text(), u"20,00");
-  EXPECT_EQ(yearFee(), cents(16850));
+  EXPECT_EQ(yearFee(), cents(16200));
 }
