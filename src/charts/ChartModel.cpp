@@ -70,7 +70,7 @@ constexpr PerMeter<MeterLook> kLooks = {{{{"Strom", "kWh", Hue::Electricity},
 MonthValues alignedValues(const MonthRows& rows, const MonthRows& order) {
   MonthValues aligned, plain;
   bool complete = true;
-  for (std::size_t i = 0; i < kMonthCount; ++i) {
+  for (int i = 0; i < yearbook::kMonths; ++i) {
     plain[i] = rows[i].value;
     const auto found = std::find_if(
         rows.begin(), rows.end(), [&](const MonthRow& row) { return row.month == order[i].month; });
@@ -113,7 +113,7 @@ ChartModel monthlyChart(const YearData& year, Selection selection) {
   model.title = row.title;
   model.caption = std::string(row.captionPrefix) + first[0].month;
   model.unit = row.unit;
-  for (std::size_t i = 0; i < kMonthCount; ++i) {
+  for (int i = 0; i < yearbook::kMonths; ++i) {
     model.months[i] = first[i].month;
     model.labels[i] = shortMonth(first[i].month);
   }
@@ -140,7 +140,7 @@ ChartModel inPercent(const ChartModel& model, bool stacked) {
     const Series& source = model.series[s];
     const auto sharesStack = [&](const Series& one) { return one.stack == source.stack; };
     const bool ofMonth = stacked && model.secondUnit.empty() && model.series.size() > 1;
-    for (std::size_t i = 0; i < kMonthCount; ++i) {
+    for (int i = 0; i < yearbook::kMonths; ++i) {
       double whole = ofMonth ? 0 : sumOf(source.values);
       if (ofMonth)
         for (const Series& one : model.series)
@@ -204,7 +204,7 @@ std::string describe(const ChartModel& model, std::string_view chartTypeName) {
   if (!model.caption.empty()) text += " " + model.caption + ".";
   for (const Series& series : model.series) {
     text += " " + series.name + " in " + series.unit + ":";
-    for (std::size_t i = 0; i < kMonthCount; ++i) {
+    for (int i = 0; i < yearbook::kMonths; ++i) {
       text += i == 0 ? " " : ", ";
       text += model.months[i] + " " +
               (series.values[i] ? valueText(*series.values[i]) : std::string("kein Wert"));

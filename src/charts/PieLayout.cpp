@@ -332,8 +332,9 @@ std::vector<Pie> piesIn(const Canvas& canvas, const Rect& room, const ChartModel
   std::vector<Pie> pies;
   double radius = 1e9;
   for (std::size_t i = 0; i < count; ++i) {
+    const std::size_t row = i / columns;
     Rect cell{room.x + static_cast<double>(i % columns) * width,
-              room.y + static_cast<double>(i / columns) * height, width, height};
+              room.y + static_cast<double>(row) * height, width, height};
     cell = cell.grown(-6);
     if (options.legend)
       cell.height -= kNameHeight + (someLeftOut && roomForLeftOut ? kLeftOutHeight : 0);

@@ -22,6 +22,7 @@ std::string sentence(const std::string& name, const UtilityTotals& totals, int m
 std::vector<std::string> plainSummary(const OverviewInput& input) {
   const OverviewTotals totals = overviewTotals(input);
   std::vector<std::string> sentences;
+  sentences.reserve(yearbook::kUtilities.size());
   for (Utility utility : yearbook::kUtilities)
     sentences.push_back(
         sentence(std::string(factsOf(utility).name), totals[utility], input.monthsRead[utility]));

@@ -220,7 +220,7 @@ TEST(RunTimeErrors, NameNumberSourceFileAndReason) {
   error.file = "/media/stick/A.kwd";
   const std::string text = app::runTimeErrorText(error);
   EXPECT_TRUE(text.starts_with("Fehler # 70 wurde ausgelöst von ")) << text;
-  EXPECT_NE(text.find("\n"), std::string::npos);
+  EXPECT_NE(text.find('\n'), std::string::npos);
   EXPECT_NE(text.find("/media/stick/A.kwd"), std::string::npos);
 }
 

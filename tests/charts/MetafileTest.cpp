@@ -71,7 +71,7 @@ TEST(Wmf, RecordsFillTheFileAndAgreeWithBothHeaders) {
   EXPECT_EQ(u16(file, 10), 18000) << "900 pixels, 20 units each";
   EXPECT_EQ(u16(file, 14), 1920) << "units per inch";
   constexpr std::size_t kHeader = 22;
-  EXPECT_EQ(u32(file, kHeader + 6) * 2, file.size() - kHeader);
+  EXPECT_EQ(std::size_t{u32(file, kHeader + 6)} * 2, file.size() - kHeader);
   std::map<std::uint16_t, std::size_t> kinds;
   std::size_t at = kHeader + 18;
   std::uint32_t largest = 0;

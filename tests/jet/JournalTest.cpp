@@ -17,7 +17,7 @@ using jet::PageImages;
 using support::MemoryFileSystem;
 using Outcome = Journal::Outcome;
 
-constexpr std::uint32_t kPage = 4096;
+constexpr std::size_t kPage = 4096;
 const std::string kPath = "/daten/Verbrauch2024.kwd";
 
 // A page with a data page's header and rows, so to speak; the same for the same number.
@@ -46,7 +46,7 @@ Bytes edited(Bytes image, std::uint8_t with) {
 
 Bytes patched(Bytes file, const PageImages& changes) {
   for (const auto& [number, image] : changes) {
-    const std::size_t at = std::size_t{number} * kPage;
+    const std::size_t at = number * kPage;
     if (file.size() < at + kPage) file.resize(at + kPage);
     std::copy(image.begin(), image.end(), file.begin() + static_cast<std::ptrdiff_t>(at));
   }
@@ -197,7 +197,7 @@ TEST_F(JournalTest, IsAppliedToAPageThatACrashLeftInPieces) {
         if (choice == 3) file[i] = 0xFF;
       }
     }
-    file.resize(8 * kPage + (random() % 9) * 512);
+    file.resize(8 * kPage + (random() % std::size_t{9}) * 512);
     MemoryFileSystem files(left);
     files.put(kPath, file);
     EXPECT_TRUE(recover(files));

@@ -55,7 +55,7 @@ Result<void> set(RecordSet& rows, std::size_t row, const char* column, const Val
   return rows.set(row, *rows.columnIndex(column), value);
 }
 
-Action everyRow(const char* column, std::function<Value(std::size_t)> value) {
+Action everyRow(const char* column, const std::function<Value(std::size_t)>& value) {
   return [=](RecordSet& rows) -> Result<void> {
     for (std::size_t row = 0; row < rows.count(); ++row)
       if (auto done = set(rows, row, column, value(row)); !done) return done;

@@ -34,6 +34,6 @@ const std::vector<Scenario>& scenarios();
 
 base::Result<void> set(jet::RecordSet& rows, std::size_t row, const char* column,
                        const jet::Value& value);
-Action everyRow(const char* column, std::function<jet::Value(std::size_t)> value);
+Action everyRow(const char* column, const std::function<jet::Value(std::size_t)>& value);
 
 }  // namespace year

@@ -14,6 +14,7 @@ Money euro(double value) {
 
 std::vector<double> consumptions(const PerMonth<WorkedMonth>& months, int count) {
   std::vector<double> values;
+  values.reserve(kMonths);
   for (int k = 0; k < count; ++k) values.push_back(months[k].consumption);
   return values;
 }

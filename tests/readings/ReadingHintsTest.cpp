@@ -19,8 +19,7 @@ std::vector<std::pair<int, Doubt>> doubts(const MeterYear& year) {
   std::vector<std::pair<int, Doubt>> found;
   const auto hints = readingHints(year);
   for (int k = 0; k < kMonths; ++k)
-    if (const Doubt doubt = hints[static_cast<std::size_t>(k)].doubt; doubt != Doubt::None)
-      found.emplace_back(k, doubt);
+    if (const Doubt doubt = hints[k].doubt; doubt != Doubt::None) found.emplace_back(k, doubt);
   return found;
 }
 
@@ -37,9 +36,7 @@ TEST(ReadingHints, AHeatingSeasonIsNoReasonForDoubtInWhateverMonthTheYearBegins)
     for (int entered = 1; entered <= kMonths; ++entered) {
       MeterYear year;
       double reading = year.startReading = 1000;
-      for (int k = 0; k < entered; ++k)
-        year.readings[static_cast<std::size_t>(k)] = reading +=
-            months[static_cast<std::size_t>((start + k) % kMonths)];
+      for (int k = 0; k < entered; ++k) year.readings[k] = reading += months[(start + k) % kMonths];
       EXPECT_THAT(doubts(year), IsEmpty()) << "from month " << start << ", " << entered;
     }
   }

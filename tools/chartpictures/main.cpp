@@ -70,8 +70,7 @@ int main(int argc, char** argv) {
     return 2;
   }
   const auto files = base::makeDiskFileSystem();
-  charts::FileComparisonSource years(*files);
-  const auto open = years.open(arguments[1].toStdString());
-  const auto other = years.open(arguments[2].toStdString());
+  const auto open = charts::readYearFile(*files, arguments[1].toStdString());
+  const auto other = charts::readYearFile(*files, arguments[2].toStdString());
   return savePictures(open, other, arguments[3]) ? 0 : 1;
 }

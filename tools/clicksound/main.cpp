@@ -47,7 +47,7 @@ int main(int argc, char** argv) {
   WaveHeader header;
   header.samplesPerSecond = kRate;
   header.bytesPerSecond = kRate * 2;
-  header.dataSize = kSamples * 2;
+  header.dataSize = kSamples * std::size_t{2};
   header.rest = static_cast<std::uint32_t>(sizeof header - 8 + kSamples * 2);
   out.write(reinterpret_cast<const char*>(&header), sizeof header);
   for (unsigned i = 0; i < kSamples; ++i) {

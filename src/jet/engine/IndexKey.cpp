@@ -226,7 +226,7 @@ Result<Bytes> encodeKeyPart(const KeyPart& part, const Value& value) {
 Result<Bytes> encodeKey(const std::vector<KeyPart>& parts, const std::vector<Value>& values) {
   Bytes key;
   for (std::size_t i = 0; i < parts.size() && i < values.size(); ++i) {
-    const auto part = encodeKeyPart(parts[i], values[i]);
+    auto part = encodeKeyPart(parts[i], values[i]);
     if (!part) return part;
     key.insert(key.end(), part->begin(), part->end());
   }

@@ -17,7 +17,7 @@ using base::OpenMode;
 using base::Result;
 
 // Room for a usual transaction, so that the file keeps its length from the first commit on.
-constexpr std::size_t kFirstLength = 64 * 1024;
+constexpr std::size_t kFirstLength = 0x10000;
 // No transaction of ours comes near; a larger file is none of our journals.
 constexpr std::uint64_t kLargestJournal = std::uint64_t{1} << 30;
 
@@ -110,7 +110,7 @@ Result<std::optional<JournalContent>> loadFor(base::FileSystem& files, const std
 
 }  // namespace
 
-Journal::Journal(base::FileSystem& files, std::string databasePath, std::uint32_t pageSize)
+Journal::Journal(base::FileSystem& files, const std::string& databasePath, std::uint32_t pageSize)
     : files_(&files), path_(pathFor(databasePath)), pageSize_(pageSize) {}
 
 Journal::~Journal() {

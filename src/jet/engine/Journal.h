@@ -30,7 +30,7 @@ using PageImages = std::map<std::uint32_t, base::Bytes>;
 // Lifetime: declare it after the database's File, so that the journal is dropped before the lock.
 class Journal {
  public:
-  Journal(base::FileSystem& files, std::string databasePath, std::uint32_t pageSize);
+  Journal(base::FileSystem& files, const std::string& databasePath, std::uint32_t pageSize);
   ~Journal();  // close()
   Journal(Journal&&) noexcept = default;
   Journal& operator=(Journal&&) = delete;

@@ -353,7 +353,7 @@ TEST_F(ChartUse, EveryComparisonSetsBothYearsSideBySide) {
 // program has open.
 TEST_F(ChartUse, AYearThatCannotBeReadLeavesItsSeriesEmptyAndTheWindowAtWork) {
   put("Text.kwd", "kein Jahr");
-  const base::Bytes whole = support::emptyYear();
+  const base::Bytes& whole = support::emptyYear();
   files_.put("/daten/Halb.kwd", base::ByteSpan(whole).first(whole.size() / 2));
   files_.put("/daten/Offen.kwd", whole);
   auto other = files_.open("/daten/Offen.kwd", base::OpenMode::ReadWrite);

@@ -28,7 +28,7 @@ class FakePrompts final : public dialogs::Prompts {
   // Script, in the order in which the boxes come.
   void answer(dialogs::Button button) { buttons_.push_back(button); }
   void answerInput(std::optional<QString> text) { inputs_.push_back(std::move(text)); }
-  void answerPath(QString path) { paths_.push_back(std::move(path)); }
+  void answerPath(const QString& path) { paths_.push_back(path); }
   void answerColor(int color) { colors_.push_back(color); }
   // Boxes with OK alone need no script when this is set.
   void acceptTellings(bool accept = true) { acceptTellings_ = accept; }
