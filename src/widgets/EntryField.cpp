@@ -177,6 +177,7 @@ void EntryField::focusOutEvent(QFocusEvent* event) {
   if (event->reason() == Qt::PopupFocusReason || event->reason() == Qt::ActiveWindowFocusReason)
     return;
   leave();
+  Q_EMIT left();
 }
 
 void EntryField::hideEvent(QHideEvent* event) {

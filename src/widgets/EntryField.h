@@ -32,6 +32,8 @@ class EntryField : public QLineEdit {
   // the text since the field was entered. A menu or toolbar button leaves the focus where it is:
   // what must be stored at once goes by textEdited() or NumberField::valueChanged().
   void entered();
+  // The focus has gone to another control of the window, changed or not.
+  void left();
 
  protected:
   // Puts the text into its resting form; called when the field is left, before entered().

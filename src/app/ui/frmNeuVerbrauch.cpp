@@ -6,7 +6,6 @@
 #include "app/DataFolder.h"
 #include "app/YearFiles.h"
 #include "app/ui/FileBoxes.h"
-#include "base/CurrentFolder.h"
 #include "dialogs/Prompts.h"
 
 using namespace Qt::Literals::StringLiterals;
@@ -14,9 +13,9 @@ using dialogs::Button;
 using dialogs::Buttons;
 using dialogs::Icon;
 
-frmNeuVerbrauch::frmNeuVerbrauch(dialogs::Services& services, QWidget* parent)
-    : QDialog(parent), services_(services) {
-  setObjectName(u"frmNeuVerbrauch"_s);
+frmNeuVerbrauch::frmNeuVerbrauch(const dialogs::Services& services, QWidget* parent)
+    : Window(u"frmNeuVerbrauch"_s, u"Weitere Datenbanken (Verbrauch) anlegen."_s, services,
+             parent) {
   setTexts();
   buildLayout();
   txtBenutzer->setFilter([](const QString& input) {
@@ -27,11 +26,9 @@ frmNeuVerbrauch::frmNeuVerbrauch(dialogs::Services& services, QWidget* parent)
   Command1->setDefault(true);
   connect(txtBenutzer, &QLineEdit::textChanged, this, &frmNeuVerbrauch::showNameHint);
   connect(Command1, &QPushButton::clicked, this, &frmNeuVerbrauch::Command1Click);
-  connect(Command2, &QPushButton::clicked, this, &QDialog::close);
 }
 
 void frmNeuVerbrauch::setTexts() {
-  setWindowTitle(u"Weitere Datenbanken (Verbrauch) anlegen."_s);
   Text2->setPlainText(
       u"Benutzen Sie dieses Fenster,\n"
       "wenn Sie zusätzlich zu der bestehenden \n"
@@ -48,9 +45,7 @@ void frmNeuVerbrauch::setTexts() {
   txtBenutzer->setMaxLength(200);
   Command1->setText(u"&Datenbank anlegen"_s);
   Command1->setAccessibleName(u"Datenbank anlegen"_s);
-  Command2->setText(u"Fenster schließen"_s);
-  Command2->setAccessibleName(Command2->text());
-  Command2->setAutoDefault(false);
+  makeCloseButton(Command2);
 }
 
 void frmNeuVerbrauch::buildLayout() {
@@ -90,12 +85,11 @@ void frmNeuVerbrauch::buildLayout() {
   grid->addWidget(lblNamensHinweis, 2, 0, 1, 2);
   grid->setRowStretch(2, 1);
   grid->addLayout(buttons, 3, 0, 1, 2);
-  setTabOrder(txtBenutzer, Command1);
-  setTabOrder(Command1, Command2);
+  setTabOrder({txtBenutzer, Command1, Command2});
 }
 
 void frmNeuVerbrauch::showEvent(QShowEvent* event) {
-  QDialog::showEvent(event);
+  Window::showEvent(event);
   txtBenutzer->setFocus(Qt::OtherFocusReason);
 }
 
@@ -117,7 +111,7 @@ void frmNeuVerbrauch::Command1Click() {
                            u"  eingegeben\nSoll die Datenbank mit dem Namen   "_s + name +
                            u"  angelegt werden?"_s;
   if (!services_.prompts.confirm(this, question, u" Eingabe prüfen"_s)) return;
-  base::ignore(base::makeCurrent(services_.paths.DataFolder), "the copy names what is wrong");
+  enterDataFolder();
   const QString target = QString::fromStdString(services_.paths.DataFolder) + name + u".kwd"_s;
   if (!mayReplace(target)) return;
   if (!app::keepBefore(services_, this, app::CopyMoment::Replacing,

@@ -1,19 +1,17 @@
 #pragma once
 
-#include <QDialog>
 #include <QLabel>
 #include <QPlainTextEdit>
-#include <QPushButton>
 
-#include "dialogs/Services.h"
+#include "dialogs/Window.h"
 #include "widgets/EntryField.h"
 #include "widgets/control.h"
 
 // Makes a further year database from the template, under a name that the user types.
-class frmNeuVerbrauch final : public QDialog {
+class frmNeuVerbrauch final : public dialogs::Window {
   Q_OBJECT
  public:
-  explicit frmNeuVerbrauch(dialogs::Services& services, QWidget* parent = nullptr);
+  explicit frmNeuVerbrauch(const dialogs::Services& services, QWidget* parent = nullptr);
 
   QPlainTextEdit* const Text2 = widgets::control<QPlainTextEdit>(this, "Text2");
   QLabel* const Label2 = widgets::control<QLabel>(this, "Label2");
@@ -34,6 +32,4 @@ class frmNeuVerbrauch final : public QDialog {
   void showNameHint();
   // True when the target may be written.
   bool mayReplace(const QString& target);
-
-  dialogs::Services& services_;
 };

@@ -1,11 +1,8 @@
 #include "charts/ui/ChartWindow.h"
 
 #include <QEvent>
-#include <QKeyEvent>
 
-#include "base/CurrentFolder.h"
 #include "charts/SvgWriter.h"
-#include "dialogs/Navigator.h"
 #include "dialogs/Prompts.h"
 
 using namespace Qt::Literals::StringLiterals;
@@ -40,11 +37,8 @@ int toWindowsColor(Color color) {
 
 ChartWindow::ChartWindow(const char* name, const QString& caption,
                          const dialogs::Services& services, QWidget* parent)
-    : QDialog(parent), services_(services) {
-  setObjectName(QString::fromLatin1(name));
-  setWindowTitle(caption);
+    : Window(QString::fromLatin1(name), caption, services, parent) {
   setModal(true);
-  setWindowFlag(Qt::WindowContextHelpButtonHint, false);
   setWindowFlag(Qt::WindowMaximizeButtonHint);
   printerSource_ = [] { return std::make_unique<QPrinter>(QPrinter::HighResolution); };
   buildMenus();
@@ -55,10 +49,6 @@ ChartWindow::ChartWindow(const char* name, const QString& caption,
   selectType(ChartType::Line);
   opt3DClick();
   applyTextOptions();
-}
-
-void ChartWindow::enterDataFolder() {
-  base::ignore(base::makeCurrent(services_.paths.DataFolder), "file dialogs then begin elsewhere");
 }
 
 void ChartWindow::connectControls() {
@@ -84,7 +74,6 @@ void ChartWindow::connectControls() {
     UpDown3->setValue(view.rotation);
   });
   connect(Chart2D1, &ChartWidget::resized, this, &ChartWindow::showDimensions);
-  connect(picBeenden, &QPushButton::clicked, this, &ChartWindow::reject);
 }
 
 void ChartWindow::selectType(ChartType type) {
@@ -169,18 +158,6 @@ void ChartWindow::print(PrintFit fit, PictureFormat format) {
   if (!printer) return;
   printer->setDocName(windowTitle());
   printChart(*Chart2D1, *printer, fit, format);
-}
-
-void ChartWindow::keyPressEvent(QKeyEvent* event) {
-  if (event->key() != Qt::Key_Return && event->key() != Qt::Key_Enter) {
-    QDialog::keyPressEvent(event);
-    return;
-  }
-  event->accept();
-  if (auto* button = qobject_cast<QPushButton*>(focusWidget()))
-    button->click();
-  else
-    focusNextChild();
 }
 
 void ChartWindow::buildChartMenu() {
@@ -298,7 +275,7 @@ void ChartWindow::buildMenus() {
   mnuHilfe->setText(u"&Hilfe"_s);
   mnuHilfe->setShortcut(QKeySequence::HelpContents);
   menuBar->addAction(mnuHilfe);
-  connect(mnuHilfe, &QAction::triggered, this, [this] { services_.navigator.showHelp(); });
+  connect(mnuHilfe, &QAction::triggered, this, &ChartWindow::showHelp);
   // Beside the menus: it cannot be chosen, and it stays when they have no room.
   menuBar->setCornerWidget(lblDimensions);
 }

@@ -2,12 +2,10 @@
 
 #include <QAction>
 #include <QCheckBox>
-#include <QDialog>
 #include <QGroupBox>
 #include <QLabel>
 #include <QListWidget>
 #include <QMenuBar>
-#include <QPushButton>
 #include <QRadioButton>
 #include <QSlider>
 #include <functional>
@@ -16,7 +14,7 @@
 #include "charts/ui/ChartTypeLabel.h"
 #include "charts/ui/ChartWidget.h"
 #include "charts/ui/PictureOutput.h"
-#include "dialogs/Services.h"
+#include "dialogs/Window.h"
 #include "widgets/control.h"
 
 class QGridLayout;
@@ -24,8 +22,8 @@ class QGridLayout;
 namespace charts {
 
 // What both chart windows share: the chart, its types, text and 3-D options, the menus with
-// pictures, clipboard and printing. Modal; the picture button, Escape and the frame close it alike.
-class ChartWindow : public QDialog {
+// pictures, clipboard and printing. Modal.
+class ChartWindow : public dialogs::Window {
   Q_OBJECT
  public:
   ChartWidget* const Chart2D1 = widgets::control<ChartWidget>(this, "Chart2D1");
@@ -93,13 +91,8 @@ class ChartWindow : public QDialog {
   void addSelection(QRadioButton* button, const QString& caption);
   void selectType(ChartType type);
   ChartType selectedType() const { return options_.type; }
-  // The data folder becomes the current folder, as far as it can.
-  void enterDataFolder();
 
   QMenu* chartMenu() const { return chartMenu_; }
-  void keyPressEvent(QKeyEvent* event) override;
-
-  const dialogs::Services services_;
 
  private:
   using Encoder = std::function<QByteArray(const Scene&)>;

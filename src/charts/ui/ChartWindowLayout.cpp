@@ -88,12 +88,10 @@ QWidget* ChartWindow::buildOptionColumn() {
   buildDepthFrame();
   for (QGroupBox* frame : {frTyp, frDaten, frOptionen, frOpt}) layout->addWidget(frame);
   layout->addStretch(1);
-  picBeenden->setText(u"Fenster schließen"_s);
+  makeCloseButton(picBeenden);
   picBeenden->setIcon(widgets::icon(u"ende"_s));
   picBeenden->setIconSize({24, 24});
-  picBeenden->setAutoDefault(false);
-  picBeenden->setToolTip(u"Fenster schließen"_s);
-  picBeenden->setAccessibleName(u"Fenster schließen"_s);
+  picBeenden->setToolTip(picBeenden->text());
   layout->addWidget(picBeenden);
 
   // Screens that are too low for the frames scroll them.

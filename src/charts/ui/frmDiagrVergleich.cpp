@@ -42,10 +42,8 @@ frmDiagrVergleich::frmDiagrVergleich(const dialogs::Services& services,
   cmdAnderesJahr->setText(u"Anderes Jahr öffnen"_s);
   cmdAnderesJahr->setAccessibleName(cmdAnderesJahr->text());
   cmdAnderesJahr->setToolTip(u"Wählt das Jahr, mit dem verglichen wird"_s);
-  cmdAnderesJahr->setAutoDefault(false);
   qobject_cast<QGridLayout*>(frDaten->layout())->addWidget(cmdAnderesJahr, 3, 0, 1, 2);
-  setTabOrder(previous, cmdAnderesJahr);
-  setTabOrder(cmdAnderesJahr, chkTextOnOff);
+  setTabOrder({previous, cmdAnderesJahr, chkTextOnOff});
   connect(cmdAnderesJahr, &QPushButton::clicked, this, &frmDiagrVergleich::cmdAnderesJahrClick);
   mnuAnderesJahr->setObjectName(u"mnuAnderesJahr"_s);
   mnuAnderesJahr->setText(u"Anderes Jahr &öffnen"_s);

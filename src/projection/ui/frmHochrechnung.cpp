@@ -2,7 +2,6 @@
 
 #include <QFormLayout>
 #include <QHBoxLayout>
-#include <QKeyEvent>
 #include <QPainter>
 #include <QShowEvent>
 #include <QTimer>
@@ -31,17 +30,18 @@ QLabel* labelFor(QWidget* field, const QString& text) {
 
 frmHochrechnung::frmHochrechnung(const dialogs::Services& services, yearbook::YearSession& year,
                                  QWidget* parent)
-    : QDialog(parent), services_(services), year_(year) {
-  setObjectName(u"frmHochrechnung"_s);
-  setWindowTitle(u"Hochrechnung auf das Jahr"_s);
+    : Window(u"frmHochrechnung"_s, u"Hochrechnung auf das Jahr"_s, services, parent), year_(year) {
   makePrintDialog = [this] { return std::make_unique<clsPrintDialog>(services_.prompts); };
   setTexts();
   buildLayout();
   showStartDate();
-  for (widgets::DateField* field : {txtDatumStrom, Text1}) field->installEventFilter(this);
+  // The answer waits until the focus has arrived where it goes.
+  for (widgets::DateField* field : {txtDatumStrom, Text1})
+    connect(
+        field, &widgets::EntryField::left, this, [this, field] { fieldLeft(field); },
+        Qt::QueuedConnection);
   connect(Command12, &QPushButton::clicked, this, &frmHochrechnung::Calculate);
   connect(Command1, &QPushButton::clicked, this, &frmHochrechnung::Print);
-  connect(Command2, &QPushButton::clicked, this, &frmHochrechnung::reject);
   connect(chkGrundgeb, &QCheckBox::clicked, this, &frmHochrechnung::Calculate);
 }
 
@@ -60,7 +60,7 @@ void frmHochrechnung::setTexts() {
   chkGrundgeb->setText(u"Grundgebühr addieren (nicht bei Pauschalpreisen)"_s);
   Command12->setText(u"Berechnen"_s);
   Command1->setText(u"Drucken"_s);
-  Command2->setText(u"Fenster schließen"_s);
+  makeCloseButton(Command2);
   for (QAbstractButton* button :
        {static_cast<QAbstractButton*>(chkGrundgeb), static_cast<QAbstractButton*>(Command12),
         static_cast<QAbstractButton*>(Command1), static_cast<QAbstractButton*>(Command2)}) {
@@ -68,7 +68,6 @@ void frmHochrechnung::setTexts() {
     // A click leaves the cursor in the date field: nobody is asked about a date on the way out.
     button->setFocusPolicy(Qt::TabFocus);
   }
-  for (QPushButton* button : {Command12, Command1, Command2}) button->setAutoDefault(false);
 }
 
 std::array<QLineEdit*, 7> frmHochrechnung::displayFields() const {
@@ -141,30 +140,17 @@ void frmHochrechnung::buildLayout() {
   column->addStretch();
   column->addLayout(buttons);
 
-  QWidget* previous = txtDatumStrom;
-  for (QWidget* next : {static_cast<QWidget*>(Text1), static_cast<QWidget*>(Command12),
-                        static_cast<QWidget*>(chkGrundgeb), static_cast<QWidget*>(Command1),
-                        static_cast<QWidget*>(Command2)}) {
-    setTabOrder(previous, next);
-    previous = next;
-  }
+  // The last field hands the focus to "Berechnen": Enter once more calculates.
+  setTabOrder({txtDatumStrom, Text1, Command12, chkGrundgeb, Command1, Command2});
   txtDatumStrom->setFocus();
 }
 
 void frmHochrechnung::showEvent(QShowEvent* event) {
-  QDialog::showEvent(event);
+  Window::showEvent(event);
   if (calculatedOnce_) return;
   // Once the window stands, and never again: a box about a date must not come back by itself.
   calculatedOnce_ = true;
   QTimer::singleShot(0, this, &frmHochrechnung::Calculate);
-}
-
-// The last field hands the focus to "Berechnen": Enter once more calculates.
-void frmHochrechnung::keyPressEvent(QKeyEvent* event) {
-  if (event->key() != Qt::Key_Return && event->key() != Qt::Key_Enter)
-    return QDialog::keyPressEvent(event);
-  event->accept();
-  if (auto* button = qobject_cast<QPushButton*>(focusWidget())) button->click();
 }
 
 void frmHochrechnung::Calculate() {
@@ -204,18 +190,6 @@ void frmHochrechnung::warn(const std::string& message) {
                          dialogs::Icon::Warning);
 }
 
-bool frmHochrechnung::eventFilter(QObject* watched, QEvent* event) {
-  if (event->type() == QEvent::FocusOut && isVisible()) {
-    const Qt::FocusReason reason = static_cast<QFocusEvent*>(event)->reason();
-    auto* field = static_cast<widgets::DateField*>(watched);
-    // Another window, a box or a menu in front does not count as leaving the field. The answer
-    // waits until the focus has arrived where it goes.
-    if (reason != Qt::ActiveWindowFocusReason && reason != Qt::PopupFocusReason)
-      QTimer::singleShot(0, this, [this, field] { fieldLeft(field); });
-  }
-  return QDialog::eventFilter(watched, event);
-}
-
 void frmHochrechnung::fieldLeft(widgets::DateField* field) {
   if (!isVisible()) return;
   if (!field->date())
@@ -241,7 +215,7 @@ void frmHochrechnung::showStartDate() {
 
 void frmHochrechnung::done(int result) {
   if (txtDatumStrom->date()) storeStartDate();
-  QDialog::done(result);
+  Window::done(result);
 }
 
 // Black on white, whatever the screen's colours are.

@@ -1,17 +1,15 @@
 #pragma once
 
 #include <QCheckBox>
-#include <QDialog>
 #include <QGroupBox>
 #include <QLabel>
 #include <QLineEdit>
 #include <QPixmap>
-#include <QPushButton>
 #include <array>
 #include <functional>
 #include <memory>
 
-#include "dialogs/Services.h"
+#include "dialogs/Window.h"
 #include "dialogs/clsPrintDialog.h"
 #include "projection/Projection.h"
 #include "widgets/DateField.h"
@@ -19,7 +17,7 @@
 #include "yearbook/YearSession.h"
 
 // Extends the cost of the day tariff so far to a year of 365 days.
-class frmHochrechnung final : public QDialog {
+class frmHochrechnung final : public dialogs::Window {
   Q_OBJECT
  public:
   frmHochrechnung(const dialogs::Services& services, yearbook::YearSession& year,
@@ -52,8 +50,6 @@ class frmHochrechnung final : public QDialog {
 
  protected:
   void showEvent(QShowEvent* event) override;
-  void keyPressEvent(QKeyEvent* event) override;
-  bool eventFilter(QObject* watched, QEvent* event) override;
   void done(int result) override;
 
  private:
@@ -71,7 +67,6 @@ class frmHochrechnung final : public QDialog {
   QPixmap pictureForPaper();
   void printOn(QPrinter& printer, const QPixmap& picture);
 
-  const dialogs::Services& services_;
   yearbook::YearSession& year_;
   bool calculatedOnce_ = false;
 };

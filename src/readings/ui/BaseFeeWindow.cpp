@@ -87,11 +87,7 @@ QGridLayout* BaseFeeWindow::arrangeMonths() {
 
 void BaseFeeWindow::connectControls() {
   for (int k = 0; k + 1 < kMonths; ++k) setTabOrder(txtVerbrauch(k), txtVerbrauch(k + 1));
-  QWidget* before = txtVerbrauch(kMonths - 1);
-  for (QPushButton* next : {Command1, Command2, Command3}) {
-    setTabOrder(before, next);
-    before = next;
-  }
+  setTabOrder({txtVerbrauch(kMonths - 1), Command1, Command2, Command3});
   txtVerbrauch(kMonths - 1)->setEnterMovesOn(false);
   for (widgets::NumberField* field : txtVerbrauch)
     connect(field, &widgets::NumberField::valueChanged, this, &BaseFeeWindow::showSum);

@@ -1,7 +1,6 @@
 #include "readings/ui/EntryWindow.h"
 
 #include <QHBoxLayout>
-#include <QKeyEvent>
 
 #include "dialogs/Texts.h"
 
@@ -10,17 +9,14 @@ using namespace Qt::Literals::StringLiterals;
 namespace readings {
 
 EntryWindow::EntryWindow(std::string_view name, std::string_view caption,
-                         dialogs::Services& services, yearbook::YearSession& session,
+                         const dialogs::Services& services, yearbook::YearSession& session,
                          QWidget* parent)
-    : QDialog(parent), services_(services), session_(session) {
-  setObjectName(utf8(name));
-  setWindowTitle(utf8(caption));
+    : Window(utf8(name), utf8(caption), services, parent), session_(session) {
   setModal(true);
-  setWindowFlag(Qt::WindowContextHelpButtonHint, false);
 }
 
 void EntryWindow::reject() {
-  if (mayClose()) QDialog::reject();
+  if (mayClose()) Window::reject();
 }
 
 bool EntryWindow::told(const base::Result<void>& done) {
@@ -31,28 +27,15 @@ bool EntryWindow::told(const base::Result<void>& done) {
 }
 
 void EntryWindow::makeCloseButton(QPushButton* button) {
-  button->setText(u"&Schließen"_s);
-  button->setToolTip(u"Fenster schließen"_s);
-  button->setAccessibleName(u"Fenster schließen"_s);
-  connect(button, &QPushButton::clicked, this, [this] { reject(); });
+  Window::makeCloseButton(button, u"&Schließen"_s);
+  button->setToolTip(button->accessibleName());
 }
 
 void EntryWindow::tameButtons() {
   for (QPushButton* button : findChildren<QPushButton*>()) {
-    button->setAutoDefault(false);
     if (button->accessibleName().isEmpty()) button->setAccessibleName(button->text().remove(u'&'));
     button->setMinimumWidth(button->sizeHint().width() + 2 * fontMetrics().averageCharWidth());
   }
-}
-
-void EntryWindow::keyPressEvent(QKeyEvent* event) {
-  const bool enter = event->key() == Qt::Key_Return || event->key() == Qt::Key_Enter;
-  if (!enter) {
-    QDialog::keyPressEvent(event);
-    return;
-  }
-  event->accept();
-  if (auto* button = qobject_cast<QPushButton*>(focusWidget())) button->click();
 }
 
 void makeDisplay(widgets::NumberField* field) {

@@ -1,11 +1,9 @@
 #pragma once
 
-#include <QDialog>
-#include <QPushButton>
 #include <string_view>
 
 #include "dialogs/Prompts.h"
-#include "dialogs/Services.h"
+#include "dialogs/Window.h"
 #include "readings/ui/EntryUndo.h"
 #include "widgets/NumberField.h"
 #include "widgets/Utf8.h"
@@ -15,15 +13,14 @@ class QHBoxLayout;
 
 namespace readings {
 
-// What the entry windows share: a modal window on the open year, closed by button, Escape or frame
-// alike, in which Enter never presses a button by surprise.
-class EntryWindow : public QDialog {
+// What the entry windows share: a modal window on the open year.
+class EntryWindow : public dialogs::Window {
   Q_OBJECT
  public:
   void reject() override;
 
  protected:
-  EntryWindow(std::string_view name, std::string_view caption, dialogs::Services& services,
+  EntryWindow(std::string_view name, std::string_view caption, const dialogs::Services& services,
               yearbook::YearSession& session, QWidget* parent);
 
   // Asked before the window closes without a take over.
@@ -32,13 +29,9 @@ class EntryWindow : public QDialog {
   bool told(const base::Result<void>& done);
   // "Schließen" with its tooltip, bound to closing.
   void makeCloseButton(QPushButton* button);
-  // To be called when all buttons are there: none is pressed by Enter from a field, and their
-  // captions have room.
+  // To be called when all buttons are there: their captions have room.
   void tameButtons();
 
-  void keyPressEvent(QKeyEvent* event) override;
-
-  dialogs::Services& services_;
   yearbook::YearSession& session_;
 };
 

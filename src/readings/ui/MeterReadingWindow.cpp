@@ -154,17 +154,13 @@ void MeterReadingWindow::arrangeMonth(QGridLayout* grid, int k) {
 }
 
 void MeterReadingWindow::setTabOrders() {
-  for (int k = 0; k + 1 < kMonths; ++k) setTabOrder(txtVerbrauch(k), txtVerbrauch(k + 1));
-  QWidget* before = txtVerbrauch(kMonths - 1);
-  for (int k = 0; k < kMonths; ++k) {
-    setTabOrder(before, optWechsel(k));
-    before = optWechsel(k);
+  for (int k = 0; k + 1 < kMonths; ++k) {
+    setTabOrder(txtVerbrauch(k), txtVerbrauch(k + 1));
+    setTabOrder(optWechsel(k), optWechsel(k + 1));
   }
-  for (QWidget* next : std::initializer_list<QWidget*>{txtWechsel, Command4, Command1, Command2,
-                                                       Command3, Command5}) {
-    setTabOrder(before, next);
-    before = next;
-  }
+  setTabOrder(txtVerbrauch(kMonths - 1), optWechsel(0));
+  setTabOrder(
+      {optWechsel(kMonths - 1), txtWechsel, Command4, Command1, Command2, Command3, Command5});
   txtVerbrauch(kMonths - 1)->setEnterMovesOn(false);
 }
 
@@ -196,8 +192,11 @@ void MeterReadingWindow::connectButtons() {
   connect(Command1, &QPushButton::clicked, this, &MeterReadingWindow::Command1Click);
   connect(Command3, &QPushButton::clicked, this, &MeterReadingWindow::Command3Click);
   connect(Command4, &QPushButton::clicked, this, &MeterReadingWindow::Command4Click);
-  connect(Command5, &QPushButton::clicked, this,
-          [this] { services_.navigator.showMeterChangeHelp(); });
+  connect(Command5, &QPushButton::clicked, this, &MeterReadingWindow::showHelp);
+}
+
+void MeterReadingWindow::showHelp() {
+  services_.navigator.showMeterChangeHelp();
 }
 
 bool MeterReadingWindow::eventFilter(QObject* watched, QEvent* event) {

@@ -98,10 +98,7 @@ void UnitPriceWindow::connectControls() {
     setTabOrder(before, box);
     before = box;
   }
-  for (QPushButton* next : {cmdAbschlW2, Command1, Command2}) {
-    setTabOrder(before, next);
-    before = next;
-  }
+  setTabOrder({before, cmdAbschlW2, Command1, Command2});
   connect(newPrice, &widgets::NumberField::valueChanged, this, &UnitPriceWindow::showPreview);
   for (QCheckBox* box : Check1)
     connect(box, &QCheckBox::toggled, this, &UnitPriceWindow::showPreview);

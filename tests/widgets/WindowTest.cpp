@@ -1,0 +1,117 @@
+#include <gmock/gmock.h>
+
+#include <QCheckBox>
+#include <QTest>
+#include <QVBoxLayout>
+
+#include "base/GermanDate.h"
+#include "dialogs/Window.h"
+#include "support/MemoryFileSystem.h"
+#include "support/ui/FakeNavigator.h"
+#include "support/ui/FakePrompts.h"
+#include "widgets/NumberField.h"
+#include "widgets/control.h"
+
+using namespace Qt::Literals::StringLiterals;
+
+namespace {
+
+class frmProbe final : public dialogs::Window {
+ public:
+  explicit frmProbe(const dialogs::Services& services)
+      : Window(u"frmProbe"_s, u"Probe"_s, services, nullptr) {
+    makeCloseButton(cmdClose);
+    auto* column = new QVBoxLayout(this);
+    for (QWidget* widget :
+         std::initializer_list<QWidget*>{cmdOther, last, cmdStore, chkBox, first, cmdClose})
+      column->addWidget(widget);
+    setTabOrder({first, chkBox, last, cmdStore, cmdOther, cmdClose});
+    last->setEnterMovesOn(false);
+    connect(cmdStore, &QPushButton::clicked, this, [this] { pressed << u"store"_s; });
+    connect(cmdOther, &QPushButton::clicked, this, [this] { pressed << u"other"_s; });
+  }
+  void reject() override {
+    pressed << u"reject"_s;
+    Window::reject();
+  }
+  void enter(QWidget* widget) {
+    widget->setFocus();
+    QTest::keyClick(widget, Qt::Key_Return);
+  }
+
+  widgets::NumberField* const first = widgets::control<widgets::NumberField>(this, "first");
+  widgets::NumberField* const last = widgets::control<widgets::NumberField>(this, "last");
+  QCheckBox* const chkBox = widgets::control<QCheckBox>(this, "chkBox");
+  QPushButton* const cmdOther = widgets::control<QPushButton>(this, "cmdOther");
+  QPushButton* const cmdStore = widgets::control<QPushButton>(this, "cmdStore");
+  QPushButton* const cmdClose = widgets::control<QPushButton>(this, "cmdClose");
+  QStringList pressed;
+};
+
+class WindowBase : public testing::Test {
+ protected:
+  void show() {
+    window.show();
+    window.activateWindow();
+    ASSERT_TRUE(QTest::qWaitForWindowActive(&window));
+  }
+
+  support::MemoryFileSystem files_;
+  base::PathState paths_;
+  base::FixedClock clock_{std::chrono::year(2026) / 1 / 1};
+  FakePrompts prompts_;
+  FakeShell shell_;
+  FakeNavigator navigator_;
+  dialogs::Services services_{paths_, files_, clock_, prompts_, shell_, navigator_};
+  frmProbe window{services_};
+};
+
+TEST_F(WindowBase, EnterGoesOnAndPressesNoButtonBySurprise) {
+  show();
+  EXPECT_EQ(window.objectName(), u"frmProbe");
+  EXPECT_EQ(window.windowTitle(), u"Probe");
+  window.enter(window.first);
+  EXPECT_EQ(window.focusWidget(), window.chkBox);
+  window.enter(window.chkBox);
+  EXPECT_EQ(window.focusWidget(), window.last);
+  EXPECT_FALSE(window.chkBox->isChecked());
+  window.enter(window.last);
+  EXPECT_EQ(window.focusWidget(), window.last);
+  EXPECT_TRUE(window.pressed.isEmpty()) << window.pressed.join(u' ').toStdString();
+  EXPECT_TRUE(window.isVisible());
+}
+
+TEST_F(WindowBase, EnterPressesTheButtonWithTheFocusElseTheMainOne) {
+  window.cmdStore->setDefault(true);
+  show();
+  window.enter(window.last);
+  window.enter(window.cmdOther);
+  window.enter(window.first);  // its own way to the next control
+  EXPECT_THAT(window.pressed, testing::ElementsAre(u"store"_s, u"other"_s));
+  EXPECT_EQ(window.focusWidget(), window.chkBox);
+  window.enter(window.chkBox);
+  EXPECT_EQ(window.pressed.last(), u"store");
+}
+
+TEST_F(WindowBase, EscapeTheCloseButtonAndTheFrameCloseAlike) {
+  EXPECT_EQ(window.cmdClose->text(), u"Fenster schließen");
+  for (const auto& close : std::initializer_list<std::function<void()>>{
+           [this] { QTest::keyClick(window.first, Qt::Key_Escape); },
+           [this] { window.enter(window.cmdClose); }, [this] { window.close(); }}) {
+    show();
+    window.pressed.clear();
+    close();
+    EXPECT_EQ(window.pressed, QStringList{u"reject"_s});
+    EXPECT_FALSE(window.isVisible());
+  }
+}
+
+TEST_F(WindowBase, F1ShowsTheHelpFromWhereverTheFocusIs) {
+  show();
+  for (QWidget* widget :
+       std::initializer_list<QWidget*>{window.last, window.chkBox, window.cmdStore})
+    QTest::keyClick(widget, Qt::Key_F1);
+  EXPECT_EQ(navigator_.calls, QStringList(3, u"showHelp"_s));
+}
+
+}  // namespace
