@@ -32,14 +32,4 @@ bool keepBefore(const dialogs::Services& services, QWidget* owner, CopyMoment mo
   return kept || goesOnWithout(services, owner, kept.error());
 }
 
-void tellCopyOutcome(const dialogs::Services& services, QWidget* owner,
-                     const base::Result<void>& outcome, const CopyTexts& texts) {
-  if (outcome)
-    services.prompts.tell(owner, texts.done, texts.title, Icon::Information);
-  else if (outcome.error().code == base::ErrorCode::Cancelled)
-    services.prompts.tell(owner, texts.cancelled, texts.title, Icon::Information);
-  else
-    tellFileError(services, owner, outcome.error());
-}
-
 }  // namespace app

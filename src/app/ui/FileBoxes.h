@@ -23,13 +23,4 @@ bool goesOnWithout(const dialogs::Services& services, QWidget* owner, const base
 bool keepBefore(const dialogs::Services& services, QWidget* owner, CopyMoment moment,
                 const std::string& year);
 
-struct CopyTexts {
-  QString title;
-  QString done;
-  QString cancelled;
-};
-// How a copy run ended: done, stopped by the user, or failed.
-void tellCopyOutcome(const dialogs::Services& services, QWidget* owner,
-                     const base::Result<void>& outcome, const CopyTexts& texts);
-
 }  // namespace app

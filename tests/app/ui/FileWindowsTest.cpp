@@ -304,6 +304,19 @@ TEST_F(CopyWindows, SafetyCopiesAreShownByTheirNewestDay) {
   EXPECT_EQ(files->readText(dataFolder() + "Haus.kwd"), "2024-02-09");
 }
 
+TEST_F(CopyWindows, TabGoesFromTheFolderToTheYearToTheAction) {
+  EXPECT_TRUE(files->makeFolder(dataFolder() + "Sicherungen"));  // else its button is hidden
+  frmRuecksichern window(services);
+  show(window);
+  window.activateWindow();
+  ASSERT_TRUE(QTest::qWaitForWindowActive(&window));
+  for (const QWidget* next : std::initializer_list<QWidget*>{
+           window.Dir1, window.cmdSicherungen, window.File3, window.Command1, window.Command2}) {
+    EXPECT_EQ(window.focusWidget(), next) << next->objectName().toStdString();
+    QTest::keyClick(window.focusWidget(), Qt::Key_Tab);
+  }
+}
+
 TEST_F(CopyWindows, UnreadableDriveIsToldAndTheListReturns) {
   frmSichern window(services);
   show(window);
