@@ -15,10 +15,6 @@
 
 namespace jet {
 
-using base::ErrorCode;
-using base::Failure;
-using base::Result;
-
 namespace {
 
 DateTime now() {

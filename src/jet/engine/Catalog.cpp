@@ -11,9 +11,6 @@
 namespace jet {
 namespace {
 
-using base::Failure;
-using base::Result;
-
 constexpr std::int64_t kTypeTable = 1;
 constexpr std::int64_t kDefinitionMask = 0x00FFFFFF;
 constexpr std::int64_t kSystemFlags = 0x80000002;

@@ -10,10 +10,6 @@
 namespace jet {
 namespace {
 
-using base::Bytes;
-using base::Failure;
-using base::Result;
-
 constexpr std::uint8_t kSystemColumn = 0x12;
 
 // Object numbers. Tables have the page of their definition.

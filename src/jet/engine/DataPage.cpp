@@ -9,7 +9,6 @@
 namespace jet {
 namespace {
 
-using base::Result;
 using format::PageKind;
 
 constexpr format::Field slotField(std::size_t headSize, std::size_t index) {

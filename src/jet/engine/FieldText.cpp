@@ -9,11 +9,6 @@
 namespace jet {
 namespace {
 
-using base::Bytes;
-using base::ByteSpan;
-using base::ErrorCode;
-using base::Result;
-
 constexpr std::uint16_t kWindows1252 = 1252;
 // A compressed text starts with the bytes FF FE; inside, a 0 byte changes between one and two bytes
 // a character.

@@ -12,11 +12,7 @@
 namespace jet {
 namespace {
 
-using base::Bytes;
-using base::ByteSpan;
-using base::ErrorCode;
 using base::Money;
-using base::Result;
 
 template <class Stored>
 auto stored(ByteSpan bytes) {

@@ -9,8 +9,6 @@
 namespace jet {
 namespace {
 
-using base::ErrorCode;
-
 bool hasSignature(base::ByteSpan start, std::string_view signature) {
   const base::ByteSpan expected = base::asBytes(signature);
   return start.size() >= 4 + expected.size() &&

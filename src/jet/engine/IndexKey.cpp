@@ -9,10 +9,7 @@
 namespace jet {
 namespace {
 
-using base::Bytes;
-using base::ErrorCode;
 using base::fail;
-using base::Result;
 
 constexpr std::size_t kLongestText = 255;
 constexpr std::uint8_t kZero = 0x00;

@@ -8,9 +8,6 @@
 namespace jet {
 namespace {
 
-using base::Bytes;
-using base::ByteSpan;
-using base::Result;
 using format::PageKind;
 
 void appendBigEndian(Bytes& bytes, std::uint32_t value, int width) {

@@ -10,11 +10,6 @@
 namespace jet {
 namespace {
 
-using base::Bytes;
-using base::ByteSpan;
-using base::Failure;
-using base::Result;
-
 // A tree of this depth has more entries than a file has bytes.
 constexpr int kMaxDepth = 16;
 

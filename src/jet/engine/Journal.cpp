@@ -4,17 +4,15 @@
 #include <utility>
 
 #include "base/Paths.h"
+#include "jet/engine/Damage.h"
 #include "jet/engine/JournalFormat.h"
 #include "jet/engine/JournalMatch.h"
 
 namespace jet {
 namespace {
 
-using base::ErrorCode;
 using base::fail;
-using base::Failure;
 using base::OpenMode;
-using base::Result;
 
 // Room for a usual transaction, so that the file keeps its length from the first commit on.
 constexpr std::size_t kFirstLength = 0x10000;

@@ -9,10 +9,6 @@
 namespace jet {
 namespace {
 
-using base::Bytes;
-using base::ByteSpan;
-using base::Failure;
-using base::Result;
 using format::LongValueForm;
 using format::PageKind;
 

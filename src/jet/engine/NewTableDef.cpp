@@ -11,10 +11,6 @@
 namespace jet {
 namespace {
 
-using base::ErrorCode;
-using base::Failure;
-using base::Result;
-
 constexpr std::uint8_t kOrdinaryColumn = 0x02;
 constexpr std::size_t kMostColumns = 255;
 constexpr std::size_t kMostIndexes = 32;

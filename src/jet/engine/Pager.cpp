@@ -12,9 +12,6 @@ namespace jet {
 namespace {
 
 using base::Error;
-using base::ErrorCode;
-using base::Failure;
-using base::Result;
 
 // 16 MB of pages; then the cache starts anew. A year file has some thirty pages.
 constexpr std::size_t kCachedPages = 4096;

@@ -7,10 +7,6 @@
 namespace jet {
 namespace {
 
-using base::ByteSpan;
-using base::ErrorCode;
-using base::Result;
-
 base::Failure wrong(const char* reason) {
   return refuse(ErrorCode::Damaged, reason);
 }

@@ -8,9 +8,6 @@
 namespace jet {
 namespace {
 
-using base::Failure;
-using base::Result;
-
 // How many pages that are said to have room are tried before a new one is taken: the latest, which
 // are filled in turn, and the first.
 constexpr std::size_t kCandidates = 8;

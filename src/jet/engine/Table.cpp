@@ -10,8 +10,6 @@
 namespace jet {
 namespace {
 
-using base::Failure;
-using base::Result;
 using format::PageKind;
 
 // A pointer normally leads straight to its row.

@@ -11,8 +11,6 @@
 namespace jet {
 namespace {
 
-using base::ByteSpan;
-using base::ErrorCode;
 using Kind = PageUse::Kind;
 
 bool contains(const std::vector<std::uint32_t>& sorted, std::uint32_t page) {

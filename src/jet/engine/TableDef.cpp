@@ -11,9 +11,6 @@
 namespace jet {
 namespace {
 
-using base::ByteSpan;
-using base::Failure;
-using base::Result;
 using format::PageKind;
 
 // Far above what 255 columns and 32 indexes need; stops a chain that leads through the whole file.

@@ -10,11 +10,6 @@
 namespace jet {
 namespace {
 
-using base::ByteSpan;
-using base::ErrorCode;
-using base::Failure;
-using base::Result;
-
 constexpr std::size_t kPointerSize = sizeof(format::RowPointerRecord);
 
 }  // namespace

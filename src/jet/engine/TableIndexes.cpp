@@ -9,10 +9,6 @@
 namespace jet {
 namespace {
 
-using base::ErrorCode;
-using base::Failure;
-using base::Result;
-
 bool allNull(const std::vector<Value>& values) {
   return std::all_of(values.begin(), values.end(), isNull);
 }

@@ -4,6 +4,7 @@
 #include <cstring>
 
 #include "jet/engine/CatalogRows.h"
+#include "jet/engine/Damage.h"
 #include "jet/engine/DataPage.h"
 #include "jet/engine/IndexTree.h"
 #include "jet/engine/NewTableDef.h"
@@ -12,10 +13,6 @@
 
 namespace jet {
 namespace {
-
-using base::Bytes;
-using base::Failure;
-using base::Result;
 
 constexpr std::size_t kPageHead = sizeof(format::TableDefPage);
 

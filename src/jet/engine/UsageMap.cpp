@@ -5,9 +5,6 @@
 namespace jet {
 namespace {
 
-using base::ByteSpan;
-using base::Failure;
-using base::Result;
 using format::PageKind;
 using format::UsageMapForm;
 

@@ -8,9 +8,6 @@
 namespace jet {
 namespace {
 
-using base::ByteSpan;
-using base::Failure;
-using base::Result;
 using format::UsageMapForm;
 
 // Rows of maps grow in steps of 4 bytes, as Access lets them grow; beyond that the map is turned
