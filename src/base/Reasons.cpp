@@ -1,11 +1,50 @@
 #include <algorithm>
-#include <array>
+#include <iterator>
 
 #include "base/Result.h"
 
-// The reasons that the database engine gives, in German.
+// What errors say: a sentence for each code, and the reasons of the database engine in German.
 namespace base {
 namespace {
+
+struct CodeTexts {
+  const char* name;
+  const char* sentence;
+};
+// In the order of the codes.
+constexpr CodeTexts kCodeTexts[] = {
+    {"NotFound", "Die Datei oder der Ordner ist nicht vorhanden."},
+    {"AlreadyExists", "Eine Datei dieses Namens ist bereits vorhanden."},
+    {"AccessDenied", "Der Zugriff wurde verweigert."},
+    {"ReadOnly", "Die Datei kann nur gelesen, nicht geändert werden."},
+    {"NoSpace", "Auf dem Datenträger ist kein Platz mehr."},
+    {"InUse", "Die Datei ist bereits geöffnet, hier oder in einem anderen Programm."},
+    {"InvalidName", "So kann keine Datei und kein Ordner heißen."},
+    {"IoError", "Beim Lesen oder Schreiben ist ein Fehler aufgetreten."},
+    {"NotADatabase", "Die Datei ist keine Access-Datenbank."},
+    {"NewerVersion",
+     "Die Datei wurde mit einer neueren Access-Version (ab 2007) erstellt. Bitte speichern Sie sie "
+     "im Format von Access 2000-2003."},
+    {"Encrypted", "Die Datei ist verschlüsselt. Bitte entschlüsseln Sie sie in Access."},
+    {"PasswordProtected",
+     "Die Datei ist mit einem Kennwort geschützt. Bitte entfernen Sie das Kennwort in Access."},
+    {"Truncated", "Die Datei ist unvollständig, ihr Ende fehlt."},
+    {"Damaged", "Die Datei ist beschädigt."},
+    {"IndexDamaged", "Ein Index der Datei ist beschädigt, die Daten selbst sind in Ordnung."},
+    {"MissingTable", "Eine Tabelle fehlt; die Datei ist keine Jahresdatei dieses Programms."},
+    {"MissingColumn", "Ein Feld fehlt; die Datei ist keine Jahresdatei dieses Programms."},
+    {"WrongShape", "Eine Tabelle ist nicht so aufgebaut, wie es eine Jahresdatei verlangt."},
+    {"Unsupported", "Diese Änderung wird für diese Datei nicht unterstützt."},
+    {"InvalidValue", "Der Wert passt nicht in das Feld."},
+    {"ChangedOnDisk",
+     "Die Datei wurde inzwischen von einem anderen Programm geändert. Bitte öffnen Sie sie neu."},
+    {"Cancelled", "Der Vorgang wurde abgebrochen."},
+};
+static_assert(std::size(kCodeTexts) == static_cast<std::size_t>(ErrorCode::Cancelled) + 1);
+
+const CodeTexts& textsOf(ErrorCode code) {
+  return kCodeTexts[static_cast<std::size_t>(code)];
+}
 
 struct Reason {
   std::string_view english;
@@ -179,17 +218,6 @@ std::string filled(std::string text, const std::vector<std::string>& arguments) 
   return text;
 }
 
-const char* nameOf(ErrorCode code) {
-  constexpr std::array kNames = {
-      "NotFound",      "AlreadyExists",     "AccessDenied", "ReadOnly",     "NoSpace",
-      "InUse",         "InvalidName",       "IoError",      "NotADatabase", "NewerVersion",
-      "Encrypted",     "PasswordProtected", "Truncated",    "Damaged",      "IndexDamaged",
-      "MissingTable",  "MissingColumn",     "WrongShape",   "Unsupported",  "InvalidValue",
-      "ChangedOnDisk", "Cancelled"};
-  static_assert(kNames.size() == static_cast<std::size_t>(ErrorCode::Cancelled) + 1);
-  return kNames[static_cast<std::size_t>(code)];
-}
-
 }  // namespace
 
 std::string germanDetail(const Error& error) {
@@ -199,8 +227,17 @@ std::string germanDetail(const Error& error) {
                 error.arguments);
 }
 
+std::string germanReason(const Error& error) {
+  std::string text = textsOf(error.code).sentence;
+  std::string more = germanDetail(error);
+  if (!error.subject.empty()) more = error.subject + (more.empty() ? "" : ": " + more);
+  if (error.page) more += (more.empty() ? "Seite " : ", Seite ") + std::to_string(*error.page);
+  if (!more.empty()) text += " (" + more + ")";
+  return text;
+}
+
 std::string describe(const Error& error) {
-  std::string text = nameOf(error.code);
+  std::string text = textsOf(error.code).name;
   if (!error.subject.empty()) text += ": " + error.subject;
   if (error.page) text += ", page " + std::to_string(*error.page);
   if (!error.detail.empty()) text += ": " + filled(error.detail, error.arguments);

@@ -61,4 +61,25 @@ TEST(Reasons, HaveTheirArgumentsFilledIn) {
   EXPECT_EQ(base::germanDetail(errorWith("der Betrag ist zu groß")), "der Betrag ist zu groß");
 }
 
+TEST(Reasons, BeginWithTheSentenceOfTheirCode) {
+  using base::ErrorCode;
+  const struct {
+    ErrorCode code;
+    std::string name, word;
+  } codes[] = {{ErrorCode::NotFound, "NotFound", "nicht vorhanden"},
+               {ErrorCode::NoSpace, "NoSpace", "kein Platz"},
+               {ErrorCode::InUse, "InUse", "bereits geöffnet"},
+               {ErrorCode::Encrypted, "Encrypted", "verschlüsselt"},
+               {ErrorCode::Damaged, "Damaged", "beschädigt"},
+               {ErrorCode::MissingColumn, "MissingColumn", "Ein Feld fehlt"},
+               {ErrorCode::InvalidValue, "InvalidValue", "passt nicht in das Feld"},
+               {ErrorCode::Cancelled, "Cancelled", "abgebrochen"}};
+  for (const auto& [code, name, word] : codes) {
+    base::Error error;
+    error.code = code;
+    EXPECT_EQ(base::describe(error), name);
+    EXPECT_THAT(base::germanReason(error), testing::HasSubstr(word));
+  }
+}
+
 }  // namespace
