@@ -1,7 +1,7 @@
 #include "Measure.h"
 
-#include <algorithm>
-#include <chrono>
+#include <benchmark/benchmark.h>
+
 #include <cstdio>
 
 #include "base/Paths.h"
@@ -13,39 +13,46 @@ std::filesystem::path folderOf(const char* program) {
   return std::filesystem::absolute(base::toPath(program)).parent_path();
 }
 
+// Prints as usual and keeps the medians.
+class Medians final : public benchmark::ConsoleReporter {
+ public:
+  Medians() : ConsoleReporter(OO_None) {}
+  void ReportRuns(const std::vector<Run>& runs) override {
+    ConsoleReporter::ReportRuns(runs);
+    for (const Run& run : runs) {
+      failed = failed || run.error_occurred;
+      if (run.aggregate_name == "median")
+        times[run.run_name.function_name] = run.real_accumulated_time;
+    }
+  }
+  std::map<std::string, double> times;
+  bool failed = false;
+};
+
 }  // namespace
 
-double median(std::vector<double> values) {
-  const auto middle = values.begin() + static_cast<std::ptrdiff_t>(values.size() / 2);
-  std::nth_element(values.begin(), middle, values.end());
-  return *middle;
-}
-
-double millisecondsOf(const std::function<void()>& work) {
-  const auto start = std::chrono::steady_clock::now();
-  work();
-  return std::chrono::duration<double, std::milli>(std::chrono::steady_clock::now() - start)
-      .count();
-}
-
-std::optional<std::vector<double>> compare(const std::vector<Work>& works, int rounds) {
-  std::vector<std::vector<double>> times(works.size());
-  for (int round = -1; round < rounds; ++round)
-    for (std::size_t i = 0; i < works.size(); ++i) {
-      bool done = false;
-      const double time = millisecondsOf([&] { done = works[i].run(); });
-      if (!done) {
-        std::fprintf(stderr, "%s: could not be done\n", works[i].name.c_str());
-        return std::nullopt;
-      }
-      if (round >= 0) times[i].push_back(time);
-    }
-  std::vector<double> medians;
-  for (std::size_t i = 0; i < works.size(); ++i) {
-    medians.push_back(median(times[i]));
-    std::printf("%-40s %9.3f ms\n", works[i].name.c_str(), medians.back());
-  }
-  return medians;
+std::optional<std::vector<double>> compare(const std::vector<Work>& works, int repetitions) {
+  std::string flags[] = {"bench", "--benchmark_enable_random_interleaving=true",
+                         "--benchmark_min_time=0.01"};
+  char* arguments[] = {flags[0].data(), flags[1].data(), flags[2].data(), nullptr};
+  int count = 3;
+  benchmark::Initialize(&count, arguments);
+  for (const Work& work : works)
+    benchmark::RegisterBenchmark(work.name.c_str(),
+                                 [&work](benchmark::State& state) {
+                                   for ([[maybe_unused]] auto _ : state)
+                                     if (!work.run()) state.SkipWithError("could not be done");
+                                 })
+        ->Unit(benchmark::kMillisecond)
+        ->UseRealTime()
+        ->Repetitions(repetitions)
+        ->ReportAggregatesOnly();
+  Medians medians;
+  benchmark::RunSpecifiedBenchmarks(&medians);
+  if (medians.failed) return std::nullopt;
+  std::vector<double> times;
+  for (const Work& work : works) times.push_back(medians.times.at(work.name));
+  return times;
 }
 
 std::optional<std::string> beside(const char* program, const std::string& name) {

@@ -5,8 +5,8 @@
 #include <string>
 #include <vector>
 
-// What the benchmarks share: works that take turns, so that a busy machine slows all of them, and
-// medians, so that a single interruption does not count.
+// What the benchmarks share: Google Benchmark runs their works in turns, so that a busy machine
+// slows all of them, and medians are compared, so that a single interruption does not count.
 namespace bench {
 
 struct Work {
@@ -14,12 +14,9 @@ struct Work {
   std::function<bool()> run;  // false: it could not be done
 };
 
-double median(std::vector<double> values);
-double millisecondsOf(const std::function<void()>& work);
-
-// Each work's median in milliseconds, printed and in the order given; one round before the first
-// is not counted. Nothing when a work could not be done, which is said on the error output.
-std::optional<std::vector<double>> compare(const std::vector<Work>& works, int rounds);
+// Each work's median time, in the order given and in one unit. Nothing when a work could not be
+// done, which is said on the error output.
+std::optional<std::vector<double>> compare(const std::vector<Work>& works, int repetitions);
 
 // The path of what lies beside the program; a missing file is named on the error output.
 std::optional<std::string> beside(const char* program, const std::string& name);

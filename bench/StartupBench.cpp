@@ -4,7 +4,6 @@
 // Where there is no display, Xvfb serves as one if it is installed; an argument sets the runs (41).
 
 #include <QApplication>
-#include <QElapsedTimer>
 #include <QFile>
 #include <QLabel>
 #include <QMainWindow>
@@ -14,7 +13,7 @@
 #include <algorithm>
 #include <cstdio>
 #include <cstring>
-#include <vector>
+#include <optional>
 
 #include "Measure.h"
 #include "app/ui/Program.h"
@@ -66,22 +65,15 @@ int runChild(int argc, char** argv) {
   return 0;
 }
 
-struct Runs {
-  std::vector<double> milliseconds, megabytes;
-};
-
-bool runOnce(const char* mode, const QString& folder, Runs& runs) {
+// Runs the program once; its memory in megabytes, 0 where the system does not tell.
+std::optional<double> runOnce(const char* mode, const QString& folder) {
   QProcess child;
-  QElapsedTimer timer;
-  timer.start();
   child.start(QCoreApplication::applicationFilePath(), {QString::fromLatin1(mode), folder});
-  const bool done = child.waitForFinished(20000) && child.exitCode() == 0;
-  runs.milliseconds.push_back(static_cast<double>(timer.nsecsElapsed()) / 1e6);
-  runs.megabytes.push_back(child.readAllStandardOutput().toDouble() / 1024);
-  if (!done)
-    std::fprintf(stderr, "%s: no window was painted within 20 seconds: %s\n", mode,
-                 child.readAllStandardError().constData());
-  return done;
+  if (child.waitForFinished(20000) && child.exitCode() == 0)
+    return child.readAllStandardOutput().toDouble() / 1024;
+  std::fprintf(stderr, "%s: no window was painted within 20 seconds: %s\n", mode,
+               child.readAllStandardError().constData());
+  return std::nullopt;
 }
 
 // The display that is there, a virtual one, or none: then Qt paints into memory.
@@ -108,25 +100,20 @@ int compare(const char* program, int runs) {
   QProcess server;
   const QByteArray platform = findDisplay(server);
   const QTemporaryDir folder;
-  Runs first, bare, kalvira;
   // The first ones fetch the libraries from the disk and make the year.
-  if (!runOnce(kBare, folder.path(), first) || !runOnce(kKalvira, folder.path(), first)) return 1;
-  for (int i = 0; i < runs; ++i)
-    if (!runOnce(kBare, folder.path(), bare) || !runOnce(kKalvira, folder.path(), kalvira))
-      return 1;
+  const auto bareMemory = runOnce(kBare, folder.path());
+  const auto memory = runOnce(kKalvira, folder.path());
+  if (!bareMemory || !memory) return 1;
+  std::printf("%s\n", platform.constData());
+  const auto times = bench::compare(
+      {{"bare window", [&] { return runOnce(kBare, folder.path()).has_value(); }},
+       {"start window", [&] { return runOnce(kKalvira, folder.path()).has_value(); }}},
+      runs);
   server.terminate();
   server.waitForFinished();
-  const auto print = [](const char* name, const Runs& of) {
-    std::printf("%-12s %6.1f ms  %5.1f MB\n", name, bench::median(of.milliseconds),
-                bench::median(of.megabytes));
-  };
-  std::printf("medians of %d starts, %s\n", runs, platform.constData());
-  print("bare window", bare);
-  print("start window", kalvira);
-  const double memory = bench::median(bare.megabytes);
-  std::printf("ratio: time %.2f",
-              bench::median(kalvira.milliseconds) / bench::median(bare.milliseconds));
-  if (memory > 0) std::printf(", memory %.2f", bench::median(kalvira.megabytes) / memory);
+  if (!times) return 1;
+  std::printf("ratio: time %.2f", times->at(1) / times->at(0));
+  if (*bareMemory > 0) std::printf(", memory %.2f (%.1f MB)", *memory / *bareMemory, *memory);
   std::printf(" (wanted: 1.15)\n");
   return 0;
 }

@@ -5,6 +5,7 @@ build_packages=(g++ cmake ninja-build qt6-base-dev qt6-base-dev-tools qt6-svg-de
   qt6-translations-l10n libexpected-dev fonts-dejavu-core fonts-liberation)
 lint_packages=(clang-format clang-tidy)
 test_packages=(libgtest-dev libgmock-dev mdbtools poppler-utils imagemagick libwmf-bin fonts-urw-base35 inkscape xvfb)
+bench_packages=(libbenchmark-dev mdbtools-dev)
 
 install_missing() {
   command -v dpkg-query >/dev/null || return 0  # not Debian: the compiler will tell what is missing
