@@ -13,6 +13,9 @@ struct CommandLine {
     Html,      // --html TARGET
     Pdf,       // --pdf TARGET
     Csv,       // --csv TARGET
+    AllYears,  // --alle-jahre [FOLDER]: the table of all years, to `target` where one is given
+    Forecast,  // --prognose, likewise
+    Tariffs,   // --tarife, likewise
     Check,     // --pruefen
     Version,
     Help,
@@ -20,7 +23,8 @@ struct CommandLine {
   };
   Action action = Action::Windows;
   std::string target;
-  std::string file;
+  std::string file;        // the folder of AllYears; "" = the data folder
+  int monthsRead = 0;      // --stand: as if only so many months had been read; 0 = all
   std::string dataFolder;  // --datenordner, "" = not given
   std::string problem;
 };

@@ -118,18 +118,28 @@ base::Result<void> followPathFile(base::PathState& paths, base::FileSystem& file
   return {};
 }
 
-}  // namespace
-
-base::Result<void> settleFolders(base::PathState& paths, base::FileSystem& files,
-                                 const SystemFacts& facts) {
+// Looks only.
+base::Result<void> nameFolders(base::PathState& paths, base::FileSystem& files,
+                               const SystemFacts& facts) {
   paths.ProgramFolder = base::withSeparator(facts.programFolder);
   paths.DataFolder = defaultDataFolder(facts);
   paths.UserBaseFolder.clear();
-  base::Result<void> settled;
-  if (facts.chosenDataFolder.empty())
-    settled = followPathFile(paths, files);
-  else
-    paths.DataFolder = base::withSeparator(facts.chosenDataFolder);
+  if (facts.chosenDataFolder.empty()) return followPathFile(paths, files);
+  paths.DataFolder = base::withSeparator(facts.chosenDataFolder);
+  return {};
+}
+
+}  // namespace
+
+std::string dataFolderInForce(base::FileSystem& files, const SystemFacts& facts) {
+  base::PathState paths;
+  base::ignore(nameFolders(paths, files, facts), "the default folder counts then");
+  return paths.DataFolder;
+}
+
+base::Result<void> settleFolders(base::PathState& paths, base::FileSystem& files,
+                                 const SystemFacts& facts) {
+  const base::Result<void> settled = nameFolders(paths, files, facts);
   if (auto made = makeDataFolder(files, paths.DataFolder, facts); !made) return made;
   if (auto current = base::makeCurrent(paths.DataFolder); !current) return current;
   auto finished = finishInterrupted(files, paths.DataFolder);

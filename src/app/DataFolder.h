@@ -64,6 +64,9 @@ base::Result<void> makeDataFolder(base::FileSystem& files, const std::string& fo
 base::Result<void> settleFolders(base::PathState& paths, base::FileSystem& files,
                                  const SystemFacts& facts);
 
+// The data folder in force, for whoever only reads there: nothing is made or finished.
+std::string dataFolderInForce(base::FileSystem& files, const SystemFacts& facts);
+
 // For a year that was named at the start: its folder is the data folder, as its side files lie
 // there, unless one was chosen for this run. Nothing is made beside the year.
 void settleFoldersAt(base::PathState& paths, base::FileSystem& files, const SystemFacts& facts,

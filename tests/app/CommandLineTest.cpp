@@ -19,6 +19,22 @@ TEST(CommandLine, NamesActionTargetFileAndFolderInAnyOrder) {
   EXPECT_EQ(parseCommandLine({}).action, Action::Windows);
 }
 
+TEST(CommandLine, CsvBesideATableNamesItsTarget) {
+  for (const auto& arguments :
+       std::vector<std::vector<std::string>>{{"--alle-jahre", "--csv", "z.csv", "/jahre"},
+                                             {"--csv", "z.csv", "--alle-jahre", "/jahre"}}) {
+    const auto all = parseCommandLine(arguments);
+    EXPECT_EQ(all.action, Action::AllYears);
+    EXPECT_EQ(all.target, "z.csv");
+    EXPECT_EQ(all.file, "/jahre");
+  }
+  EXPECT_EQ(parseCommandLine({"--alle-jahre"}).action, Action::AllYears);
+  const auto forecast = parseCommandLine({"--prognose", "a.kwd", "--stand", "9"});
+  EXPECT_EQ(forecast.action, Action::Forecast);
+  EXPECT_EQ(forecast.monthsRead, 9);
+  EXPECT_EQ(parseCommandLine({"--tarife", "a.kwd"}).action, Action::Tariffs);
+}
+
 TEST(CommandLine, SaysWhatIsMissing) {
   const std::pair<std::vector<std::string>, const char*> cases[] = {
       {{"--html", "z.html"}, "Nach --html fehlt die Jahresdatei (*.kwd)."},
@@ -29,6 +45,15 @@ TEST(CommandLine, SaysWhatIsMissing) {
       {{"--csv", "b.csv", "a.kwd", "b.kwd"}, "Bitte nur eine Datei angeben: a.kwd, b.kwd"},
       {{"--csv", "a.kwd", "b.kwd"}, "Eine Jahresdatei wird nicht überschrieben: a.kwd"},
       {{"--html", "a.KWX", "b.kwd"}, "Eine Jahresdatei wird nicht überschrieben: a.KWX"},
+      {{"--prognose", "--stand", "3"}, "Nach --prognose fehlt die Jahresdatei (*.kwd)."},
+      {{"--prognose", "a.kwd", "--stand", "13"}, "--stand nennt einen Monat von 1 bis 12."},
+      {{"--prognose", "a.kwd", "--stand", "0"}, "--stand nennt einen Monat von 1 bis 12."},
+      {{"--prognose", "a.kwd", "--stand", "1,5"}, "--stand nennt einen Monat von 1 bis 12."},
+      {{"--prognose", "a.kwd", "--stand"}, "Nach --stand fehlt der Monat (1 bis 12)."},
+      {{"--uebersicht", "a.kwd", "--stand", "3"}, "--stand gehört zu --prognose."},
+      {{"--alle-jahre", "--csv", "a.kwd"}, "Eine Jahresdatei wird nicht überschrieben: a.kwd"},
+      {{"--alle-jahre", "--prognose", "a.kwd"},
+       "Bitte nur eine der Angaben --alle-jahre und --prognose."},
       {{"--pruefen", "--uebersicht", "a.kwd"},
        "Bitte nur eine der Angaben --pruefen und --uebersicht."}};
   for (const auto& [arguments, problem] : cases) {

@@ -2,6 +2,7 @@
 
 #include "app/Findings.h"
 #include "app/YearFiles.h"
+#include "app/ui/TableReports.h"
 #include "base/Paths.h"
 #include "reports/Exports.h"
 #include "reports/YearReport.h"
@@ -87,7 +88,8 @@ int runCommandLine(const CommandLine& line, const Console& console) {
     default:
       break;
   }
-  const auto written = writeReport(line, console);
+  const auto written =
+      isTableReport(line.action) ? writeTableReport(line, console) : writeReport(line, console);
   return written ? 0 : failed(console, written.error());
 }
 
