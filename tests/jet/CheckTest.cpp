@@ -120,6 +120,38 @@ TEST_F(Check, TellsAPageThatIsUsedAndFree) {
               testing::ElementsAre(page(rows) + "Seite wird verwendet, gilt aber als frei."));
 }
 
+// A file of more than 7 MB in which another program has moved the list of free pages on.
+TEST_F(Check, TakesNoPageBeforeTheListOfFreePagesForFree) {
+  constexpr std::size_t kRows = 1800;
+  support::MemoryFileSystem disk({{kPath, bytes_}});
+  const auto grow = [&](std::int64_t first) {
+    auto database = jet::Database::open(disk, kPath);
+    auto table = database->openTable("Strom");
+    ASSERT_TRUE(database->begin());
+    for (std::int64_t nr = first; nr < first + static_cast<std::int64_t>(kRows); ++nr)
+      ASSERT_TRUE(table->insert({nr, "Monat", std::string(3500, 'm'), std::int64_t{1}}));
+    ASSERT_TRUE(database->commit());
+  };
+  grow(100);
+  bytes_ = disk.get(kPath);
+  ASSERT_GT(bytes_.size(), 7U << 20);
+  const std::size_t pages = bytes_.size() / kPage;
+  const auto map = std::span(bytes_).subspan(kPage, kPage);
+  auto rows = jet::DataPageEditor::open(jet::format::kJet4, 1, map);
+  rows->resize(0, 69);
+  const auto row = rows->bytes(0);
+  std::fill(row.begin(), row.end(), std::uint8_t{0});
+  const std::size_t start = (pages - 256) / 8 * 8;
+  JET_FIELD(jet::format::InlineMapHead, firstPage).set(row, static_cast<std::uint32_t>(start));
+  for (std::size_t page = pages; page < start + 512; ++page)
+    row[5 + (page - start) / 8] |= static_cast<std::uint8_t>(1u << (page - start) % 8);
+  EXPECT_THAT(findings(), testing::IsEmpty());
+  disk.put(kPath, bytes_);
+  grow(100 + kRows);
+  bytes_ = disk.get(kPath);
+  EXPECT_THAT(findings(), testing::IsEmpty());
+}
+
 TEST_F(Check, TellsARowWithoutItsIndexEntry) {
   const std::uint32_t rows = rowsPage();
   // Deletes the first row behind the back of the index and of the table's count.

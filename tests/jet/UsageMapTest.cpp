@@ -73,6 +73,38 @@ TEST_F(UsageMaps, NamingAPageBehindTheEndAreReportedWithThatPage) {
   EXPECT_EQ(pages.error().page, 400u);
 }
 
+// Another program keeps the length of the map of free pages and moves its start on. What lies
+// before is in use for good, in whatever form the map goes on.
+TEST_F(UsageMaps, OfFreePagesWhoseStartWasMovedOnHoldNoneBeforeIt) {
+  grow(1400);
+  const auto page = *pager_->edit(jet::kGlobalMap.page);
+  auto rows = jet::DataPageEditor::open(pager_->version(), jet::kGlobalMap.page, page);
+  const auto row = rows->bytes(jet::kGlobalMap.slot);
+  constexpr std::size_t kHead = 5;
+  std::fill(row.begin(), row.end(), std::uint8_t{0});
+  JET_FIELD(jet::format::InlineMapHead, firstPage).set(row, 1000);
+  std::fill(row.begin() + kHead + (1400 - 1000) / 8, row.end(), std::uint8_t{0xFF});
+
+  const UsageMap global(*pager_, jet::kGlobalMap);
+  const auto expectSound = [&] {
+    for (const std::uint32_t used : {0u, 15u, 500u, 999u, 1000u, 1399u})
+      EXPECT_FALSE(*global.contains(used, true)) << used;
+    EXPECT_TRUE(*global.contains(pager_->pageCount(), true));
+  };
+  expectSound();
+  ASSERT_TRUE(jet::PageAllocator(*pager_).release(500));
+  for (const std::uint32_t used : {1400u, 5000u, 40000u}) {
+    grow(used + 1);
+    UsageMapEditor free(*pager_, jet::kGlobalMap, UsageMapEditor::Beyond::Present,
+                        [this] { return pager_->append(); });
+    ASSERT_TRUE(free.remove(used));
+    EXPECT_FALSE(*global.contains(used, true)) << used;
+    expectSound();
+  }
+  EXPECT_EQ(jet::UsageMapRow::read(*pager_, jet::kGlobalMap)->form(),
+            jet::format::UsageMapForm::Reference);
+}
+
 // New pages are in use, pages given back are handed out again, however large the file is.
 TEST_F(UsageMaps, OfFreePagesGrowWithTheFile) {
   const UsageMap global(*pager_, jet::kGlobalMap);

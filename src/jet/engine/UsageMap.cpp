@@ -94,17 +94,18 @@ Result<std::vector<std::uint32_t>> UsageMap::pagesInFile(std::size_t limit) cons
   return pages;
 }
 
-Result<bool> UsageMap::contains(std::uint32_t page, bool outside) const {
+Result<bool> UsageMap::contains(std::uint32_t page, bool beyond) const {
   auto row = UsageMapRow::read(*pager_, where_);
   if (!row) return Failure(row.error());
   if (row->form() == UsageMapForm::Inline) {
     const std::uint32_t first = row->firstPage();
-    if (page < first || page - first >= 8 * row->bits().size()) return outside;
+    if (page < first) return false;
+    if (page - first >= 8 * row->bits().size()) return beyond;
     return bitIsSet(row->bits(), page - first);
   }
   const std::size_t perPage = pager_->version().bitmapPageBits();
   const std::size_t index = page / perPage;
-  if (index >= row->bitmapCount() || row->bitmapPage(index) == 0) return outside;
+  if (index >= row->bitmapCount() || row->bitmapPage(index) == 0) return beyond;
   auto bitmap = pager_->page(row->bitmapPage(index), PageKind::Bitmap);
   if (!bitmap) return Failure(bitmap.error());
   return bitIsSet(ByteSpan(**bitmap).subspan(sizeof(format::BitmapPage)), page % perPage);

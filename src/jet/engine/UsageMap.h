@@ -20,8 +20,9 @@ class UsageMap {
   base::Result<std::vector<std::uint32_t>> pages() const;
   // The first few of them, those beyond the end left out: the map of free pages names them too.
   base::Result<std::vector<std::uint32_t>> pagesInFile(std::size_t limit) const;
-  // A page out of the map's range is reported as outside.
-  base::Result<bool> contains(std::uint32_t page, bool outside = false) const;
+  // A page behind the map's range is reported as beyond. One before it is in no map: a program that
+  // has moved the range of the free pages on does not come back to those before it.
+  base::Result<bool> contains(std::uint32_t page, bool beyond = false) const;
 
  private:
   // Calls visit(page) for every member until it returns false.

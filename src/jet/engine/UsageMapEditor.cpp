@@ -48,8 +48,10 @@ Result<void> UsageMapEditor::set(std::uint32_t page, bool present) {
   if (*is == present) return {};
   auto row = UsageMapRow::read(pager_, where_);
   if (!row) return Failure(row.error());
-  return row->form() == UsageMapForm::Inline ? setInline(*row, page, present)
-                                             : setReferenced(*row, page, present);
+  const bool isInline = row->form() == UsageMapForm::Inline;
+  // A page before the range of the free ones stays lost, as it is for whoever moved that range.
+  if (isInline && beyond_ && page < row->firstPage()) return {};
+  return isInline ? setInline(*row, page, present) : setReferenced(*row, page, present);
 }
 
 Result<void> UsageMapEditor::setInline(const UsageMapRow& row, std::uint32_t page, bool present) {
@@ -117,10 +119,12 @@ Result<void> UsageMapEditor::turnIntoReferences(const UsageMapRow& row) {
   if (!bytes) return Failure(bytes.error());
   std::fill(bytes->begin(), bytes->end(), std::uint8_t{0});
   (*bytes)[0] = static_cast<std::uint8_t>(UsageMapForm::Reference);
-  for (std::size_t i = 0; i < 8 * (old.size() - kHead); ++i) {
-    const bool present = (old[kHead + i / 8] >> (i % 8) & 1) != 0;
-    if (present == beyond_ || first + i > kMaxPointerPage) continue;
-    if (auto done = set(static_cast<std::uint32_t>(first + i), present); !done) return done;
+  const std::uint64_t end = first + 8 * (old.size() - kHead);
+  for (std::uint64_t page = beyond_ ? 0 : first; page < end && page <= kMaxPointerPage; ++page) {
+    const std::uint64_t bit = page - first;
+    const bool present = page >= first && (old[kHead + bit / 8] >> (bit % 8) & 1) != 0;
+    if (present == beyond_) continue;
+    if (auto done = set(static_cast<std::uint32_t>(page), present); !done) return done;
   }
   return {};
 }
