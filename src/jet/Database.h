@@ -123,10 +123,10 @@ class Database {
   // One user action = one transaction. Transactions do not nest.
   base::Result<void> begin();
   // Durable when it returns: journal, sync, pages in place, sync, journal dropped. After a failure
-  // the transaction is rolled back and the file holds the old state (or, when the journal was
-  // complete, gets the new state at the next opening: the error then says InUse/IoError and
-  // needsReopen() is true). A file that has lost its name while it was open is ChangedOnDisk; it
-  // can be written again when it has it back.
+  // the transaction is rolled back and the file holds the old state. Where the disk has failed
+  // altogether, needsReopen() is true and the next opening brings the file to it; if not even that
+  // is sure, base::outcomeIsOpen() says so of the error. A file that has lost its name while it was
+  // open is ChangedOnDisk; it can be written again when it has it back.
   base::Result<void> commit();
   void rollback();
   bool inTransaction() const;

@@ -4,6 +4,7 @@
 
 #include <random>
 
+#include "base/OpenOutcome.h"
 #include "support/CrashFileSystem.h"
 #include "support/FailingFileSystem.h"
 #include "support/MemoryFileSystem.h"
@@ -235,6 +236,12 @@ TEST_F(JournalTest, EveryFailingCallLeavesTheOldOrTheNewStateAndSaysWhich) {
         if (commit.outcome == Outcome::NotStored) {
           EXPECT_FALSE(applied) << where;
         }
+        if (commit.outcome == Outcome::TakenBack) {
+          EXPECT_EQ(files.get(kPath), pages(4)) << where;
+        }
+        EXPECT_EQ(commit.outcome == Outcome::Interrupted,
+                  !commit.result && base::outcomeIsOpen(commit.result.error()))
+            << where;
         if (commit.outcome == Outcome::Stored) {
           EXPECT_EQ(files.get(kPath), after) << where;
         }

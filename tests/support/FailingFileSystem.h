@@ -14,6 +14,7 @@ struct Fault {
   bool forGood = false;  // every later call fails as well
   base::ErrorCode code = base::ErrorCode::IoError;
   bool shortWrite = false;  // a failing write stores its first half
+  std::string file{};       // calls for this file alone count, as on a disk with a bad spot
 };
 
 // A disk on which a chosen call fails. Every call counts: those of the file system and those of

@@ -3,6 +3,7 @@
 #include <algorithm>
 #include <utility>
 
+#include "base/OpenOutcome.h"
 #include "base/Paths.h"
 #include "jet/engine/Damage.h"
 #include "jet/engine/JournalFormat.h"
@@ -19,8 +20,25 @@ constexpr std::size_t kFirstLength = 0x10000;
 // No transaction of ours comes near; a larger file is none of our journals.
 constexpr std::uint64_t kLargestJournal = std::uint64_t{1} << 30;
 
+// Whoever is told this shall not take the transaction for not stored.
+Failure openOutcome(base::Error error) {
+  error.detail = base::kOutcomeOpen;
+  return Failure(std::move(error));
+}
+
 Failure misuse(const base::File& database, const char* detail) {
   return fail(ErrorCode::InvalidValue, detail, database.path());
+}
+
+// The household knows its year and the folder, not the journal.
+base::Error inTheHouseholdsWords(base::Error error, const std::string& journal,
+                                 const std::string& database) {
+  if (error.file != journal) return error;
+  const bool ofFolder = error.code == ErrorCode::AccessDenied ||
+                        error.code == ErrorCode::ReadOnly || error.code == ErrorCode::NotFound;
+  const std::string_view folder = base::folderOf(database);
+  error.file = ofFolder && !folder.empty() ? std::string(folder) : database;
+  return error;
 }
 
 // Length of the database after the transaction.
@@ -96,6 +114,7 @@ Result<std::optional<JournalContent>> load(base::FileSystem& files, const std::s
 Result<std::optional<JournalContent>> loadFor(base::FileSystem& files, const std::string& path,
                                               const base::File& database) {
   auto journal = load(files, path);
+  if (!journal) journal.error().file = database.path();
   if (!journal || !*journal) return journal;
   const auto size = database.size();
   if (!size) return Failure(size.error());
@@ -129,8 +148,7 @@ Journal::Commit Journal::commit(base::File& database, const PageImages& pages,
                                 const PageImages& before) {
   if (interrupted_)
     return {Outcome::Interrupted,
-            fail(ErrorCode::IoError, "the outcome is open until the file is opened anew",
-                 database.path())};
+            fail(ErrorCode::IoError, "the file has to be opened anew", database.path())};
   if (pages.empty()) return {Outcome::Stored, {}};
   const auto size = database.size();
   if (!size) return {Outcome::NotStored, Failure(size.error())};
@@ -143,16 +161,29 @@ Journal::Commit Journal::commit(base::File& database, const PageImages& pages,
 
   const JournalContent content{pageSize_,      *size, *sizeAfter, witnesses->count,
                                witnesses->sum, *old,  pages};
-  if (auto written = writeJournal(database.path(), encodeJournal(content)); !written) {
-    interrupted_ = !invalidate();
-    return {interrupted_ ? Outcome::Interrupted : Outcome::NotStored, written};
-  }
-  if (auto written = writePages(database, pages, pageSize_); !written) {
-    interrupted_ = !undo(database, *old, *size) || !invalidate();
-    return {interrupted_ ? Outcome::Interrupted : Outcome::NotStored, written};
+  const base::Bytes journal = encodeJournal(content);
+  auto written = writeJournal(database.path(), journal);
+  const bool waits = written.has_value();
+  if (waits) written = writePages(database, pages, pageSize_);
+  if (!written) {
+    written = Failure(inTheHouseholdsWords(written.error(), path_, database.path()));
+    const bool untouched = !waits || undo(database, *old, *size);
+    if (untouched && invalidate()) return {Outcome::NotStored, written};
+    interrupted_ = true;
+    if (!untouched && markUndone(journal)) return {Outcome::TakenBack, written};
+    return {Outcome::Interrupted, openOutcome(written.error())};
   }
   base::ignore(file_->writeAt(0, kJournalFinished), "a lost mark only repeats what is in place");
   return {Outcome::Stored, {}};
+}
+
+Result<void> Journal::probe(const std::string& databasePath) {
+  file_.reset();
+  const auto opened = openJournal(databasePath, 0);
+  file_.reset();
+  removeFile();
+  if (opened) return {};
+  return Failure(inTheHouseholdsWords(opened.error(), path_, databasePath));
 }
 
 Result<void> Journal::openJournal(const std::string& databasePath, std::size_t length) {
@@ -160,7 +191,8 @@ Result<void> Journal::openJournal(const std::string& databasePath, std::size_t l
   auto file = files_->createLike(path_, databasePath, base::Rights::Same);
   if (!file) return Failure(file.error());
   file_ = std::move(*file);
-  const base::Bytes room(std::max(length, kFirstLength));
+  // The mark must not fail for want of room.
+  const base::Bytes room(std::max(length + 2 * kJournalSector, kFirstLength));
   if (auto written = file_->writeAt(0, room); !written) return written;
   return {};
 }
@@ -188,6 +220,13 @@ bool Journal::invalidate() {
   return removed && files_->syncFolder(std::string(base::folderOf(path_)));
 }
 
+bool Journal::markUndone(const base::Bytes& journal) {
+  const PlacedUndoMark placed = undoMarkFor(journal);
+  base::Bytes sector(kJournalSector);
+  std::memcpy(sector.data(), &placed.mark, sizeof(placed.mark));
+  return file_ && file_->writeAt(placed.offset, sector) && file_->sync();
+}
+
 // Brings the old pages back, durably.
 bool Journal::undo(base::File& database, const PageImages& old, std::uint64_t size) {
   return writePages(database, old, pageSize_) && database.resize(size) && database.sync();
@@ -198,8 +237,11 @@ Result<bool> Journal::recover(base::File& database) {
   if (!journal) return Failure(journal.error());
   if (*journal) {
     const JournalContent& content = **journal;
-    if (auto written = writePages(database, content.after, content.pageSize); !written)
-      return Failure(written.error());
+    auto written =
+        writePages(database, content.undone ? content.before : content.after, content.pageSize);
+    if (written && content.undone) written = database.resize(content.sizeBefore);
+    if (written && content.undone) written = database.sync();
+    if (!written) return Failure(written.error());
   }
   removeFile();
   return journal->has_value();
@@ -208,11 +250,27 @@ Result<bool> Journal::recover(base::File& database) {
 Result<PageImages> Journal::pending(const base::File& database) const {
   const auto journal = loadFor(*files_, path_, database);
   if (!journal) return Failure(journal.error());
-  return *journal ? (*journal)->after : PageImages();
+  if (!*journal) return PageImages();
+  if (!(*journal)->undone) return std::move((*journal)->after);
+  // Nobody refers to the pages behind the old end.
+  PageImages pages = std::move((*journal)->before);
+  for (const auto& [number, image] : (*journal)->after)
+    pages.emplace(number, base::Bytes(image.size()));
+  return pages;
+}
+
+Result<bool> Journal::belongs(base::FileSystem& files, const std::string& journalPath,
+                              const std::string& databasePath) {
+  const auto database = files.open(databasePath, OpenMode::Read);
+  if (!database) return Failure(database.error());
+  const auto journal = loadFor(files, journalPath, **database);
+  if (!journal) return Failure(journal.error());
+  return journal->has_value();
 }
 
 Result<bool> Journal::complete(base::FileSystem& files, const std::string& databasePath) {
-  const auto journal = load(files, pathFor(databasePath));
+  auto journal = load(files, pathFor(databasePath));
+  if (!journal) journal.error().file = databasePath;
   if (!journal) return Failure(journal.error());
   if (!*journal) {
     base::ignore(discard(files, databasePath), "without a transaction it does no harm");

@@ -24,6 +24,9 @@ using PageImages = std::map<std::uint32_t, base::Bytes>;
 // and they are the same, since the next commit touches the database only after it has replaced the
 // journal.
 //
+// When the pages can be written neither anew nor back, as on a disk with a bad spot, the journal is
+// marked: whoever opens the database next takes the transaction back.
+//
 // A journal is applied only to the file that it was made for; JournalMatch.h says how a file that
 // has been replaced or edited meanwhile is told from one that a crash left half written.
 //
@@ -38,6 +41,8 @@ class Journal {
   enum class Outcome {
     Stored,       // in place and durable
     NotStored,    // the database holds the old state, and the journal cannot change that any more
+    TakenBack,    // the database holds parts of it, which the next opening takes back; commits no
+                  // more
     Interrupted,  // the journal may complete the transaction at the next opening; commits no more
   };
   struct Commit {
@@ -50,16 +55,19 @@ class Journal {
   // now is ChangedOnDisk, and nothing is stored. Pages not in it are not compared.
   Commit commit(base::File& database, const PageImages& pages, const PageImages& before = {});
 
-  // Completes a waiting journal and removes it; one that is incomplete, finished or made for
-  // another file is removed without a change. True when pages were written. Safe to be interrupted
-  // and run again any number of times.
+  // Whether there is permission and room for a journal. Not after TakenBack or Interrupted.
+  base::Result<void> probe(const std::string& databasePath);
+
+  // Completes a waiting journal, or takes it back if it is marked so, and removes it; one that is
+  // incomplete, finished or made for another file is removed without a change. True when pages were
+  // written. Safe to be interrupted and run again any number of times.
   base::Result<bool> recover(base::File& database);
 
   // For reading without the right to write: the pages that recover() would write, or none. Never
   // writes.
   base::Result<PageImages> pending(const base::File& database) const;
 
-  // Drops the finished journal file. Nothing happens after Interrupted, or if there was no commit.
+  // Drops the finished journal file. Nothing happens while it is needed, or without a commit.
   void close();
 
   const std::string& path() const { return path_; }
@@ -69,6 +77,10 @@ class Journal {
   // Before a database is copied: completes a journal that is waiting. True when pages were written.
   // Without a journal the database is not even opened; with one it must not be in use.
   static base::Result<bool> complete(base::FileSystem& files, const std::string& databasePath);
+  // Whether a journal of whatever name holds an interrupted transaction of this database. Never
+  // writes.
+  static base::Result<bool> belongs(base::FileSystem& files, const std::string& journalPath,
+                                    const std::string& databasePath);
   // Before a database is replaced or deleted: drops its journal, whatever it holds.
   static base::Result<void> discard(base::FileSystem& files, const std::string& databasePath);
 
@@ -76,6 +88,7 @@ class Journal {
   base::Result<void> writeJournal(const std::string& databasePath, const base::Bytes& content);
   base::Result<void> openJournal(const std::string& databasePath, std::size_t length);
   bool invalidate();
+  bool markUndone(const base::Bytes& journal);
   bool undo(base::File& database, const PageImages& old, std::uint64_t size);
   void removeFile() const;
 

@@ -52,6 +52,18 @@ bool readRecords(base::ByteView body, std::uint32_t count, JournalContent& conte
   return at == body.size();
 }
 
+std::uint64_t undoMarkOffset(std::uint64_t bodyLength) {
+  const std::uint64_t end = sizeof(JournalHeader) + bodyLength;
+  return (end + kJournalSector - 1) / kJournalSector * kJournalSector;
+}
+
+bool isMarkedUndone(base::ByteView file, const JournalHeader& header) {
+  const auto mark =
+      file.read<JournalUndoMark>(static_cast<std::size_t>(undoMarkOffset(header.bodyLength)));
+  return mark && mark->magic == JournalUndoMark().magic && mark->firstSum == header.firstSum &&
+         mark->secondSum == header.secondSum;
+}
+
 }  // namespace
 
 base::Bytes encodeJournal(const JournalContent& content) {
@@ -82,6 +94,15 @@ base::Bytes encodeJournal(const JournalContent& content) {
   return bytes;
 }
 
+PlacedUndoMark undoMarkFor(base::ByteSpan journal) {
+  JournalHeader header;
+  std::memcpy(&header, journal.data(), sizeof(header));
+  JournalUndoMark mark;
+  mark.firstSum = header.firstSum;
+  mark.secondSum = header.secondSum;
+  return {undoMarkOffset(header.bodyLength), mark};
+}
+
 std::optional<JournalContent> decodeJournal(base::ByteSpan bytes) {
   const base::ByteView view(bytes);
   const auto header = view.read<JournalHeader>(0);
@@ -101,6 +122,7 @@ std::optional<JournalContent> decodeJournal(base::ByteSpan bytes) {
   content.witnessSum = header->witnessSum;
   if (!readRecords(base::ByteView(body), header->pageCount, content)) return std::nullopt;
   if (!consistent(content)) return std::nullopt;
+  content.undone = isMarkedUndone(view, *header);
   return content;
 }
 

@@ -7,7 +7,8 @@
 #include "jet/engine/Journal.h"
 
 // The bytes of a journal file: JournalHeader, then per page a JournalRecord, the old image unless
-// the page is new, and the new image. Whatever lies behind is left over from a longer journal.
+// the page is new, and the new image. Whatever lies behind is left over from a longer journal, but
+// for the JournalUndoMark, which stands at the next sector.
 namespace jet {
 
 inline constexpr std::array<std::uint8_t, 16> kJournalMagic = {
@@ -40,6 +41,18 @@ struct JournalRecord {
 };
 static_assert(sizeof(JournalRecord) == 8);
 
+// The transaction was reported as not stored: it is to be taken back, not completed. In a sector of
+// its own, so that a write of it that goes wrong leaves the journal as it was. The sums are those
+// of the header: no mark of an earlier journal counts.
+struct JournalUndoMark {
+  std::array<std::uint8_t, 16> magic = {'K', 'a', 'l', 'v', 'i', 'r', 'a', ' ',
+                                        'u', 'n', 'd', 'o', 0,   0,   0,   0x1A};
+  base::le64 firstSum;
+  base::le64 secondSum;
+};
+static_assert(sizeof(JournalUndoMark) == 32);
+inline constexpr std::size_t kJournalSector = 512;
+
 struct JournalContent {
   std::uint32_t pageSize = 0;
   std::uint64_t sizeBefore = 0;
@@ -48,9 +61,17 @@ struct JournalContent {
   std::uint64_t witnessSum = 0;
   PageImages before;
   PageImages after;
+  bool undone = false;  // marked so
 };
 
+// Without the mark.
 base::Bytes encodeJournal(const JournalContent& content);
+// The mark for a journal that was encoded so, and where it comes.
+struct PlacedUndoMark {
+  std::uint64_t offset;
+  JournalUndoMark mark;
+};
+PlacedUndoMark undoMarkFor(base::ByteSpan journal);
 // nullopt for anything but a complete, unfinished journal.
 std::optional<JournalContent> decodeJournal(base::ByteSpan bytes);
 

@@ -296,6 +296,12 @@ Result<void> Pager::commit() {
   switch (done.outcome) {
     case Journal::Outcome::NotStored:
       break;
+    case Journal::Outcome::TakenBack:
+      needsReopen_ = true;
+      for (auto& [number, page] : originals_)
+        overlay_[number] = std::make_shared<base::Bytes>((*page).begin(), (*page).end());
+      pageCount_ = storedPageCount_;
+      break;
     case Journal::Outcome::Interrupted:
       needsReopen_ = true;
       for (auto& [number, bytes] : dirty_) overlay_[number] = bytes;

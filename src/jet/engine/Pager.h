@@ -70,7 +70,7 @@ class Pager {
 
   base::Result<void> begin();
   // The journal's promise: afterwards the file holds the new state or the old one. needsReopen()
-  // tells that the journal holds the new state but the file does not yet.
+  // tells that the journal has to bring it there first.
   base::Result<void> commit();
   void rollback();
   bool inTransaction() const { return inTransaction_; }
