@@ -203,6 +203,14 @@ std::optional<base::Error> Database::readOnlyReason() const {
   return state_->pager->readOnlyReason();
 }
 
+std::optional<base::Error> Database::writeObstacle() const {
+  return state_->pager->obstacle();
+}
+
+bool Database::tryWriting() {
+  return state_->pager->tryWriting();
+}
+
 std::vector<std::string> Database::tableNames() const {
   std::vector<std::string> names;
   for (const Catalog::Entry& entry : state_->catalog.tables)

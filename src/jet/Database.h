@@ -111,6 +111,12 @@ class Database {
   // "Jet 3" or "Jet 4".
   std::string formatName() const;
   std::optional<base::Error> readOnlyReason() const;
+  // Why nothing can be stored at present, if so: readOnlyReason(), a folder without write
+  // permission, or what the last commit ran into (no space, a medium that was taken out).
+  std::optional<base::Error> writeObstacle() const;
+  // Looks whether the obstacle is gone, and if so opens the file for writing; not within a
+  // transaction. A file that is another one by then stays as it was opened.
+  bool tryWriting();
   // Names of the user tables, sorted without regard to letter case.
   std::vector<std::string> tableNames() const;
   // MissingTable when there is none of that name (letter case does not count).

@@ -14,6 +14,7 @@
 #include "dialogs/Prompts.h"
 #include "yearbook/IndexRepair.h"
 #include "yearbook/StartMonthShift.h"
+#include "yearbook/ui/WriteWatch.h"
 
 using namespace Qt::Literals::StringLiterals;
 using yearbook::Utility;
@@ -48,10 +49,8 @@ frmVerbrauch::frmVerbrauch(dialogs::Services& services,
         offerIndexRepair();
       },
       Qt::QueuedConnection);
-  if (const auto reason = session_->readOnlyReason())
-    lblHinweis->say(
-        u"Dieses Jahr kann nur gelesen werden, Änderungen werden nicht gespeichert. "_s +
-        QString::fromStdString(base::germanReason(*reason)));
+  connect(new yearbook::WriteWatch(*editor_, TabStrip), &yearbook::WriteWatch::noticed, lblHinweis,
+          &mainwindow::Notice::say);
   editor_->showAll();
   takeFittingSize();
 }
@@ -131,7 +130,8 @@ void frmVerbrauch::offerIndexRepair() {
 }
 
 void frmVerbrauch::askStartReading() {
-  if (editor_->values().startReadings[yearbook::Meter::Day]) return;
+  if (session_->database().writeObstacle() || editor_->values().startReadings[yearbook::Meter::Day])
+    return;
   const auto answer = services_.prompts.input(this, u"Anfangszählerstand eingeben"_s,
                                               u"Eingabe Anfangszählerstand"_s, {});
   if (!answer) return;
@@ -146,10 +146,6 @@ void frmVerbrauch::askStartReading() {
 
 void frmVerbrauch::followModes() {
   const yearbook::FieldValues& values = editor_->values();
-  if (session_->needsReopen())
-    lblHinweis->say(
-        u"Beim Speichern ist ein Fehler aufgetreten. Bitte schließen Sie dieses Jahr und öffnen "_s
-        u"Sie es neu; bis dahin werden Änderungen nicht gespeichert."_s);
   mnuNachtstrom->setText(values.nightShown ? u"Nachtstrom ausblenden"_s
                                            : u"Nachtstrom einblenden"_s);
   mnuPauschale->setChecked(values.flatRate);

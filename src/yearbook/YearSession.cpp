@@ -74,8 +74,10 @@ Result<void> YearSession::load() {
       if (auto done = followMonthAmounts(rows, utility, how); !done) return done;
     return {};
   };
-  if (!readOnlyReason())
-    return transact({}, [&](YearRows& rows) { return amounts(rows, Follow::Stored); });
+  if (!database_.writeObstacle()) {
+    const auto stored = transact({}, [&](YearRows& rows) { return amounts(rows, Follow::Stored); });
+    if (stored || !database_.writeObstacle()) return stored;
+  }
   base::ignore(amounts(rows_, Follow::ShownOnly), "nothing is stored");
   for (Meter meter : kMeters)
     base::ignore(followChartTable(rows_, meter, Follow::ShownOnly), "nothing is stored");

@@ -76,13 +76,25 @@ Result<void> Pager::openFile(Options options) {
   }
   if (!file) return Failure(file.error());
   file_ = std::move(*file);
+  forReading_ = options.readOnly;
   if (options.readOnly)
     readOnlyReason_ = located(refuse(ErrorCode::ReadOnly, "opened for reading")).value();
   if (auto header = readHeader(options); !header) return header;
   journal_.emplace(*files_, path_, static_cast<std::uint32_t>(version().pageSize));
   if (auto journal = readOnlyReason_ ? openForReading() : openForWriting(); !journal)
     return journal;
+  if (!readOnlyReason_)
+    if (auto folder = checkFolder(); !folder) obstacle_ = folder.error();
   return measure();
+}
+
+// Where no journal can be made, nothing can be stored.
+Result<void> Pager::checkFolder() const {
+  const std::string folder(base::folderOf(path_));
+  if (folder.empty()) return {};
+  const auto found = files_->info(folder);
+  if (!found || found->writable) return {};
+  return base::fail(ErrorCode::AccessDenied, "", folder);
 }
 
 Result<void> Pager::readHeader(Options options) {
@@ -151,6 +163,7 @@ void Pager::decode(std::uint32_t number, std::span<std::uint8_t> bytes) const {
 
 Result<PageRef> Pager::readFromDisk(std::uint32_t number) const {
   const std::size_t size = version().pageSize;
+  if (!file_) return located(at(number, base::fail(ErrorCode::NotFound, "")));
   auto buffer = std::make_shared_for_overwrite<std::uint8_t[]>(size);
   const std::span<std::uint8_t> bytes(buffer.get(), size);
   if (auto read = file_->readAt(std::uint64_t{number} * size, bytes); !read) {
@@ -161,6 +174,7 @@ Result<PageRef> Pager::readFromDisk(std::uint32_t number) const {
 }
 
 Result<base::Bytes> Pager::image() const {
+  if (!file_) return located(base::fail(ErrorCode::NotFound, ""));
   const auto size = file_->size();
   if (!size) return base::Failure(size.error());
   base::Bytes bytes(static_cast<std::size_t>(*size));
@@ -290,7 +304,7 @@ Result<void> Pager::commit() {
   }
   if (auto unchanged = checkFileOnDisk(); !unchanged) {
     rollback();
-    return unchanged;
+    return refused(unchanged);
   }
   const Journal::Commit done = journal_->commit(*file_, images, originalImages());
   switch (done.outcome) {
@@ -312,7 +326,60 @@ Result<void> Pager::commit() {
       break;
   }
   rollback();
-  if (!done.result) return located(done.result.error());
+  return refused(done.result);
+}
+
+Result<void> Pager::refused(Result<void> result) {
+  obstacle_.reset();
+  if (result) return {};
+  const Failure failure = located(result.error());
+  obstacle_ = failure.value();
+  return failure;
+}
+
+bool Pager::tryWriting() {
+  if (!obstacle()) return true;
+  if (forReading_ || needsReopen_ || inTransaction_) return false;
+  // It is open, and would be in the way of a look at it.
+  journal_->close();
+  auto ready = checkFolder();
+  if (ready) ready = readOnlyReason_ || !checkFileOnDisk() ? openAgain() : checkUnchanged(*file_);
+  if (ready) ready = journal_->probe(path_);
+  if (!ready) return false;
+  readOnlyReason_.reset();
+  obstacle_.reset();
+  return true;
+}
+
+// The file of that name may be another one by now, as on a medium that was taken out meanwhile.
+Result<void> Pager::openAgain() {
+  const bool forReading = readOnlyReason_.has_value();
+  if (forReading) file_.reset();  // its own lock would be in the way
+  auto file = files_->open(path_, base::OpenMode::ReadWrite);
+  auto ready = file ? checkUnchanged(**file) : Failure(file.error());
+  if (ready) file_ = std::move(*file);
+  if (!ready && forReading) {
+    if (file) file->reset();
+    auto again = files_->open(path_, base::OpenMode::Read);
+    if (again) file_ = std::move(*again);
+  }
+  return ready;
+}
+
+Result<void> Pager::checkUnchanged(const base::File& file) const {
+  const auto changed = [this] { return located(base::fail(ErrorCode::ChangedOnDisk, "")); };
+  const auto size = file.size();
+  if (!size) return Failure(size.error());
+  const auto waiting = journal_->pending(file);
+  if (!waiting) return Failure(waiting.error());
+  if (*size != std::uint64_t{storedPageCount_} * version().pageSize || !waiting->empty())
+    return changed();
+  base::Bytes bytes(version().pageSize);
+  for (const auto& [number, page] : cache_) {
+    if (auto read = file.readAt(std::uint64_t{number} * bytes.size(), bytes); !read) return read;
+    decode(number, bytes);
+    if (!std::equal(bytes.begin(), bytes.end(), (*page).begin())) return changed();
+  }
   return {};
 }
 

@@ -56,6 +56,15 @@ class Pager {
   const std::optional<base::Error>& readOnlyReason() const { return readOnlyReason_; }
   std::uint32_t pageCount() const { return pageCount_; }
 
+  // Why nothing can be stored at present: readOnlyReason(), or what the folder or the last commit
+  // says.
+  const std::optional<base::Error>& obstacle() const {
+    return readOnlyReason_ ? readOnlyReason_ : obstacle_;
+  }
+  // Looks again, as when a medium may have come back: opens the file anew if need be, provided that
+  // it holds what it held. False while the obstacle is there. Not within a transaction.
+  bool tryWriting();
+
   // All bytes as they are stored.
   base::Result<base::Bytes> image() const;
   // Truncated for a page beyond the file's end.
@@ -111,6 +120,10 @@ class Pager {
   void decode(std::uint32_t number, std::span<std::uint8_t> bytes) const;
   base::Result<PageRef> readFromDisk(std::uint32_t number) const;
   base::Result<void> checkFileOnDisk() const;
+  base::Result<void> checkFolder() const;
+  base::Result<void> openAgain();
+  base::Result<void> checkUnchanged(const base::File& file) const;
+  base::Result<void> refused(base::Result<void> result);
   PageImages changedImages() const;
   PageImages originalImages() const;
 
@@ -120,6 +133,8 @@ class Pager {
   std::optional<Journal> journal_;
   HeaderPage header_;
   std::optional<base::Error> readOnlyReason_;
+  std::optional<base::Error> obstacle_;
+  bool forReading_ = false;  // and for nothing else, as asked
   std::uint32_t pageCount_ = 0;
   std::uint32_t storedPageCount_ = 0;  // on disk
   Images overlay_;  // newer than the disk: a waiting journal's pages, or a commit cut short

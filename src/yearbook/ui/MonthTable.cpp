@@ -162,6 +162,7 @@ void MonthTable::showValues() {
   }
   consumptionSum_->setText(QString::fromStdString(texts.consumptionSum));
   advanceSum->setText(QString::fromStdString(texts.advanceSum));
+  zeroAdvances->setEnabled(!editor_.session().database().writeObstacle());
 }
 
 }  // namespace yearbook
