@@ -19,8 +19,8 @@ bool isFolder(const base::FileSystem& files, const std::string& path) {
 // What is written beside a file until it is whole: of years, side files, settings, pages, pictures.
 bool isOurTemporary(const std::string& name) {
   constexpr std::string_view kMark = "-tmp";
-  constexpr std::string_view kExtensions[] = {kYearExtension, kSideExtension, ".html", ".csv",
-                                              ".bmp",         ".wmf",         ".png",  ".svg"};
+  constexpr std::string_view kExtensions[] = {
+      kYearExtension, kSideExtension, ".html", ".pdf", ".csv", ".bmp", ".wmf", ".png", ".svg"};
   if (!name.ends_with(kMark)) return false;
   const std::string_view file = std::string_view(name).substr(0, name.size() - kMark.size());
   return file == kPathFile || file == "DiagrEinst.txt" ||

@@ -7,6 +7,7 @@
 #include "jet/engine/Catalog.h"
 #include "jet/engine/Check.h"
 #include "jet/engine/Damage.h"
+#include "jet/engine/Journal.h"
 #include "jet/engine/Pager.h"
 #include "jet/engine/Table.h"
 #include "jet/engine/TableEditor.h"
@@ -189,6 +190,11 @@ Result<Database> Database::open(base::FileSystem& files, const std::string& path
   if (!catalog) return Failure(catalog.error());
   state->catalog = std::move(*catalog);
   return Database(std::move(state));
+}
+
+Result<bool> Database::ownsJournal(base::FileSystem& files, const std::string& path,
+                                   const std::string& journal) {
+  return Journal::belongs(files, journal, path);
 }
 
 const std::string& Database::path() const {

@@ -103,6 +103,11 @@ class Database {
   // that Access has open for several users.
   static base::Result<Database> open(base::FileSystem& files, const std::string& path,
                                      OpenOptions options = {});
+  // Whether a journal of another name holds a transaction of this file that a crash interrupted, as
+  // when the file was given a new name afterwards. Renamed to "NAME-journal" it is completed by the
+  // next opening. Never writes.
+  static base::Result<bool> ownsJournal(base::FileSystem& files, const std::string& path,
+                                        const std::string& journal);
   ~Database();
   Database(Database&&) noexcept;
   Database& operator=(Database&&) noexcept;

@@ -428,9 +428,9 @@ TEST(YearNames, ACommonBeginningIsNoticedInBothDirections) {
 class Interrupted : public YearFilesTest {};
 
 TEST_F(Interrupted, TemporaryFilesOfOursGoAndNoOthers) {
-  for (const char* name :
-       {"A.kwd-tmp", "A_Gas.dat-tmp", "Pfad_von_LRV.txt-tmp", "DiagrEinst.txt-tmp",
-        "Verbrauchsabrechnung 3.html-tmp", "Brief.txt-tmp", "A.kwd", "B_Gas.DAT-tmp", "x-tmp"})
+  for (const char* name : {"A.kwd-tmp", "A_Gas.dat-tmp", "Pfad_von_LRV.txt-tmp",
+                           "DiagrEinst.txt-tmp", "Verbrauchsabrechnung 3.html-tmp", "Jahr.pdf-tmp",
+                           "Brief.txt-tmp", "A.kwd", "B_Gas.DAT-tmp", "x-tmp"})
     put(data / name);
   EXPECT_TRUE(files->makeFolder(data / "Sicherungen"));
   EXPECT_TRUE(files->makeFolder(data / "Sicherungen/2024-03-01"));

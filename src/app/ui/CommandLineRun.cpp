@@ -1,6 +1,7 @@
 #include "app/ui/CommandLineRun.h"
 
 #include "app/Findings.h"
+#include "app/StrayJournal.h"
 #include "app/YearFiles.h"
 #include "app/ui/TableReports.h"
 #include "base/Paths.h"
@@ -56,6 +57,12 @@ int check(const CommandLine& line, const Console& console) {
   auto database = jet::Database::open(console.files, line.file, options);
   if (!database) return failed(console, database.error());
   const auto findings = yearbook::checkYear(*database);
+  const std::string former = formerNameOf(console.files, std::string(base::folderOf(line.file)),
+                                          std::string(base::fileName(line.file)));
+  if (!former.empty()) {
+    console.err << "Fehler: " << line.file << ": " << waitingChangeFinding(former) << '\n';
+    return 1;
+  }
   int errors = 0;
   for (const jet::Finding& finding : findings) {
     console.out << (finding.warning ? "Hinweis: " : "Fehler: ") << describe(finding) << '\n';

@@ -4,8 +4,11 @@
 #include <QEventLoop>
 #include <QTimer>
 
+#include "app/StrayJournal.h"
 #include "app/YearFiles.h"
+#include "app/ui/FileBoxes.h"
 #include "base/Paths.h"
+#include "dialogs/Prompts.h"
 
 using namespace Qt::Literals::StringLiterals;
 
@@ -55,6 +58,7 @@ QWidget* WindowNavigator::makeMainWindow(QWidget* parent) {
   const std::string folder(base::folderOf(path));
   const std::string name(base::fileName(path));
   base::ignore(finishInterrupted(services_->files, folder, name), "the start window has told it");
+  offerWaitingChange(parent, folder, name);
   auto copy = std::make_shared<OpeningCopy>(services_->files, folder, name, services_->clock);
   copy->prepare();
   const YearWindow year = factory_(parent);
@@ -63,6 +67,20 @@ QWidget* WindowNavigator::makeMainWindow(QWidget* parent) {
   followSafetyCopy(copy, year);
   main_ = year.window;
   return year.window;
+}
+
+// Yes is the default: with No the year may be half of each state.
+void WindowNavigator::offerWaitingChange(QWidget* owner, const std::string& folder,
+                                         const std::string& name) {
+  using dialogs::Button;
+  const std::string former = formerNameOf(services_->files, folder, name);
+  if (former.empty()) return;
+  if (services_->prompts.message(owner, QString::fromStdString(waitingChangeQuestion(former, name)),
+                                 u"Unterbrochene Änderung"_s, dialogs::Icon::Question,
+                                 dialogs::Buttons::YesNo, Button::Yes) != Button::Yes)
+    return;
+  if (const auto adopted = adoptWaitingChange(services_->files, folder, former, name); !adopted)
+    tellFileError(*services_, owner, adopted.error());
 }
 
 void WindowNavigator::followSafetyCopy(const std::shared_ptr<OpeningCopy>& copy,

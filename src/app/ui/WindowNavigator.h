@@ -47,6 +47,7 @@ class WindowNavigator final : public dialogs::Navigator, public YearOpener {
  private:
   QWidget* makeMainWindow(QWidget* parent);
   void leaveYear(std::function<void()> next);
+  void offerWaitingChange(QWidget* owner, const std::string& folder, const std::string& name);
   void followSafetyCopy(const std::shared_ptr<OpeningCopy>& copy, const YearWindow& year);
 
   dialogs::Services* services_ = nullptr;

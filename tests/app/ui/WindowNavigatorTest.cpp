@@ -7,8 +7,11 @@
 #include <QTest>
 #include <QTimer>
 
+#include "../MidChange.h"
 #include "StartFixture.h"
+#include "app/StrayJournal.h"
 
+using dialogs::Button;
 using namespace Qt::Literals::StringLiterals;
 
 namespace {
@@ -151,6 +154,32 @@ TEST_F(Navigation, OpeningLeavesASafetyCopyAndAFailureOnlyAHint) {
   ASSERT_TRUE(QTest::qWaitFor([this] { return !hints.isEmpty(); }));
   ASSERT_EQ(hints.size(), 1);
   EXPECT_TRUE(hints[0].contains(u"2024-03-02"_s)) << hints[0].toStdString();
+}
+
+// It was killed in mid-change and renamed by hand.
+TEST_F(Navigation, ARenamedYearIsOfferedTheChangeThatWasInterrupted) {
+  const std::string old = dataFolder() + "Haushalt.kwd";
+  const MidChange change(old);
+  std::string former;
+  for (std::size_t moment = 0; former.empty(); ++moment) {
+    const auto left = change.leftAt(moment);
+    for (const auto& [path, content] : left)
+      ASSERT_TRUE(files->replaceFile(path == old ? dataFolder() + "Haus.kwd" : path, content));
+    former = app::formerNameOf(*files, dataFolder(), "Haus.kwd");
+  }
+  paths.YearDatabasePath = dataFolder() + "Haus.kwd";
+  for (const Button answer : {Button::No, Button::Yes}) {
+    prompts.answer(answer);
+    navigator.openYear();
+    const auto asked = prompts.take();
+    EXPECT_EQ(asked.defaultButton, Button::Yes);
+    EXPECT_TRUE(asked.text.contains(u"Haus.kwd hieß offenbar Haushalt.kwd"_s));
+    EXPECT_EQ(files->exists(old + "-journal"), answer == Button::No);
+    EXPECT_EQ(files->exists(dataFolder() + "Haus.kwd-journal"), answer == Button::Yes);
+    settle();
+  }
+  navigator.openYear();
+  EXPECT_TRUE(prompts.shown.empty());
 }
 
 }  // namespace
