@@ -163,7 +163,10 @@ void settleFoldersAt(base::PathState& paths, base::FileSystem& files, const Syst
 
 base::Result<void> changeBaseFolder(base::PathState& paths, base::FileSystem& files,
                                     const SystemFacts& facts, const std::string& baseFolder) {
-  const std::string pathFile = paths.DataFolder + std::string(kPathFile);
+  // A folder in force that is gone can keep nothing: then where the next start looks.
+  const std::string keeper =
+      DataFolderExists(files, paths.DataFolder) ? paths.DataFolder : defaultDataFolder(facts);
+  const std::string pathFile = keeper + std::string(kPathFile);
   const auto oldContent = files.readText(pathFile);
   base::PathState changed = paths;
   changed.UserBaseFolder = base::withSeparator(baseFolder);

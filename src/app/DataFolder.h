@@ -72,9 +72,10 @@ std::string dataFolderInForce(base::FileSystem& files, const SystemFacts& facts)
 void settleFoldersAt(base::PathState& paths, base::FileSystem& files, const SystemFacts& facts,
                      const std::string& year);
 
-// Another base folder from now on: writes the path file into the data folder still in force, then
-// moves over. A folder that cannot be used leaves paths and path file as they were; a path file
-// that could not be written is an error although the paths have changed, until the program ends.
+// Another base folder from now on: writes the path file into the data folder still in force (into
+// the default one if that is gone), then moves over. A folder that cannot be used leaves paths and
+// path file as they were; a path file that could not be written is an error although the paths have
+// changed, until the program ends.
 base::Result<void> changeBaseFolder(base::PathState& paths, base::FileSystem& files,
                                     const SystemFacts& facts, const std::string& baseFolder);
 

@@ -219,16 +219,19 @@ void frmVerbrStart::mnuPfadLRVClick() {
   const std::string before = services_.paths.DataFolder;
   const auto changed =
       app::changeBaseFolder(services_.paths, services_.files, facts_, chosen.toStdString());
-  if (!changed) app::tellFileError(services_, this, changed.error(), title);
-  if (!changed && services_.paths.DataFolder == before) return;
+  if (!changed && services_.paths.DataFolder == before)
+    return app::tellFileError(services_, this, changed.error(), title);
   // A year of the same name here is another one.
   filFiles->setFolder({});
   lblFilename->clear();
   activate();
-  services_.prompts.tell(this,
-                         u"Der Pfad zur Datenbank wurde geändert auf:  "_s +
-                             QString::fromStdString(services_.paths.DataFolder),
-                         title, Icon::Information);
+  QString text = u"Der Pfad zur Datenbank wurde geändert auf:  "_s +
+                 QString::fromStdString(services_.paths.DataFolder);
+  if (!changed)
+    text += u"\n\nDas gilt nur bis zum Ende des Programms, denn es ließ sich nicht merken:\n"_s +
+            QString::fromStdString(base::germanMessage(changed.error())) +
+            u"\n\nMit \"Pfad Datenbank löschen\" gilt ab dem nächsten Start der Standardordner."_s;
+  services_.prompts.tell(this, text, title, changed ? Icon::Information : Icon::Warning);
 }
 
 void frmVerbrStart::mnuPfadDelClick() {

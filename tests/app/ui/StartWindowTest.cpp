@@ -300,6 +300,39 @@ TEST_F(StartWindow, AFolderThatCannotBeUsedLeavesEverythingAsItWas) {
   EXPECT_EQ(files->readText(dataFolder() + "Pfad_von_LRV.txt"), "\"/anderswo/\"\r\n");
 }
 
+// A stick that is not there; the next start must find the new choice.
+TEST_F(StartWindow, AMissingChosenFolderDoesNotHinderAnotherChoice) {
+  put("Pfad_von_LRV.txt", "\"" + (home / "stick/") + "\"\r\n");
+  prompts.acceptTellings();
+  auto& window = open();
+  QApplication::processEvents();
+  prompts.shown.clear();
+  EXPECT_TRUE(files->makeFolder(home / "Daten"));
+  prompts.answerPath(QString::fromStdString(home / "Daten"));
+  window.mnuPfadLRV->trigger();
+  ASSERT_EQ(prompts.shown.size(), 2u) << "the choice and one box";
+  EXPECT_EQ(prompts.last().icon, dialogs::Icon::Information);
+  base::PathState next;
+  EXPECT_TRUE(app::settleFolders(next, *files, facts));
+  EXPECT_EQ(next.DataFolder, home / "Daten/Verbrauchserfassung/");
+}
+
+TEST_F(StartWindow, AChoiceThatCannotBeKeptIsToldInOneBox) {
+  auto& window = open();
+  EXPECT_TRUE(files->makeFolder(dataFolder() + "Pfad_von_LRV.txt"));
+  EXPECT_TRUE(files->makeFolder(home / "Daten"));
+  prompts.answerPath(QString::fromStdString(home / "Daten"));
+  prompts.acceptTellings();
+  window.mnuPfadLRV->trigger();
+  ASSERT_EQ(prompts.shown.size(), 2u);
+  const auto told = prompts.take();
+  EXPECT_EQ(told.icon, dialogs::Icon::Warning);
+  for (const QString& part : {u"wurde geändert auf:  "_s, u"bis zum Ende des Programms"_s,
+                              u"Pfad_von_LRV.txt"_s, u"Pfad Datenbank löschen"_s})
+    EXPECT_TRUE(told.text.contains(part)) << told.text.toStdString();
+  EXPECT_EQ(paths.DataFolder, home / "Daten/Verbrauchserfassung/");
+}
+
 TEST_F(StartWindow, AYearOfTheSameNameInTheNewFolderIsNotSelected) {
   put("Haus.kwd");
   auto& window = open();
