@@ -206,6 +206,7 @@ void frmVerbrauch::changeStartMonth(Utility utility) {
     prompts.tell(this, u"Falsche Eingabe"_s, u"Ungültige Zahleneingabe"_s, dialogs::Icon::Critical);
     return;
   }
+  if (!editor_->keepBefore(dialogs::Harm::ShiftingStart)) return;
   if (!editor_->run([&] { return session_->shiftStartMonth(utility, answer.month); })) return;
   prompts.tell(this,
                u"Der Startmonat wurde angepasst \nDas Programm muß jetzt neu gestartet werden!"_s,
@@ -229,5 +230,6 @@ void frmVerbrauch::clearSelected() {
   const auto utility = selectedUtility();
   if (!utility) return;
   if (!services_.prompts.confirm(this, questions[*utility], u"Alle Werte löschen"_s)) return;
+  if (!editor_->keepBefore(dialogs::Harm::Clearing)) return;
   editor_->run([&] { return session_->clear(*utility); });
 }

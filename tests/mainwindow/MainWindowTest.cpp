@@ -1,6 +1,7 @@
 #include <QSet>
 
 #include "MainWindowFixture.h"
+#include "support/ui/FakeKeeper.h"
 #include "yearbook/ui/WriteWatch.h"
 
 using namespace Qt::Literals::StringLiterals;
@@ -55,6 +56,42 @@ TEST_F(MainWindow, ClearingAsksAndWorksOnTheSelectedUtilityOnly) {
   EXPECT_EQ(window->Frame1->txtBetragTS->text(), u"870,62"_s);
   EXPECT_EQ(prompts.shown.size(), 2u);
   EXPECT_EQ(stored()->values().gasFactor, 0);
+}
+
+// The copy holds the year as it was, and without it nothing changes unless the user goes on.
+TEST_F(MainWindow, ACopyComesBeforeClearingAndBeforeAnotherStartMonth) {
+  openSample();
+  FakeKeeper keeper;
+  services.keeper = &keeper;
+  prompts.acceptTellings();
+  const std::pair<dialogs::Harm, std::function<void()>> actions[] = {
+      {dialogs::Harm::Clearing,
+       [&] {
+         prompts.answer(Button::Yes);
+         window->mnuDelete->trigger();
+       }},
+      {dialogs::Harm::ShiftingStart, [&] {
+         prompts.answerInput(u"4"_s);
+         window->mnuStMoS->trigger();
+       }}};
+  const base::Bytes before = window->session().database().image().value();
+  for (const auto& [harm, act] : actions) {
+    keeper = FakeKeeper();
+    keeper.goesOn = false;
+    act();
+    EXPECT_EQ(keeper.harms, std::vector{harm});
+    EXPECT_EQ(window->session().database().image(), before);
+    EXPECT_TRUE(navigator.calls.isEmpty());
+  }
+  for (const auto& [harm, act] : actions) {
+    const base::Bytes old = window->session().database().image().value();
+    keeper = FakeKeeper();
+    act();
+    EXPECT_EQ(keeper.harms, std::vector{harm});
+    EXPECT_EQ(keeper.image, old);
+    EXPECT_NE(window->session().database().image(), old);
+  }
+  EXPECT_EQ(navigator.calls, QStringList{u"endProgram"_s});
 }
 
 TEST_F(MainWindow, TheToolbarsDeleteTellsItsHintEvenAfterNoAndOnOtherPages) {

@@ -115,6 +115,11 @@ bool YearEditor::run(const std::function<base::Result<void>()>& change) {
   return done.has_value();
 }
 
+bool YearEditor::keepBefore(dialogs::Harm harm) {
+  return services_.keeper == nullptr ||
+         services_.keeper->keepBefore(harm, owner_, session_.path(), session_.database().image());
+}
+
 void YearEditor::showAll() {
   Q_EMIT changed();
 }

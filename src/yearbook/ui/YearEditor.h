@@ -5,6 +5,7 @@
 
 #include "dialogs/Prompts.h"
 #include "dialogs/Services.h"
+#include "dialogs/YearKeeper.h"
 #include "widgets/NumberField.h"
 #include "yearbook/FieldRules.h"
 #include "yearbook/YearSession.h"
@@ -39,6 +40,8 @@ class YearEditor final : public QObject {
   void bindPrice(widgets::NumberField* field, Meter meter);
   // Runs one change of the year; false when it failed (the user has been told).
   bool run(const std::function<base::Result<void>()>& change);
+  // A safety copy before the year changes as a whole; false when that is not to happen then.
+  bool keepBefore(dialogs::Harm harm);
   // The box that refuses fractions of a unit.
   void tellWholeUnits(EntryKind kind);
   // The box that refuses what was typed.
