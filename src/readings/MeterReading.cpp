@@ -87,6 +87,14 @@ Result<void> takeOver(YearSession& session, Meter meter, const PerMonth<double>&
   });
 }
 
+std::optional<int> rowAtFault(const YearSession& session, Meter meter, const base::Error& error) {
+  const std::string month = error.subject.substr(0, error.subject.find(','));
+  const yearbook::Field& name = *factsOf(utilityOf(meter)).month;
+  for (int k = 0; k < kMonths; ++k)
+    if (!month.empty() && session.rows().of(meter).text(k, name) == month) return k;
+  return std::nullopt;
+}
+
 Result<void> deleteConsumptions(YearSession& session, Meter meter) {
   yearbook::Change step{"Alle Zählerstände " + std::string(factsOf(meter).name) + " gelöscht",
                         utilityOf(meter)};

@@ -38,6 +38,9 @@ MeterYear meterYear(const YearSession& session, Meter meter);
 base::Result<void> takeOver(YearSession& session, Meter meter, const PerMonth<double>& readings,
                             const MeterChange& change);
 
+// The row of the month that an error of the take over names.
+std::optional<int> rowAtFault(const YearSession& session, Meter meter, const base::Error& error);
+
 // Sets consumptions and amounts to 0 and forgets the change. The stored readings stay until the
 // next take over.
 base::Result<void> deleteConsumptions(YearSession& session, Meter meter);

@@ -61,6 +61,8 @@ class YearSession {
   base::FileSystem& files() const { return files_; }
   // Why the year can only be read, if so.
   std::optional<base::Error> readOnlyReason() const { return database_.readOnlyReason(); }
+  // Why nothing can be stored at present, if so.
+  std::optional<base::Error> writeObstacle() const { return database_.writeObstacle(); }
   jet::Database& database() { return database_; }
   // After a failure of the disk: what is stored becomes certain when the year is opened again;
   // until then nothing can be changed.

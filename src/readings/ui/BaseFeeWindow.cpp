@@ -1,6 +1,7 @@
 #include "readings/ui/BaseFeeWindow.h"
 
 #include <QGridLayout>
+#include <algorithm>
 
 #include "readings/ui/WindowTexts.h"
 #include "widgets/Rule.h"
@@ -28,6 +29,7 @@ BaseFeeWindow::BaseFeeWindow(Meter meter, dialogs::Services& services,
   stored_ = readBaseFees(session_.files(), baseFeePath(session_, meter_));
   showStored();
   new EntryUndo(this, [this] { showSum(); });
+  lblOffen->lock(session_, {Command1, Command3});
 }
 
 void BaseFeeWindow::setTexts() {
@@ -37,6 +39,8 @@ void BaseFeeWindow::setTexts() {
   lblSum->setAccessibleName(u"Grundgebühr im Jahr"_s);
   Command1->setText(u"&Übernehmen"_s);
   Command3->setText(u"Alle &Werte löschen"_s);
+  // Before the button closes: that alone closes without a question.
+  connect(Command2, &QPushButton::clicked, this, [this] { byButton_ = true; });
   makeCloseButton(Command2);
   // The months of all four windows run as those of electricity do.
   const auto names = session_.monthNames(yearbook::Utility::Electricity);
@@ -59,6 +63,7 @@ void BaseFeeWindow::arrange() {
   window->setContentsMargins(14, 12, 14, 12);
   window->setSpacing(12);
   window->addWidget(Frame1, 1);
+  window->addWidget(lblOffen);
   window->addLayout(buttonRow({Command3}, {Command1, Command2}));
   tameButtons();
 }
@@ -97,7 +102,20 @@ void BaseFeeWindow::connectControls() {
 
 void BaseFeeWindow::Command1Click() {
   // What was typed stays for another try.
-  if (told(storeYearFee(session_, meter_, fees()))) accept();
+  const auto done = storeYearFee(session_, meter_, fees());
+  failed_ = !told(done);
+  if (!failed_) return accept();
+  if (done.error().code != base::ErrorCode::InvalidValue) return;
+  // The sum is too large: by the largest of them, most likely.
+  const auto byValue = [](const auto* one, const auto* other) {
+    return one->valueOrZero() < other->valueOrZero();
+  };
+  lblOffen->markFault(*std::max_element(txtVerbrauch.begin(), txtVerbrauch.end(), byValue));
+}
+
+bool BaseFeeWindow::mayClose() {
+  const bool asks = !std::exchange(byButton_, false) || failed_;
+  return !asks || fees() == stored_ || goesWithout([this] { Command1Click(); });
 }
 
 void BaseFeeWindow::Command3Click() {
@@ -113,6 +131,7 @@ void BaseFeeWindow::showStored() {
 void BaseFeeWindow::showSum() {
   const auto sum = yearFee(fees());
   lblSum->setText(sum ? QString::fromStdString(base::formatMoney(*sum)) : QString());
+  lblOffen->showOpen(fees() != stored_);
 }
 
 MonthlyFees BaseFeeWindow::fees() const {

@@ -3,6 +3,7 @@
 #include <QGroupBox>
 
 #include "readings/BaseFees.h"
+#include "readings/ui/EntryNote.h"
 #include "readings/ui/EntryWindow.h"
 #include "readings/ui/MarkedLabel.h"
 #include "widgets/control.h"
@@ -22,10 +23,14 @@ class BaseFeeWindow : public EntryWindow {
   const widgets::ControlArray<MarkedLabel, 12> lblMo{this, "lblMo"};
   const widgets::ControlArray<widgets::NumberField, 12> txtVerbrauch{this, "txtVerbrauch"};
   QLabel* const lblSum = widgets::control<QLabel>(this, "lblSum");
+  EntryNote* const lblOffen = new EntryNote(this);
   MarkedLabel* const lblCurrentMonth = widgets::control<MarkedLabel>(this, "lblCurrentMonth");
   QPushButton* const Command1 = widgets::control<QPushButton>(this, "Command1");
   QPushButton* const Command2 = widgets::control<QPushButton>(this, "Command2");
   QPushButton* const Command3 = widgets::control<QPushButton>(this, "Command3");
+
+ protected:
+  bool mayClose() override;
 
  private:
   void setTexts();
@@ -41,6 +46,8 @@ class BaseFeeWindow : public EntryWindow {
 
   const Meter meter_;
   MonthlyFees stored_{};
+  bool byButton_ = false;
+  bool failed_ = false;  // the last take over
 };
 
 }  // namespace readings

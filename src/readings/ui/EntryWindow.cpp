@@ -19,6 +19,14 @@ void EntryWindow::reject() {
   if (mayClose()) Window::reject();
 }
 
+bool EntryWindow::goesWithout(const std::function<void()>& takeOver) {
+  const bool wanted = services_.prompts.confirm(
+      this, u"Sie haben  Änderungen vorgenommen\nSollen die Änderungen übernommen werden?"_s,
+      windowTitle());
+  if (wanted) takeOver();
+  return !wanted;
+}
+
 bool EntryWindow::told(const base::Result<void>& done) {
   if (done) return true;
   services_.prompts.tell(this, dialogs::notStoredText(done.error()), u"Fehler"_s,

@@ -1,5 +1,6 @@
 #pragma once
 
+#include <functional>
 #include <string_view>
 
 #include "dialogs/Prompts.h"
@@ -25,6 +26,9 @@ class EntryWindow : public dialogs::Window {
 
   // Asked before the window closes without a take over.
   virtual bool mayClose() { return true; }
+  // Asks whether what was typed is to be taken over, and lets it. True when the window may close
+  // without: takeOver closes it itself.
+  bool goesWithout(const std::function<void()>& takeOver);
   // True when done; else the user has been told.
   bool told(const base::Result<void>& done);
   // "Schließen" with its tooltip, bound to closing.

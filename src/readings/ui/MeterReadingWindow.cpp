@@ -6,6 +6,7 @@
 
 #include "base/GermanNumber.h"
 #include "dialogs/Navigator.h"
+#include "dialogs/YearKeeper.h"
 #include "readings/ReadingHints.h"
 #include "readings/ui/WindowTexts.h"
 #include "widgets/Rule.h"
@@ -64,6 +65,9 @@ MeterReadingWindow::MeterReadingWindow(Meter meter, dialogs::Services& services,
   showStored();
   new EntryUndo(this, [this] { showEntries(); });
   focusOpenMonth();
+  std::vector<QWidget*> changing{Command1, Command3, Command4};
+  changing.insert(changing.end(), optWechsel.begin(), optWechsel.end());
+  lblOffen->lock(session_, changing);
 }
 
 // --- making ---
@@ -134,7 +138,9 @@ void MeterReadingWindow::arrange() {
       kHint, fontMetrics().horizontalAdvance(u"ergibt −1000000: "_s + doubtText(Doubt::Unusual)));
   grid->setColumnMinimumWidth(kConsumption, fontMetrics().horizontalAdvance(u"00000000"_s));
   grid->addWidget(widgets::makeRule(this), kButtonRule, 0, 1, kColumns);
-  grid->addLayout(buttonRow({Command5, Command3}, {Command1, Command2}), kButtons, 0, 1, kColumns);
+  auto* buttons = buttonRow({Command5, Command3}, {Command1, Command2});
+  buttons->insertWidget(2, lblOffen);
+  grid->addLayout(buttons, kButtons, 0, 1, kColumns);
   grid->setRowMinimumHeight(kButtons, 40);
   tameButtons();
 }
@@ -171,8 +177,8 @@ void MeterReadingWindow::connectFields() {
     field->installEventFilter(this);
     connect(field, &QLineEdit::textEdited, this, [this] { dirty_ = true; });
     connect(field, &widgets::NumberField::valueChanged, this, &MeterReadingWindow::showHints);
-    connect(field, &widgets::EntryField::entered, this, [this] { allWhole(); });
   }
+  connect(txtWechsel, &QLineEdit::textEdited, this, [this] { dirty_ = true; });
   connect(txtWechsel, &widgets::NumberField::valueChanged, this, &MeterReadingWindow::showHints);
   for (int k = 0; k <= MeterChange::kNone; ++k) changeGroup_.addButton(optWechsel(k), k);
   optWechsel(MeterChange::kNone)->setChecked(true);
@@ -212,14 +218,22 @@ bool MeterReadingWindow::eventFilter(QObject* watched, QEvent* event) {
 // --- the buttons and options ---
 
 bool MeterReadingWindow::Command1Click() {
-  if (!allWhole()) return false;
+  if (widgets::NumberField* field = firstFraction()) {
+    tellWholeUnits();
+    lblOffen->markFault(field);
+    return false;
+  }
   // What was typed stays for another try.
-  if (!told(takeOver(session_, meter_, readings(), change()))) return false;
+  if (const auto done = takeOver(session_, meter_, readings(), change()); !told(done)) {
+    const auto row = rowAtFault(session_, meter_, done.error());
+    lblOffen->markFault(row ? txtVerbrauch(*row) : nullptr);
+    return false;
+  }
   loaded_ = readings();
   for (int k = 0; k < kMonths; ++k) txtVerbrauch(k)->setValue(loaded_[k]);
   storedChange_ = change();
-  showConsumptions();
   dirty_ = false;
+  showConsumptions();
   return true;
 }
 
@@ -234,6 +248,10 @@ bool MeterReadingWindow::mayClose() {
 void MeterReadingWindow::Command3Click() {
   if (!services_.prompts.confirm(this, u"Sollen alle Zählerstände gelöscht werden?"_s,
                                  u"Alle Zählerstände löschen"_s))
+    return;
+  if (services_.keeper != nullptr &&
+      !services_.keeper->keepBefore(dialogs::Harm::DeletingReadings, this, session_.path(),
+                                    session_.database().image()))
     return;
   if (!told(deleteConsumptions(session_, meter_))) return;
   for (int k = 0; k < kMonths; ++k) {
@@ -324,10 +342,14 @@ void MeterReadingWindow::showHints() {
     QString text;
     if (hint.entered && result != lblVerbrauch(k)->text()) text = u"ergibt "_s + result;
     if (!doubt.isEmpty()) text += (text.isEmpty() ? QString() : u": "_s) + doubt;
+    const bool fraction = isFraction(k);
+    if (fraction) text = u"nur volle "_s + utf8(factsOf(meter_).unit);
+    const bool quiet = doubt.isEmpty() && !fraction;
     lblHint(k)->setText(text);
-    lblHint(k)->setMark(doubt.isEmpty() ? MarkedLabel::Mark::Quiet : MarkedLabel::Mark::Doubt);
+    lblHint(k)->setMark(quiet ? MarkedLabel::Mark::Quiet : MarkedLabel::Mark::Doubt);
     txtVerbrauch(k)->setAccessibleDescription(text);
   }
+  showOpen();
 }
 
 void MeterReadingWindow::resetChange() {
@@ -346,18 +368,21 @@ void MeterReadingWindow::placeReadings(int from, QWidget* column) {
   }
 }
 
+void MeterReadingWindow::showOpen() {
+  lblOffen->showOpen(dirty_ || readings() != loaded_ || change() != storedChange_);
+}
+
 // A point may set thousands apart or begin a fraction; only when the field is left is that plain.
 // A fraction that the year brought along may stay.
-bool MeterReadingWindow::allWhole() {
-  for (int k = 0; k < kMonths; ++k) {
-    const auto value = txtVerbrauch(k)->value();
-    if (yearbook::isComplete(units_, value) || value == loaded_[k]) continue;
-    txtVerbrauch(k)->setModified(false);
-    txtVerbrauch(k)->setValue(loaded_[k]);
-    tellWholeUnits();
-    return false;
-  }
-  return true;
+bool MeterReadingWindow::isFraction(int k) const {
+  const auto value = txtVerbrauch(k)->value();
+  return !yearbook::isComplete(units_, value) && value != loaded_[k];
+}
+
+widgets::NumberField* MeterReadingWindow::firstFraction() const {
+  for (int k = 0; k < kMonths; ++k)
+    if (isFraction(k)) return txtVerbrauch(k);
+  return nullptr;
 }
 
 QString MeterReadingWindow::filterWhole(const QString& input) {

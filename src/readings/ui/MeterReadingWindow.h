@@ -5,6 +5,7 @@
 #include "readings/MeterReading.h"
 #include "readings/ui/ChangeOption.h"
 #include "readings/ui/ColumnHeader.h"
+#include "readings/ui/EntryNote.h"
 #include "readings/ui/EntryWindow.h"
 #include "readings/ui/MarkedLabel.h"
 #include "widgets/control.h"
@@ -34,6 +35,7 @@ class MeterReadingWindow : public EntryWindow {
   const widgets::ControlArray<MarkedLabel, 12> lblMoV{this, "lblMoV"};
   const widgets::ControlArray<QLabel, 12> lblVerbrauch{this, "lblVerbrauch"};
   const widgets::ControlArray<MarkedLabel, 12> lblHint{this, "lblHint"};
+  EntryNote* const lblOffen = new EntryNote(this);
   QPushButton* const Command1 = widgets::control<QPushButton>(this, "Command1");
   QPushButton* const Command2 = widgets::control<QPushButton>(this, "Command2");
   QPushButton* const Command3 = widgets::control<QPushButton>(this, "Command3");
@@ -71,7 +73,9 @@ class MeterReadingWindow : public EntryWindow {
   void showHints();
   void resetChange();
   void placeReadings(int from, QWidget* column);
-  bool allWhole();
+  void showOpen();
+  bool isFraction(int k) const;
+  widgets::NumberField* firstFraction() const;
   QString filterWhole(const QString& input);
   void tellWholeUnits();
   PerMonth<double> readings() const;

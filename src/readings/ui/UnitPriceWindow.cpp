@@ -27,6 +27,9 @@ UnitPriceWindow::UnitPriceWindow(Meter meter, dialogs::Services& services,
   connectControls();
   load();
   new EntryUndo(this, [this] { showPreview(); });
+  std::vector<QWidget*> changing{Command1, cmdAbschlW2};
+  changing.insert(changing.end(), Check1.begin(), Check1.end());
+  lblOffen->lock(session_, changing);
 }
 
 void UnitPriceWindow::setTexts() {
@@ -72,6 +75,7 @@ void UnitPriceWindow::arrange() {
   window->setContentsMargins(14, 12, 14, 12);
   window->setSpacing(12);
   window->addWidget(Frame1, 1);
+  window->addWidget(lblOffen);
   window->addLayout(buttonRow({}, {Command1, Command2}));
   tameButtons();
 }
@@ -108,7 +112,20 @@ void UnitPriceWindow::connectControls() {
 
 void UnitPriceWindow::Command1Click() {
   // What was typed stays for another try.
-  if (told(storePrices(session_, meter_, ticks(), newPrice->value()))) accept();
+  const auto done = storePrices(session_, meter_, ticks(), newPrice->value());
+  failed_ = !told(done);
+  if (!failed_) return accept();
+  lblOffen->markFault(done.error().code == base::ErrorCode::InvalidValue ? newPrice : nullptr);
+}
+
+// Closing drops what was typed, but not what was meant to be stored.
+bool UnitPriceWindow::mayClose() {
+  return !failed_ || !isOpen() || goesWithout([this] { Command1Click(); });
+}
+
+bool UnitPriceWindow::isOpen() const {
+  const auto stored = storedPrices(session_, meter_);
+  return previewPrices(stored, ticks(), newPrice->value()) != stored;
 }
 
 void UnitPriceWindow::cmdAbschlW2Click() {
@@ -125,6 +142,7 @@ void UnitPriceWindow::load() {
 void UnitPriceWindow::showPreview() {
   const auto shown = previewPrices(storedPrices(session_, meter_), ticks(), newPrice->value());
   for (int k = 0; k < kMonths; ++k) monthPrice(k)->setValue(shown[k]);
+  lblOffen->showOpen(isOpen());
 }
 
 MonthTicks UnitPriceWindow::ticks() const {

@@ -5,6 +5,7 @@
 #include <QLabel>
 
 #include "readings/UnitPrices.h"
+#include "readings/ui/EntryNote.h"
 #include "readings/ui/EntryWindow.h"
 #include "readings/ui/WindowTexts.h"
 #include "widgets/control.h"
@@ -32,9 +33,13 @@ class UnitPriceWindow : public EntryWindow {
       widgets::control<widgets::NumberField>(this, texts_.newPriceName);
   const widgets::ControlArray<widgets::NumberField, 12> monthPrice{this, texts_.monthPriceName};
   const widgets::ControlArray<QCheckBox, 12> Check1{this, "Check1"};
+  EntryNote* const lblOffen = new EntryNote(this);
   QPushButton* const Command1 = widgets::control<QPushButton>(this, "Command1");
   QPushButton* const Command2 = widgets::control<QPushButton>(this, "Command2");
   QPushButton* const cmdAbschlW2 = widgets::control<QPushButton>(this, "cmdAbschlW2");
+
+ protected:
+  bool mayClose() override;
 
  private:
   void setTexts();
@@ -47,6 +52,9 @@ class UnitPriceWindow : public EntryWindow {
   void load();
   void showPreview();
   MonthTicks ticks() const;
+  bool isOpen() const;
+
+  bool failed_ = false;  // the last take over
 };
 
 }  // namespace readings

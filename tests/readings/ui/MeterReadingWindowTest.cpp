@@ -8,6 +8,7 @@
 #include "readings/ui/frmEingabeVerbrauchNS.h"
 #include "readings/ui/frmEingabeVerbrauchS.h"
 #include "readings/ui/frmEingabeVerbrauchW.h"
+#include "support/ui/FakeKeeper.h"
 
 using namespace Qt::Literals::StringLiterals;
 using dialogs::Button;
@@ -129,10 +130,21 @@ TEST_F(MeterReadingWindow, OnlyWholeUnitsAreRead) {
   EXPECT_EQ(prompts.last().title, u"Eingabe Anfangszählerstand");
   EXPECT_EQ(prompts.last().icon, dialogs::Icon::Information);
   type(window->txtVerbrauch(1), u"12.5"_s);
+  type(window->txtVerbrauch(2), u"30"_s);
+  EXPECT_EQ(window->lblHint(1)->text(), u"nur volle m³");
+  const QColor plain = window->txtVerbrauch(0)->palette().color(QPalette::Base);
   click(window->Command1);
   EXPECT_EQ(prompts.shown.size(), 2u);
-  EXPECT_EQ(window->txtVerbrauch(1)->text(), u"0");
-  EXPECT_EQ(window->txtVerbrauch(0)->text(), u"12.345");
+  EXPECT_THAT(texts(window->txtVerbrauch, 3), ElementsAre("12.345", "12,5", "30"));
+  EXPECT_EQ(QApplication::focusWidget(), window->txtVerbrauch(1));
+  EXPECT_NE(window->txtVerbrauch(1)->palette().color(QPalette::Base), plain);
+  EXPECT_EQ(year->adoWasser.number(0, yearbook::wasser::reading), std::nullopt);
+  type(window->txtVerbrauch(1), u"20"_s);
+  EXPECT_EQ(window->txtVerbrauch(1)->palette().color(QPalette::Base), plain);
+  EXPECT_TRUE(window->lblOffen->isVisible());
+  click(window->Command1);
+  EXPECT_EQ(year->adoWasser.number(1, yearbook::wasser::reading), 20);
+  EXPECT_FALSE(window->lblOffen->isVisible());
 }
 
 TEST_F(MeterReadingWindow, AnyTextMayBePasted) {
@@ -198,7 +210,13 @@ TEST_F(MeterReadingWindow, OnlyTheMouseAsksForTheNewMetersReading) {
   prompts.answerInput(u"1.234"_s);
   click(window->optWechsel(3), Qt::RightButton);
   EXPECT_EQ(window->txtWechsel->value(), 1234);
-  click(window->Command2);  // in the gas window a change option alone is no change
+  prompts.answer(Button::No);
+  click(window->Command2);  // it was typed in
+  const auto another = show<frmEingabeVerbrauch>();
+  prompts.answerInput(u"5"_s);
+  click(another->optWechsel(3));
+  click(another->Command2);  // in the gas window a change option alone is no change
+  EXPECT_FALSE(another->isVisible());
 }
 
 TEST_F(MeterReadingWindow, InTheDayWindowPressingAnOptionCountsAsAChange) {
@@ -310,6 +328,10 @@ TEST_F(MeterReadingWindow, AnAmountBeyondAnyMoneyFieldIsRefused) {
   EXPECT_TRUE(prompts.last().text.contains(u"Dezember: der Betrag ist zu groß"_s));
   EXPECT_EQ(yearbook::orZero(year->adoWasser.number(11, yearbook::wasser::reading)), 562);
   EXPECT_EQ(window->txtVerbrauch(11)->text(), u"999.999.999.999.999");
+  EXPECT_EQ(QApplication::focusWidget(), window->txtVerbrauch(11));
+  prompts.answer(Button::No);
+  QTest::keyClick(window.get(), Qt::Key_Escape);
+  EXPECT_EQ(prompts.last().title, u" Eingabe Zählerstand");
 }
 
 TEST_F(MeterReadingWindow, AReadOnlyYearCanBeLookedAt) {
@@ -320,10 +342,40 @@ TEST_F(MeterReadingWindow, AReadOnlyYearCanBeLookedAt) {
   const auto window = show<frmEingabeVerbrauchS>();
   EXPECT_EQ(window->txtVerbrauch(0)->text(), u"44.600");
   type(window->txtVerbrauch(0), u"44601"_s);
-  prompts.acceptTellings();
-  click(window->Command1);
-  EXPECT_EQ(prompts.shown.size(), 1u);
-  EXPECT_EQ(window->txtVerbrauch(0)->text(), u"44.601");
+  EXPECT_EQ(window->txtVerbrauch(0)->text(), u"44.600");
+  for (QWidget* off :
+       {static_cast<QWidget*>(window->Command1), static_cast<QWidget*>(window->Command3),
+        static_cast<QWidget*>(window->optWechsel(2))})
+    EXPECT_FALSE(off->isEnabled());
+  EXPECT_TRUE(window->lblOffen->text().contains(u"nur gelesen"));
+}
+
+TEST_F(MeterReadingWindow, ANewMetersReadingTypedByHandIsAChange) {
+  openSample();
+  const auto window = show<frmEingabeVerbrauchS>();
+  EXPECT_FALSE(window->lblOffen->isVisible());
+  type(window->txtWechsel, u"13"_s);
+  EXPECT_TRUE(window->lblOffen->isVisible());
+  prompts.answer(Button::Yes);
+  click(window->Command2);
+  EXPECT_EQ(bytes("Verbrauch2025_WechselStrom.dat"), "5,13\r\n");
+}
+
+// Without the copy the consumptions stay.
+TEST_F(MeterReadingWindow, ACopyComesBeforeDeletingAll) {
+  openSample();
+  FakeKeeper keeper;
+  services.keeper = &keeper;
+  const base::Bytes before = year->database().image().value();
+  for (const bool goesOn : {false, true}) {
+    keeper.goesOn = goesOn;
+    const auto window = show<frmEingabeVerbrauchS>();
+    prompts.answer(Button::Yes);
+    click(window->Command3);
+    EXPECT_EQ(keeper.image, before);
+    EXPECT_EQ(stored(strom::dayConsumption, 0), goesOn ? 0 : 291);
+  }
+  EXPECT_EQ(keeper.harms, std::vector(2, dialogs::Harm::DeletingReadings));
 }
 
 TEST_F(MeterReadingWindow, WhatWasTypedAndChosenCanBeTakenBack) {

@@ -88,6 +88,10 @@ TEST_F(UnitPriceWindow, AFailureIsToldAndWhatWasTypedStays) {
   EXPECT_TRUE(window->isVisible());
   EXPECT_EQ(window->newPrice->text(), u"2,50");
   EXPECT_EQ(window->monthPrice(0)->text(), u"2,50");
+  EXPECT_TRUE(window->lblOffen->isVisible());
+  prompts.answer(dialogs::Button::Yes);
+  click(window->Command2);
+  EXPECT_TRUE(window->isVisible()) << "it failed again";
   freeDisk();
   click(window->Command1);
   EXPECT_EQ(year->adoWasser.money(0, yearbook::wasser::amount), cents(2500));  // 10 m³
@@ -141,6 +145,43 @@ TEST_F(BaseFeeWindow, DeletingAllValuesChangesNothingUntilTheTakeOver) {
   click(window->Command1);
   EXPECT_EQ(yearFee(), base::Money());
   EXPECT_EQ(bytes("Verbrauch2025_GrdGebStrMon.dat"), "0,0,0,0,0,0,0,0,0,0,0,0\r\n");
+}
+
+// Only the button closes without a question; a line says that it would.
+TEST_F(BaseFeeWindow, EscapeAsksForWhatWasTypedAndTheButtonDoesNot) {
+  openSample();
+  for (const auto answer : {std::optional<dialogs::Button>(), std::optional(dialogs::Button::No),
+                            std::optional(dialogs::Button::Yes)}) {
+    const auto window = show<frmGrdGebMo>();
+    EXPECT_FALSE(window->lblOffen->isVisible());
+    type(window->txtVerbrauch(0), u"20"_s);
+    EXPECT_TRUE(window->lblOffen->isVisible());
+    if (answer) {
+      prompts.answer(*answer);
+      QTest::keyClick(window.get(), Qt::Key_Escape);
+      EXPECT_EQ(prompts.take().defaultButton, dialogs::Button::No);
+    } else {
+      click(window->Command2);
+    }
+    EXPECT_FALSE(window->isVisible());
+    EXPECT_EQ(yearFee(), cents(answer == dialogs::Button::Yes ? 16850 : 16200));
+  }
+  const auto window = show<frmGrdGebMo>();
+  QTest::keyClick(window.get(), Qt::Key_Escape);
+  EXPECT_FALSE(window->isVisible());
+}
+
+TEST_F(BaseFeeWindow, ASumThatIsTooLargeIsLaidToItsLargestFee) {
+  openSample();
+  const auto window = show<frmGrdGebMo>();
+  type(window->txtVerbrauch(4), u"999999999999999"_s);
+  prompts.acceptTellings();
+  click(window->Command1);
+  EXPECT_EQ(QApplication::focusWidget(), window->txtVerbrauch(4));
+  EXPECT_EQ(window->txtVerbrauch(4)->valueOrZero(), 999999999999999);
+  prompts.answer(dialogs::Button::No);
+  click(window->Command2);  // asks, for it was to be stored
+  EXPECT_FALSE(window->isVisible());
 }
 
 TEST_F(BaseFeeWindow, ItsMonthsRunAsThoseOfElectricity) {
