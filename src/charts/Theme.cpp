@@ -1,10 +1,23 @@
 #include "charts/Theme.h"
 
+#include "yearbook/MeterColors.h"
+
 namespace charts {
 namespace {
 
 constexpr Color kInk = Color::rgb(0x1f2933);
 constexpr Color kPaper = Color::rgb(0xffffff);
+
+using yearbook::GroundColors;
+using yearbook::Meter;
+
+// In the order in which the charts count their series.
+auto seriesColors(std::uint32_t GroundColors::*ground) {
+  const auto color = [&](Meter meter) { return Color::rgb(yearbook::kMeterColors[meter].*ground); };
+  return decltype(Theme::series){color(Meter::Day),   color(Meter::Gas),
+                                 color(Meter::Water), color(Meter::WasteWater),
+                                 color(Meter::Night), Color::rgb(yearbook::kOtherColors.*ground)};
+}
 
 }  // namespace
 
@@ -18,8 +31,7 @@ Theme Theme::light() {
   theme.axis = Color::rgb(0x8793a1);
   theme.labelFill = kPaper;
   theme.labelText = kInk;
-  theme.series = {Color::rgb(0xbd7b00), Color::rgb(0xa8321a), Color::rgb(0x1a7fd0),
-                  Color::rgb(0x0a6b57), Color::rgb(0x4b3a8f), Color::rgb(0x727a84)};
+  theme.series = seriesColors(&GroundColors::light);
   theme.months = {Color::rgb(0x2b4c7e), Color::rgb(0x3a6ea5), Color::rgb(0x4a98b8),
                   Color::rgb(0x5fb8a4), Color::rgb(0x8fcb8c), Color::rgb(0xc5dc7a),
                   Color::rgb(0xf2d65c), Color::rgb(0xf5b945), Color::rgb(0xe88f3c),
@@ -37,8 +49,7 @@ Theme Theme::dark(Color surface, Color text) {
   theme.axis = mix(surface, text, 0.5);
   theme.labelFill = theme.inner;
   theme.labelText = text;
-  theme.series = {Color::rgb(0xf0b73a), Color::rgb(0xe85036), Color::rgb(0x55b8fa),
-                  Color::rgb(0x4f9686), Color::rgb(0x9f74d8), Color::rgb(0x98a2ad)};
+  theme.series = seriesColors(&GroundColors::dark);
   return theme;
 }
 

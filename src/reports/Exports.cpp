@@ -2,7 +2,7 @@
 
 #include "reports/FlexGridHTML.h"
 #include "reports/GridText.h"
-#include "reports/PlainSummary.h"
+#include "reports/YearResults.h"
 
 namespace reports {
 

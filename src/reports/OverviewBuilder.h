@@ -41,8 +41,9 @@ struct OverviewInput {
   PerUtility<std::optional<base::Money>> advances;
   yearbook::FlatRate flatRate;
 
-  // Months that have a reading or a consumption, for the monthly payment that would have fitted.
-  PerUtility<int> monthsRead{};
+  // Months from the first to the last one that has a reading or a consumption: what somebody who
+  // reads once a year has read covers all twelve.
+  PerUtility<int> monthsCovered{};
 };
 
 struct UtilityTotals {

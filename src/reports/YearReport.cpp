@@ -1,7 +1,5 @@
 #include "reports/YearReport.h"
 
-#include <algorithm>
-
 #include "base/GermanNumber.h"
 #include "base/Paths.h"
 
@@ -27,15 +25,14 @@ PerMonth<MonthAmount> monthAmounts(const YearSession& year, Utility utility) {
   return months;
 }
 
-// Months in which a meter of the utility has a reading or a consumption above 0.
-int monthsRead(const YearSession& year, Utility utility) {
-  PerMonth<bool> read{};
+int monthsCovered(const YearSession& year, Utility utility) {
+  int covered = 0;
   for (Meter meter : yearbook::metersOf(utility)) {
     const auto months = year.rows().months(meter);
-    for (int i = 0; i < kMonths; ++i)
-      read[i] |= orZero(months[i].reading) > 0 || orZero(months[i].consumption) > 0;
+    for (int i = covered; i < kMonths; ++i)
+      if (orZero(months[i].reading) > 0 || orZero(months[i].consumption) != 0) covered = i + 1;
   }
-  return static_cast<int>(std::count(read.begin(), read.end(), true));
+  return covered;
 }
 
 yearbook::FlatRate flatRateOf(const FieldValues& values) {
@@ -52,7 +49,7 @@ OverviewInput overviewInput(const YearSession& year) {
   in.currentMonth = year.openedMonth();
   for (Utility utility : yearbook::kUtilities) {
     in.months[utility] = monthAmounts(year, utility);
-    in.monthsRead[utility] = monthsRead(year, utility);
+    in.monthsCovered[utility] = monthsCovered(year, utility);
     // A field that clearing has emptied shows nothing until the next summary.
     if (!values.cleared[utility]) in.advances[utility] = values.advanceSums[utility];
   }

@@ -12,6 +12,7 @@
 
 #include "widgets/LateIcon.h"
 #include "widgets/ProgramStyle.h"
+#include "widgets/Tones.h"
 
 using namespace Qt::Literals::StringLiterals;
 
@@ -90,6 +91,7 @@ void dressApplication(QApplication& application) {
   auto* german = new QTranslator(&application);
   if (german->load(u":/kalvira/qtbase_de.qm"_s)) QApplication::installTranslator(german);
   QApplication::setApplicationName(u"Kalvira"_s);
+  keepHintsReadable(application);
   QApplication::setWindowIcon(icon(u"kalvira"_s));
 }
 

@@ -90,6 +90,9 @@ TEST_F(UndoInMainWindow, WhatWasClearedComesBackAndTheBarCanBeClosed) {
   EXPECT_EQ(bar(), u"Alle Werte Gas gelöscht.");
   window->fraGeaendert->cmdHinweisZu->click();
   EXPECT_EQ(bar(), QString());
+  // It is not said a second time.
+  window->mnuNew->trigger();
+  EXPECT_EQ(bar(), QString());
   window->mnuNachtstrom->trigger();
   EXPECT_EQ(bar(), QString());
   window->mnuUndo->trigger();

@@ -3,7 +3,7 @@
 #include <gtest/gtest.h>
 
 #include "reports/GridText.h"
-#include "reports/PlainSummary.h"
+#include "reports/YearResults.h"
 #include "support/Golden.h"
 #include "support/SampleYears.h"
 
@@ -177,12 +177,30 @@ TEST(PlainSummary, SaysHowTheYearStandsAndWhatWouldHaveFitted) {
                    "Wasser: Guthaben 28,28 €; passender Abschlag wäre 63,64 € im Monat.",
                    "Gas: Nachzahlung 107,66 €; passender Abschlag wäre 150,97 € im Monat."}));
   OverviewInput input = sample::overview2025();
-  input.monthsRead[Utility::Water] = 0;
-  input.monthsRead[Utility::Gas] = 6;
+  input.monthsCovered[Utility::Water] = 0;
+  input.monthsCovered[Utility::Gas] = 6;
   input.advances[Utility::Gas] = Money::roundHalfEven(1811.66);
   const auto sentences = reports::plainSummary(input);
   EXPECT_EQ(sentences[1], "Wasser: noch keine Ablesungen.");
-  EXPECT_EQ(sentences[2], "Gas: ausgeglichen; passender Abschlag wäre 301,94 € im Monat.");
+  // 1.388,00 in six months and 134,40 in twelve, with 19 %.
+  EXPECT_EQ(
+      sentences[2],
+      "Gas: ausgeglichen; passender Abschlag wäre 288,61 € im Monat (Stand: 6 von 12 Monaten, "
+      "Grundgebühr des ganzen Jahres).");
+}
+
+TEST(YearResults, AreWhatTheCardsSay) {
+  OverviewInput input = sample::overview2025();
+  input.monthsCovered[Utility::Gas] = 0;
+  const auto results = reports::yearResults(input);
+  EXPECT_EQ(results[Utility::Electricity].headline, "Nachzahlung 25,99 Euro");
+  EXPECT_EQ(results[Utility::Electricity].sum, "1.657,99 brutto − 1.632,00 Abschläge");
+  EXPECT_EQ(results[Utility::Electricity].fitting, "Passender Abschlag: 138,17 Euro im Monat");
+  EXPECT_EQ(results[Utility::Electricity].standing, "");
+  EXPECT_EQ(results[Utility::Water].kind, reports::YearResult::Kind::Credit);
+  EXPECT_EQ(results[Utility::Water].headline, "Guthaben 28,28 Euro");
+  EXPECT_EQ(results[Utility::Gas].headline, "noch keine Ablesungen");
+  EXPECT_EQ(results[Utility::Gas].sum, "");
 }
 
 }  // namespace

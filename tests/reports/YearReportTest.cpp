@@ -43,12 +43,12 @@ TEST_F(YearReport, FreshYearHasNoReadings) {
   const auto input = reports::overviewInput(*open("Verbrauch.kwd"));
   EXPECT_EQ(input.currentYear, 2026);
   EXPECT_EQ(input.currentMonth, 11);
-  EXPECT_EQ(input.monthsRead[Utility::Electricity], 0);
+  EXPECT_EQ(input.monthsCovered[Utility::Electricity], 0);
   EXPECT_EQ(input.months[Utility::Electricity][11].month, "Dezember");
 }
 
 // A household with a well pays for waste water alone; rows of other programs may have no readings.
-TEST_F(YearReport, AMonthCountsAsReadByEitherMeterOfItsUtility) {
+TEST_F(YearReport, TheReadingsOfEitherMeterCoverTheMonthsUpToTheLast) {
   const auto year = open("Verbrauch.kwd");
   ASSERT_TRUE(year->transact({}, [](yearbook::YearRows& rows) -> base::Result<void> {
     using namespace yearbook;
@@ -57,9 +57,9 @@ TEST_F(YearReport, AMonthCountsAsReadByEitherMeterOfItsUtility) {
     return rows.adoStrom.setNumber(4, strom::nightReading, 9);
   }));
   const auto input = reports::overviewInput(*year);
-  EXPECT_EQ(input.monthsRead[Utility::Water], 2);
-  EXPECT_EQ(input.monthsRead[Utility::Electricity], 1);
-  EXPECT_EQ(input.monthsRead[Utility::Gas], 0);
+  EXPECT_EQ(input.monthsCovered[Utility::Water], 2);
+  EXPECT_EQ(input.monthsCovered[Utility::Electricity], 5);
+  EXPECT_EQ(input.monthsCovered[Utility::Gas], 0);
 }
 
 TEST_F(YearReport, ClearedUtilityShowsNoTotals) {

@@ -51,7 +51,8 @@ class FailingFile final : public base::File {
 Result<void> FailingFileSystem::Counter::next(const std::string& path) {
   if (fault && !fault->file.empty() && fault->file != path) return {};
   const std::size_t call = calls++;
-  if (!fault || call < fault->call || (call > fault->call && !fault->forGood)) return {};
+  if (!fault || call < fault->call || (call >= fault->call + fault->lasts && !fault->forGood))
+    return {};
   return base::fail(fault->code, {}, path);
 }
 

@@ -15,6 +15,7 @@ struct Fault {
   base::ErrorCode code = base::ErrorCode::IoError;
   bool shortWrite = false;  // a failing write stores its first half
   std::string file{};       // calls for this file alone count, as on a disk with a bad spot
+  std::size_t lasts = 1;    // so many calls fail
 };
 
 // A disk on which a chosen call fails. Every call counts: those of the file system and those of

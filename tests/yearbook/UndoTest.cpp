@@ -70,6 +70,15 @@ TEST_F(Undo, OnePriceOverDifferingMonthsGivesTheMonthsBack) {
   EXPECT_EQ(nextName(), "");
 }
 
+TEST_F(Undo, APriceThatWasTypedAndEmptiedIsShownEmptyAgain) {
+  ASSERT_TRUE(year->storePrice(Meter::Day, 3));
+  ASSERT_TRUE(year->storePrice(Meter::Day, std::nullopt));
+  ASSERT_TRUE(year->undo());
+  EXPECT_EQ(year->values().prices[Meter::Day], 28.9);
+  ASSERT_TRUE(year->redo());
+  EXPECT_EQ(year->values().prices[Meter::Day], std::nullopt);
+}
+
 // Without differing months nobody misses anything.
 TEST_F(Undo, APriceOverEqualMonthsIsNotAnnounced) {
   ASSERT_TRUE(year->storePrice(Meter::Day, 30));

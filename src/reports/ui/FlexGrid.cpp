@@ -264,14 +264,26 @@ void FlexGrid::fitToRoom() {
   const bool fits = byHeight >= kSmallestZoom;
   const double wanted = fits ? inSteps(std::min(byHeight, kLargestZoom)) : 1.0;
   const int bar = fits ? 0 : verticalScrollBar()->sizeHint().width();
-  setMaximumWidth(tableSize(wanted).width() + bar);
+  if (!fillsWidth_) setMaximumWidth(tableSize(wanted).width() + bar);
   const double byWidth = static_cast<double>(width() - bar) / std::max(1, natural.width());
   zoom_ = std::min(wanted, std::max(inSteps(byWidth), 1.0));
+  double table = 0;
+  for (int column = 0; column < grid().columns(); ++column)
+    if (!grid().column(column).hidden) table += pixels(grid().column(column).width);
+  const double room = width() - bar - 2.0 * frameWidth();
+  stretch_ = fillsWidth_ && table > 0 ? std::max(1.0, room / table) : 1.0;
+}
+
+void FlexGrid::setFillsWidth(bool fills) {
+  fillsWidth_ = fills;
+  setMaximumWidth(QWIDGETSIZE_MAX);
+  fitToRoom();
+  applySizes();
 }
 
 void FlexGrid::applySizes() {
   for (int column = 0; column < grid().columns(); ++column)
-    setColumnWidth(column, wholePixels(pixels(grid().column(column).width)));
+    setColumnWidth(column, wholePixels(pixels(grid().column(column).width) * stretch_));
   for (int row = 0; row < grid().rows(); ++row)
     setRowHeight(row, wholePixels(pixels(grid().row(row).height)));
 }
@@ -286,9 +298,10 @@ QSize FlexGrid::minimumSizeHint() const {
 
 void FlexGrid::resizeEvent(QResizeEvent* event) {
   QTableView::resizeEvent(event);
-  const double before = zoom_;
+  const double zoom = zoom_;
+  const double stretch = stretch_;
   fitToRoom();
-  if (zoom_ != before) applySizes();
+  if (zoom_ != zoom || stretch_ != stretch) applySizes();
 }
 
 void FlexGrid::changeEvent(QEvent* event) {

@@ -25,6 +25,8 @@ class FlexGrid : public QTableView {
   void setGrid(Grid grid);
   const Grid& grid() const;
   void copyToClipboard() const;
+  // Whether the columns share out a room that is wider than the table.
+  void setFillsWidth(bool fills);
 
   QSize sizeHint() const override;
   QSize minimumSizeHint() const override;
@@ -45,6 +47,8 @@ class FlexGrid : public QTableView {
 
   std::unique_ptr<Model> model_;
   double zoom_ = 1.0;
+  bool fillsWidth_ = false;
+  double stretch_ = 1.0;  // of the columns' widths alone
 };
 
 }  // namespace reports

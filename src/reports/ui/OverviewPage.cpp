@@ -7,7 +7,6 @@
 #include "dialogs/Prompts.h"
 #include "reports/DetailTable.h"
 #include "reports/Exports.h"
-#include "reports/PlainSummary.h"
 
 using namespace Qt::StringLiterals;
 
@@ -34,18 +33,15 @@ void OverviewPage::buildLayout() {
   buttons->addStretch();
 
   grdDruck->setAccessibleName(u"Jahresübersicht"_s);
-  lblKlartext->setAccessibleName(u"Ergebnis in Worten"_s);
-  lblKlartext->setTextInteractionFlags(Qt::TextSelectableByMouse | Qt::TextSelectableByKeyboard);
-  lblKlartext->setWordWrap(true);
-
+  grdDruck->setFillsWidth(true);
   auto* row = new QHBoxLayout;
   row->addWidget(grdDruck, 1);
   row->addSpacing(12);
   row->addLayout(buttons);
-  row->addStretch();
   auto* page = new QVBoxLayout(this);
+  page->addWidget(fraErgebnisse);
+  page->addSpacing(4);
   page->addLayout(row, 1);
-  page->addWidget(lblKlartext);
   for (QWidget* next : {static_cast<QWidget*>(grdDruck), static_cast<QWidget*>(cmdDrucken)})
     next->setFocusPolicy(Qt::StrongFocus);
 }
@@ -58,10 +54,7 @@ void OverviewPage::showEvent(QShowEvent* event) {
 void OverviewPage::rebuild() {
   const OverviewInput input = overviewInput(year_);
   grdDruck->setGrid(buildOverview(input, measureOn(*grdDruck)));
-  QStringList sentences;
-  for (const std::string& sentence : plainSummary(input))
-    sentences.append(QString::fromStdString(sentence));
-  lblKlartext->setText(sentences.join(u'\n'));
+  fraErgebnisse->show(yearResults(input));
 }
 
 GridPrinter OverviewPage::pages() const {

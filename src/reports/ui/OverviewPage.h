@@ -1,18 +1,18 @@
 #pragma once
 
 #include <QFrame>
-#include <QLabel>
 #include <QPushButton>
 
 #include "reports/YearReport.h"
 #include "reports/ui/FlexGrid.h"
 #include "reports/ui/PrintActions.h"
+#include "reports/ui/ResultCards.h"
 #include "widgets/control.h"
 
 namespace reports {
 
 // The overview page of the main window: the year's bill of all utilities in one table, with
-// printing and export beside it and one plain sentence per utility below. The table is built anew
+// printing and export beside it and a card per utility above. The table is built anew
 // each time the page is shown.
 class OverviewPage final : public QFrame {
   Q_OBJECT
@@ -30,7 +30,7 @@ class OverviewPage final : public QFrame {
   QPushButton* const cmdExpHtml = widgets::control<QPushButton>(this, "cmdExpHtml");
   QPushButton* const cmdVorschau = widgets::control<QPushButton>(this, "cmdVorschau");
   QPushButton* const cmdKopieren = widgets::control<QPushButton>(this, "cmdKopieren");
-  QLabel* const lblKlartext = widgets::control<QLabel>(this, "lblKlartext");
+  ResultCards* const fraErgebnisse = new ResultCards(this);
 
   PrinterChoice printerChoice = choosePrinter;
 

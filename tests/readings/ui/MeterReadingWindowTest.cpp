@@ -386,12 +386,17 @@ TEST_F(MeterReadingWindow, WhatWasTypedAndChosenCanBeTakenBack) {
   window->txtVerbrauch(11)->finish();
   window->optWechsel(3)->click();
   EXPECT_TRUE(window->txtWechsel->isVisible());
+  QCoreApplication::processEvents();
+  const int column = window->txtVerbrauch(0)->x();
+  EXPECT_GT(window->txtVerbrauch(11)->x(), column);
   const auto press = [&](Qt::Key key, Qt::KeyboardModifiers more = {}) {
     QTest::keyClick(window->txtVerbrauch(11), key, Qt::ControlModifier | more);
   };
   press(Qt::Key_Z);
   EXPECT_FALSE(window->txtWechsel->isVisible());
   EXPECT_TRUE(window->optWechsel(12)->isChecked());
+  QCoreApplication::processEvents();
+  EXPECT_EQ(window->txtVerbrauch(11)->x(), column);
   press(Qt::Key_Z);
   EXPECT_EQ(window->txtVerbrauch(11)->text(), u"562");
   EXPECT_EQ(window->txtVerbrauch(10)->text(), u"570");
@@ -402,6 +407,10 @@ TEST_F(MeterReadingWindow, WhatWasTypedAndChosenCanBeTakenBack) {
   EXPECT_EQ(window->txtVerbrauch(10)->text(), u"570");
   press(Qt::Key_Z, Qt::ShiftModifier);
   EXPECT_EQ(window->txtVerbrauch(11)->text(), u"600");
+  // A new entry ends the way forward.
+  type(window->txtVerbrauch(11), u"610"_s);
+  press(Qt::Key_Y);
+  EXPECT_FALSE(window->txtWechsel->isVisible());
   EXPECT_EQ(year->adoWasser.number(11, yearbook::wasser::reading), 562);
 }
 

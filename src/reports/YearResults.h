@@ -1,0 +1,31 @@
+#pragma once
+
+#include <string>
+#include <vector>
+
+#include "reports/OverviewBuilder.h"
+
+namespace reports {
+
+// How a utility's year stands: what is to be paid or comes back, and the monthly payment that would
+// have balanced it. That payment is the cost of the consumption over the months that the readings
+// cover and a twelfth of the base fee.
+struct YearResult {
+  enum class Kind { Empty, Even, Payment, Credit };
+  Kind kind = Kind::Empty;
+  std::string name;      // "Strom"
+  std::string headline;  // "Nachzahlung 25,99 Euro", "noch keine Ablesungen"
+  // Empty without readings.
+  std::string sum;      // "1.657,99 brutto − 1.632,00 Abschläge"
+  std::string fitting;  // "Passender Abschlag: 138,17 Euro im Monat"
+  // Empty for a whole year, too.
+  std::string standing;  // "Stand: 3 von 12 Monaten, Grundgebühr des ganzen Jahres"
+};
+
+PerUtility<YearResult> yearResults(const OverviewInput& input);
+
+// The same as one sentence per utility (electricity, water, gas):
+// "Strom: Nachzahlung 25,99 €; passender Abschlag wäre 138,17 € im Monat."
+std::vector<std::string> plainSummary(const OverviewInput& input);
+
+}  // namespace reports

@@ -1,0 +1,27 @@
+#pragma once
+
+#include <QColor>
+#include <QPalette>
+
+class QApplication;
+
+// Colours with a meaning, readable on the ground of the palette (text at least 4.5:1).
+namespace widgets {
+
+enum class Tone {
+  Quiet,   // what can be passed over: hints, notes
+  Doubt,   // may be right
+  Error,   // is not stored
+  Good,    // money that comes back, done
+  Link,    // leads somewhere
+  Accent,  // notice, focus
+};
+
+bool isDark(const QPalette& palette);
+QColor toneOf(Tone tone, const QPalette& palette);
+
+// Hints are drawn in QPalette::PlaceholderText, which many systems set too faint to be read. From
+// now on it is Tone::Quiet, in whatever theme; all other colours stay the system's.
+void keepHintsReadable(QApplication& application);
+
+}  // namespace widgets
