@@ -88,8 +88,9 @@ std::vector<std::string> plainSummary(const OverviewInput& input) {
     std::string text = nameOf(utility) + ": " + balanceWords(figures, " €");
     if (figures.monthsCovered > 0)
       text += "; passender Abschlag wäre " + formatMoney(figures.fitting) + " € im Monat";
-    const std::string standing = standingOf(figures);
-    sentences.push_back(text + (standing.empty() ? "" : " (" + standing + ")") + ".");
+    if (const std::string standing = standingOf(figures); !standing.empty())
+      text.append(" (").append(standing).append(")");
+    sentences.push_back(text.append("."));
   }
   return sentences;
 }

@@ -216,6 +216,8 @@ class Household {
 
   void act(bool failing) {
     const Action action = randomAction(random_);
+    // What is refused half-way leaves nothing behind, not even in the next step.
+    if (random_() % 8 == 0) beRefused();
     // A copy does not remember what is shown as empty; what is stored is the same.
     reopenIfShownOtherwise();
     const auto after = failing ? outcome(action) : std::nullopt;
@@ -234,6 +236,13 @@ class Household {
     }
     failures_ += !done;
     settle(done, after);
+  }
+
+  void beRefused() {
+    EXPECT_FALSE(year_->transact({"verweigert"}, [](yearbook::YearRows& rows) {
+      base::ignore(rows.adoGas.setNumber(3, yearbook::gas::price, 77.5), "refused as a whole");
+      return base::Result<void>(base::fail(base::ErrorCode::InvalidValue, "zu groß"));
+    }));
   }
 
   void settle(bool done, const std::optional<State>& after) {

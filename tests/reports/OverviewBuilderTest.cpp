@@ -185,7 +185,7 @@ TEST(PlainSummary, SaysHowTheYearStandsAndWhatWouldHaveFitted) {
   // 1.388,00 in six months and 134,40 in twelve, with 19 %.
   EXPECT_EQ(
       sentences[2],
-      "Gas: ausgeglichen; passender Abschlag wäre 288,61 € im Monat (Stand: 6 von 12 Monaten, "
+      "Gas: ausgeglichen; passender Abschlag wäre 288,62 € im Monat (Stand: 6 von 12 Monaten, "
       "Grundgebühr des ganzen Jahres).");
 }
 

@@ -410,6 +410,7 @@ TEST_F(MeterReadingWindow, WhatWasTypedAndChosenCanBeTakenBack) {
   // A new entry ends the way forward.
   type(window->txtVerbrauch(11), u"610"_s);
   press(Qt::Key_Y);
+  EXPECT_EQ(window->txtVerbrauch(11)->text(), u"610");
   EXPECT_FALSE(window->txtWechsel->isVisible());
   EXPECT_EQ(year->adoWasser.number(11, yearbook::wasser::reading), 562);
 }
