@@ -223,7 +223,9 @@ class Household {
     const auto after = failing ? outcome(action) : std::nullopt;
     year_->endEntry();
     const std::size_t depth = year_->history().depth();
-    if (failing) files_.arm({random_() % 60, random_() % 4 == 0, base::ErrorCode::NoSpace, true});
+    if (failing)
+      files_.arm(
+          {random_() % 60, false, base::ErrorCode::NoSpace, true, {}, kLasts[random_() % 4]});
     const bool done = action(*year_).has_value();
     files_.disarm();
     if (!failing && !done) return;  // refused, as too large an amount is
@@ -348,7 +350,7 @@ TEST(EveryStep, IsWholeWhicheverCallFails) {
         MemoryFileSystem disk(household());
         FailingFileSystem files(disk);
         auto year = openAfterAll(files);
-        files.arm({call, false, base::ErrorCode::IoError, true, lasts});
+        files.arm({call, false, base::ErrorCode::IoError, true, {}, lasts});
         const bool done = action(*year).has_value();
         struck = files.struck();
         files.disarm();
