@@ -62,6 +62,8 @@ void OpeningCopy::prepare(std::chrono::milliseconds budget) {
 }
 
 base::Result<void> OpeningCopy::finish() {
+  // As long as nothing can be written there the year does not change; closing comes here again.
+  if (const auto folder = files_.info(dataFolder_); folder && !folder->writable) return {};
   const SafetyCopies::Contents contents = std::exchange(contents_, {});
   if (contents.empty()) return {};
   SafetyCopies copies(files_, dataFolder_, clock_);

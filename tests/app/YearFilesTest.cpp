@@ -254,6 +254,20 @@ class SafetyCopyTest : public YearFilesTest {
   base::FixedClock clock{base::Date{std::chrono::year{2024} / 3 / 1}};
 };
 
+// The year does not change there either, until the folder can be written and the year is closed.
+TEST_F(SafetyCopyTest, WaitsForAFolderThatCannotBeWritten) {
+  using std::filesystem::perms;
+  app::OpeningCopy copy(*files, data.path(), "Haus.kwd", clock);
+  copy.prepare(1000ms);
+  std::filesystem::permissions(data.path(), perms::owner_read | perms::owner_exec);
+  EXPECT_TRUE(copy.finish());
+  EXPECT_FALSE(files->exists(data / "Sicherungen"));
+  std::filesystem::permissions(data.path(), perms::owner_all);
+  put(data / "Haus.kwd", "Jahr 1");
+  EXPECT_TRUE(copy.finish());
+  EXPECT_EQ(copyOf("2024-03-01"), "Jahr 0");
+}
+
 TEST_F(SafetyCopyTest, HoldsTheYearAndItsSideFilesAsTheyWere) {
   open(0, "Jahr 1");
   EXPECT_EQ(in(data / "Sicherungen/2024-03-01"), (Names{"Haus.kwd", "Haus_Gas.dat"}));

@@ -15,8 +15,13 @@ QString noticeOf(YearSession& session) {
     return u"Beim Speichern ist ein Fehler aufgetreten. Bitte schließen Sie dieses Jahr und öffnen "_s
            u"Sie es neu; bis dahin werden Änderungen nicht gespeichert."_s;
   if (!obstacle) return {};
+  const QString reading =
+      u"Dieses Jahr kann zurzeit nur gelesen werden, Änderungen werden nicht gespeichert. "_s;
+  const auto found = session.files().info(session.path());
+  if (!found && found.error().code == base::ErrorCode::NotFound)
+    return reading + u"Die Datei ist nicht mehr an ihrem Platz."_s;
   const bool folder = obstacle->file.ends_with(base::kPathSeparator);
-  return u"Dieses Jahr kann zurzeit nur gelesen werden, Änderungen werden nicht gespeichert. "_s +
+  return reading +
          (folder ? u"Ordner "_s + QString::fromStdString(obstacle->file) + u": "_s : QString()) +
          QString::fromStdString(base::germanReason(*obstacle));
 }
