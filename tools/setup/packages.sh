@@ -3,6 +3,7 @@
 
 build_packages=(g++ cmake ninja-build qt6-base-dev qt6-base-dev-tools qt6-svg-dev
   qt6-translations-l10n libexpected-dev fonts-dejavu-core fonts-liberation)
+mingw_packages=(g++-mingw-w64-x86-64-posix binutils-mingw-w64-x86-64)
 lint_packages=(clang-format clang-tidy)
 test_packages=(libgtest-dev libgmock-dev mdbtools poppler-utils imagemagick libwmf-bin fonts-urw-base35 inkscape xvfb)
 bench_packages=(libbenchmark-dev mdbtools-dev)
