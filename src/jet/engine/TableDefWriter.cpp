@@ -36,7 +36,7 @@ class DefinitionWriter {
  private:
   // The next bytes of the definition, zeros; valid until there are more.
   std::span<std::uint8_t> record(std::size_t size) {
-    bytes_.resize(bytes_.size() + size);
+    bytes_.insert(bytes_.end(), size, 0);
     return std::span(bytes_).last(size);
   }
   static std::uint32_t count(std::size_t size) { return static_cast<std::uint32_t>(size); }
