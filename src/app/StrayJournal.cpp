@@ -14,7 +14,7 @@ std::string formerNameOf(base::FileSystem& files, const std::string& folder,
   for (const std::string& name :
        files.list(place.empty() ? "." : place).value_or(std::vector<std::string>())) {
     if (!name.ends_with(ending)) continue;
-    const std::string former = name.substr(0, name.size() - ending.size());
+    std::string former = name.substr(0, name.size() - ending.size());
     if (!isNamedAsYear(former) || files.exists(place + former)) continue;
     const auto owns = jet::Database::ownsJournal(files, place + year, place + name);
     if (owns && *owns) return former;
