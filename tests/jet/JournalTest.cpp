@@ -5,6 +5,7 @@
 #include <random>
 
 #include "base/OpenOutcome.h"
+#include "jet/engine/JournalFormat.h"
 #include "support/CrashFileSystem.h"
 #include "support/FailingFileSystem.h"
 #include "support/MemoryFileSystem.h"
@@ -153,6 +154,26 @@ TEST_F(JournalTest, RubbleInTheJournalIsDiscarded) {
     cut[kPath + "-journal"].resize(length);
     MemoryFileSystem files(cut);
     EXPECT_FALSE(recover(files)) << length;
+  }
+}
+
+TEST_F(JournalTest, IsTakenBackOnlyWithItsOwnMark) {
+  const PageImages changes = {{1, edited(page(1), 7)}, {4, page(4)}};
+  const auto left = interrupted(pages(4), changes);
+  auto placed = jet::undoMarkFor(left.at(kPath + "-journal"));
+  for (const bool own : {true, false}) {
+    if (!own) placed.mark.secondSum = std::uint64_t{1};  // of an earlier journal
+    auto marked = left;
+    std::memcpy(marked[kPath + "-journal"].data() + placed.offset, &placed.mark,
+                sizeof(placed.mark));
+    MemoryFileSystem files(marked);
+    {
+      const auto reader = *files.open(kPath, base::OpenMode::Read);
+      const auto shown = Journal(files, kPath, kPage).pending(*reader);
+      EXPECT_EQ(shown->at(1), own ? page(1) : changes.at(1));
+    }
+    EXPECT_TRUE(recover(files));
+    EXPECT_EQ(files.get(kPath), own ? pages(4) : patched(pages(4), changes));
   }
 }
 
