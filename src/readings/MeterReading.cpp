@@ -27,6 +27,29 @@ std::string stepName(const YearSession& session, Meter meter, const PerMonth<dou
   return changed == 1 ? "Stand " + name + " " + months[last] : "Zählerstände " + name;
 }
 
+Result<void> store(const YearSession& session, YearRows& rows, const MeterEntries& entries) {
+  const Meter meter = entries.meter;
+  const yearbook::MeterFacts& facts = factsOf(meter);
+  for (int k = 0; k < kMonths; ++k)
+    if (auto done = rows.of(meter).setNumber(k, *facts.reading, entries.readings[k]); !done)
+      return done;
+  // The readings as their column holds them.
+  MeterYear year = meterYear(session, meter);
+  year.change = entries.change;
+  if (entries.startReading) {
+    year.startReading = *entries.startReading;
+    if (auto done = rows.adoZStaende.setNumber(0, *facts.startReading, entries.startReading); !done)
+      return done;
+  }
+  const auto months = workOut(facts.rule, year);
+  for (int k = 0; k < kMonths; ++k) {
+    if (auto done = rows.of(meter).setNumber(k, *facts.consumption, months[k].consumption); !done)
+      return done;
+    if (auto done = rows.setAmount(meter, k, months[k].amount); !done) return done;
+  }
+  return {};
+}
+
 }  // namespace
 
 PerMonth<WorkedMonth> workOut(PriceRule rule, const MeterYear& year) {
@@ -68,22 +91,18 @@ MeterYear meterYear(const YearSession& session, Meter meter) {
 
 Result<void> takeOver(YearSession& session, Meter meter, const PerMonth<double>& readings,
                       const MeterChange& change) {
-  const yearbook::MeterFacts& facts = factsOf(meter);
-  yearbook::Change step{stepName(session, meter, readings, change), facts.utility};
-  step.sides = {meterChangeFile(session, meter, change)};
+  return takeOver(session, {stepName(session, meter, readings, change), utilityOf(meter)},
+                  {{meter, readings, change}});
+}
+
+Result<void> takeOver(YearSession& session, yearbook::Change step,
+                      const std::vector<MeterEntries>& meters, const YearSession::Edit& more) {
+  for (const MeterEntries& entries : meters)
+    step.sides.push_back(meterChangeFile(session, entries.meter, entries.change));
   return session.transact(step, [&](YearRows& rows) -> Result<void> {
-    for (int k = 0; k < kMonths; ++k)
-      if (auto done = rows.of(meter).setNumber(k, *facts.reading, readings[k]); !done) return done;
-    // The readings as their column holds them.
-    MeterYear year = meterYear(session, meter);
-    year.change = change;
-    const auto months = workOut(facts.rule, year);
-    for (int k = 0; k < kMonths; ++k) {
-      if (auto done = rows.of(meter).setNumber(k, *facts.consumption, months[k].consumption); !done)
-        return done;
-      if (auto done = rows.setAmount(meter, k, months[k].amount); !done) return done;
-    }
-    return {};
+    for (const MeterEntries& entries : meters)
+      if (auto done = store(session, rows, entries); !done) return done;
+    return more ? more(rows) : Result<void>();
   });
 }
 

@@ -1,5 +1,7 @@
 #pragma once
 
+#include <vector>
+
 #include "readings/MeterChange.h"
 
 // Twelve readings of a meter in, consumption and price of every month out.
@@ -40,6 +42,17 @@ base::Result<void> takeOver(YearSession& session, Meter meter, const PerMonth<do
 
 // The row of the month that an error of the take over names.
 std::optional<int> rowAtFault(const YearSession& session, Meter meter, const base::Error& error);
+
+// The same for several meters as one step of the caller's name, with whatever more belongs to it.
+struct MeterEntries {
+  Meter meter = Meter::Day;
+  PerMonth<double> readings{};
+  MeterChange change;
+  std::optional<double> startReading = {};  // a new one for the year
+};
+base::Result<void> takeOver(YearSession& session, yearbook::Change step,
+                            const std::vector<MeterEntries>& meters,
+                            const YearSession::Edit& more = {});
 
 // Sets consumptions and amounts to 0 and forgets the change. The stored readings stay until the
 // next take over.

@@ -35,6 +35,24 @@ std::optional<double> usual(const PerMonth<WorkedMonth>& months, int position) {
 
 }  // namespace
 
+std::string_view wordsOf(Doubt doubt) {
+  switch (doubt) {
+    case Doubt::None:
+      break;
+    case Doubt::LowerThanBefore:
+      return "niedriger als der Stand davor";
+    case Doubt::LowerThanNewMeter:
+      return "niedriger als der Anfang des neuen Zählers";
+    case Doubt::Unusual:
+      return "mehr als das Dreifache des Üblichen";
+  }
+  return {};
+}
+
+std::optional<double> usualConsumption(const MeterYear& year, int position) {
+  return usual(workOut(PriceRule::CentPerUnit, year), position);
+}
+
 PerMonth<ReadingHint> readingHints(const MeterYear& year) {
   // Which rule prices the month does not matter here.
   const PerMonth<WorkedMonth> months = workOut(PriceRule::CentPerUnit, year);

@@ -1,5 +1,7 @@
 #pragma once
 
+#include <string_view>
+
 #include "readings/MeterReading.h"
 
 // What a look at the readings as they are typed tells, before they are taken over. Hints only:
@@ -13,6 +15,9 @@ enum class Doubt {
   Unusual,            // more than three times the usual consumption
 };
 
+// "niedriger als der Stand davor"; "" for none.
+std::string_view wordsOf(Doubt doubt);
+
 struct ReadingHint {
   bool entered = false;
   double consumption = 0;  // that would result
@@ -23,5 +28,7 @@ struct ReadingHint {
 // neighbours had, whichever is more, so that the rise of a heating season is no alarm. With fewer
 // than two other months nothing is usual yet.
 PerMonth<ReadingHint> readingHints(const MeterYear& year);
+// nullopt as long as nobody can tell.
+std::optional<double> usualConsumption(const MeterYear& year, int position);
 
 }  // namespace readings

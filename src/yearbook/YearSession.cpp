@@ -153,7 +153,10 @@ Result<std::vector<CellChange>> YearSession::follow(const Change& change) {
       const MeterFacts& facts = factsOf(meter);
       if (cell.field == facts.amount || cell.field == factsOf(facts.utility).monthAmount)
         amounts[facts.utility] = true;
-      if (cell.field == facts.consumption) consumptions[meter] = !change.chartTableWaits;
+      if (cell.field != facts.consumption) continue;
+      consumptions[meter] = !change.chartTableWaits;
+      // A change of several utilities names none of them.
+      modes_.cleared[facts.utility] = false;
     }
   }
   for (Utility utility : kUtilities)

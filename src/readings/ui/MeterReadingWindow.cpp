@@ -28,20 +28,6 @@ enum Row {
 
 constexpr int kReadingDigits = 12;
 
-QString doubtText(Doubt doubt) {
-  switch (doubt) {
-    case Doubt::None:
-      break;
-    case Doubt::LowerThanBefore:
-      return u"niedriger als der Stand davor"_s;
-    case Doubt::LowerThanNewMeter:
-      return u"niedriger als der Anfang des neuen Zählers"_s;
-    case Doubt::Unusual:
-      return u"mehr als das Dreifache des Üblichen"_s;
-  }
-  return {};
-}
-
 // A number as it would stand in the consumption column.
 QString plain(double value) {
   return QString::fromStdString(base::formatShort(value));
@@ -134,8 +120,8 @@ void MeterReadingWindow::arrange() {
   // The first heading ends before the second begins.
   grid->setColumnMinimumWidth(kMonth, lblHeader->headingWidth(0) - txtAnfStand->minimumWidth());
   grid->setColumnStretch(kHint, 1);
-  grid->setColumnMinimumWidth(
-      kHint, fontMetrics().horizontalAdvance(u"ergibt −1000000: "_s + doubtText(Doubt::Unusual)));
+  grid->setColumnMinimumWidth(kHint, fontMetrics().horizontalAdvance(
+                                         u"ergibt −1000000: "_s + utf8(wordsOf(Doubt::Unusual))));
   grid->setColumnMinimumWidth(kConsumption, fontMetrics().horizontalAdvance(u"00000000"_s));
   grid->addWidget(widgets::makeRule(this), kButtonRule, 0, 1, kColumns);
   auto* buttons = buttonRow({Command5, Command3}, {Command1, Command2});
@@ -337,7 +323,7 @@ void MeterReadingWindow::showHints() {
   const auto hints = readingHints(year);
   for (int k = 0; k < kMonths; ++k) {
     const ReadingHint& hint = hints[k];
-    const QString doubt = doubtText(hint.doubt);
+    const QString doubt = utf8(wordsOf(hint.doubt));
     const QString result = plain(hint.consumption);
     QString text;
     if (hint.entered && result != lblVerbrauch(k)->text()) text = u"ergibt "_s + result;
