@@ -14,6 +14,7 @@ foreach(folder ${rules})
   set(sees_${folder} ${sees_yearbook} ${folder})
 endforeach()
 set(sees_readingbook ${sees_readings} readingbook)
+set(sees_nextyear ${sees_readingbook} nextyear)
 set(sees_analysis ${sees_yearbook} reports charts analysis)
 set(sees_widgets base widgets)
 set(sees_dialogs base ${windows})
@@ -22,9 +23,9 @@ foreach(folder yearbook ${rules})
 endforeach()
 set(sees_mainwindow ${sees_yearbook} ${rules} ${windows} yearbook/ui readings/ui reports/ui
     projection/ui charts/ui mainwindow)
-set(sees_app/ui ${sees_mainwindow} analysis app app/ui)
+set(sees_app/ui ${sees_mainwindow} readingbook nextyear analysis app app/ui)
 
-set(pure base jet yearbook app ${rules} readingbook analysis)
+set(pure base jet yearbook app ${rules} readingbook nextyear analysis)
 set(folders ${pure} jet/engine jet/format widgets dialogs yearbook/ui readings/ui reports/ui projection/ui
     charts/ui mainwindow app/ui)
 
