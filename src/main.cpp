@@ -1,6 +1,7 @@
 #include <QApplication>
 #include <iostream>
 
+#include "app/DataFolder.h"
 #include "app/ui/CommandLineRun.h"
 #include "app/ui/Console.h"
 #include "app/ui/Program.h"
@@ -25,5 +26,6 @@ int main(int argc, char** argv) {
   }
   const auto files = base::makeDiskFileSystem();
   const base::SystemClock clock;
-  return app::runCommandLine(line, {*files, clock, std::cout, std::cerr});
+  return app::runCommandLine(
+      line, {*files, clock, std::cout, std::cerr, app::readSystemFacts().programFolder});
 }

@@ -18,7 +18,8 @@ struct Option {
   Action action;
   bool hasTarget;
   bool needsFile;
-  bool isTable = false;  // --csv beside it names the file that the table goes to
+  bool isTable = false;      // --csv beside it names the file that the table goes to
+  bool readsTarget = false;  // what is named behind it is a source
 };
 constexpr std::array kOptions = {Option{"--uebersicht", Action::Overview, false, true},
                                  Option{"--html", Action::Html, true, true},
@@ -27,6 +28,8 @@ constexpr std::array kOptions = {Option{"--uebersicht", Action::Overview, false,
                                  Option{"--alle-jahre", Action::AllYears, false, false, true},
                                  Option{"--prognose", Action::Forecast, false, true, true},
                                  Option{"--tarife", Action::Tariffs, false, true, true},
+                                 Option{"--einlesen", Action::Import, true, true, false, true},
+                                 Option{"--fortfuehren", Action::Continue, true, true, false, true},
                                  Option{"--pruefen", Action::Check, false, true},
                                  Option{"--version", Action::Version, false, false},
                                  Option{"--help", Action::Help, false, false}};
@@ -109,8 +112,10 @@ class Parser {
     chosen_ = both;
     line_.action = both->action;
     if (!option.hasTarget) return;
-    line_.target = value("Nach " + std::string(option.name) + " fehlt die Zieldatei.");
-    if (isNamedAsYear(line_.target))
+    line_.target = value(
+        "Nach " + std::string(option.name) +
+        (option.readsTarget ? " fehlt die Datei, aus der gelesen wird." : " fehlt die Zieldatei."));
+    if (!option.readsTarget && isNamedAsYear(line_.target))
       problem_ = "Eine Jahresdatei wird nicht überschrieben: " + line_.target;
   }
 
@@ -155,6 +160,10 @@ std::string commandLineHelp() {
          "      --stand MONAT        als wären nur so viele Monate (1 bis 12) abgelesen\n"
          "  --tarife DATEI.kwd       Angebote mit dem bisherigen Vertrag vergleichen\n"
          "      --csv ZIEL           neben diesen dreien: die Tabelle als CSV schreiben\n"
+         "  --einlesen TABELLE.csv DATEI.kwd\n"
+         "                           Zählerstände in Ablesebuch und Monate übernehmen\n"
+         "  --fortfuehren ALT.kwd NEU.kwd\n"
+         "                           neues Jahr anlegen, das beginnt, wo ALT endet\n"
          "  --pruefen DATEI.kwd      Datei Seite für Seite prüfen, nichts ändern\n"
          "  --version                Version ausgeben\n"
          "  --help                   diese Hilfe\n";

@@ -16,6 +16,8 @@ struct CommandLine {
     AllYears,  // --alle-jahre [FOLDER]: the table of all years, to `target` where one is given
     Forecast,  // --prognose, likewise
     Tariffs,   // --tarife, likewise
+    Import,    // --einlesen TABLE (in `target`)
+    Continue,  // --fortfuehren OLD (in `target`); `file` is the new year
     Check,     // --pruefen
     Version,
     Help,

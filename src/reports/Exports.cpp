@@ -13,8 +13,9 @@ base::Result<void> exportHtml(base::FileSystem& files, const std::string& path,
 }
 
 base::Result<void> exportCsv(base::FileSystem& files, const std::string& path,
-                             const DetailInput& input) {
-  const std::string csv = toCsv(buildDetailTable(input, {true, true, true, true, true}));
+                             const DetailInput& input, const std::string& below) {
+  std::string csv = toCsv(buildDetailTable(input, {true, true, true, true, true}));
+  if (!below.empty()) csv += "\r\n" + below;
   return files.replaceFile(path, base::asBytes(csv));
 }
 

@@ -12,9 +12,9 @@ namespace reports {
 
 base::Result<void> exportHtml(base::FileSystem& files, const std::string& path,
                               const OverviewInput& input);
-// The detailed months of all meters.
+// The detailed months of all meters; another table can stand below them.
 base::Result<void> exportCsv(base::FileSystem& files, const std::string& path,
-                             const DetailInput& input);
+                             const DetailInput& input, const std::string& below = {});
 // The overview as the terminal shows it, with the plain sentences below.
 std::string overviewText(const OverviewInput& input);
 

@@ -4,7 +4,9 @@
 #include "app/StrayJournal.h"
 #include "app/YearFiles.h"
 #include "app/ui/TableReports.h"
+#include "app/ui/YearCommands.h"
 #include "base/Paths.h"
+#include "readingbook/BookOfYear.h"
 #include "reports/Exports.h"
 #include "reports/YearReport.h"
 #include "reports/ui/PdfExport.h"
@@ -44,7 +46,8 @@ base::Result<void> writeReport(const CommandLine& line, const Console& console) 
                                 reports::documentName(console.clock.today()));
     case CommandLine::Action::Csv:
       return reports::exportCsv(console.files, line.target,
-                                reports::detailInput(year, console.clock.today()));
+                                reports::detailInput(year, console.clock.today()),
+                                readingbook::readingsTable(year));
     default:
       console.out << reports::overviewText(input);
       return {};
@@ -92,6 +95,10 @@ int runCommandLine(const CommandLine& line, const Console& console) {
       return 1;
     case CommandLine::Action::Check:
       return check(line, console);
+    case CommandLine::Action::Import:
+      return importTable(line, console);
+    case CommandLine::Action::Continue:
+      return continueYear(line, console);
     default:
       break;
   }

@@ -14,10 +14,12 @@ struct Console {
   const base::Clock& clock;
   std::ostream& out;
   std::ostream& err;
+  std::string programFolder = {};  // with the template of new years; ends with the separator
 };
 
 // Carries out every action but Windows. 0 on success; else 1 and a German message on err that
-// names file and reason. Year files are only read. Pdf needs a QGuiApplication (offscreen will do).
+// names file and reason. Year files are only read, but by Import and Continue. Pdf needs a
+// QGuiApplication (offscreen will do).
 int runCommandLine(const CommandLine& line, const Console& console);
 
 }  // namespace app
