@@ -216,7 +216,7 @@ std::string changeText(double change) {
 std::string startText(const Year& year) {
   switch (year.source) {
     case StartSource::StartDate:
-      return "Start-Datum " + year.values.startDate;
+      return "ab " + year.values.startDate;
     case StartSource::FileName:
       return "Jahr aus dem Namen";
     case StartSource::FileDate:

@@ -43,7 +43,7 @@ std::string_view spokenName(Meter meter);
 std::string summaryOf(const YearFolder& folder);
 // A sentence for each damaged year, with the reason.
 std::vector<std::string> remarksOf(const YearFolder& folder);
-// How the year's place in time was found: "Start-Datum 01.01.2025".
+// How the year's place in time was found: "ab 01.01.2025", by the start date.
 std::string startText(const Year& year);
 // "+4,3 %" of a change of 0.043.
 std::string changeText(double change);

@@ -34,6 +34,7 @@ frmVerbrauch::frmVerbrauch(dialogs::Services& services,
   buildMenus();
   buildEditMenu();
   buildOptionsMenu();
+  buildAnalysisMenu();
   buildToolbar();
   connectMenus();
   connectPages();

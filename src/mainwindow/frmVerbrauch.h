@@ -65,6 +65,11 @@ class frmVerbrauch final : public QMainWindow {
   QAction* const mnuDelete = entry("mnuDelete");
   QAction* const mnuHochrechnung = entry("mnuHochrechnung");
   QAction* const mnuRechner = entry("mnuRechner");
+  QMenu* const mnuAuswertung = menu("mnuAuswertung");
+  QAction* const mnuAlleJahre = entry("mnuAlleJahre");
+  QAction* const mnuPrognose = entry("mnuPrognose");
+  QAction* const mnuTarife = entry("mnuTarife");
+  QAction* const mnuDiagrammAlle = entry("mnuDiagrammAlle");
   QMenu* const mnuHilfe = menu("mnuHilfe");
   QAction* const mnuHelp = entry("mnuHelp");
   QAction* const mnuHelpZW = entry("mnuHelpZW");
@@ -83,6 +88,7 @@ class frmVerbrauch final : public QMainWindow {
   void buildMenus();
   void buildEditMenu();
   void buildOptionsMenu();
+  void buildAnalysisMenu();
   void buildToolbar();
   void buildPages();
   void connectMenus();

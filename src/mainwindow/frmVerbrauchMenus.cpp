@@ -51,6 +51,7 @@ void frmVerbrauch::buildMenus() {
   menuBar()->addMenu(mnuVerbrauch);
   menuBar()->addMenu(mnuBearbeiten);
   menuBar()->addMenu(mnuOpt);
+  menuBar()->addMenu(mnuAuswertung);
   mnuHilfe->setTitle(u"&?"_s);
   mnuHelp->setText(u"&Hilfe"_s);
   mnuHelp->setShortcut(QKeySequence::HelpContents);

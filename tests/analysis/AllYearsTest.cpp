@@ -70,7 +70,7 @@ TEST_F(AllYears, GoByStartDateThenNameThenDateOfTheFile) {
   copy("Verbrauch2024.kwd", "Haushalt.kwd");
   const YearFolder read = folder();
   EXPECT_THAT(names(read), ElementsAre("Verbrauch2025", "Verbrauch2024", "Haushalt"));
-  EXPECT_EQ(startText(read.years[0]), "Start-Datum 01.07.2023");
+  EXPECT_EQ(startText(read.years[0]), "ab 01.07.2023");
   EXPECT_EQ(read.years[0].label(), "2023/24");
   EXPECT_EQ(startText(read.years[1]), "Jahr aus dem Namen");
   EXPECT_EQ(read.years[1].label(), "2024");

@@ -70,6 +70,10 @@ class frmVerbrStart final : public QMainWindow {
   QAction* const mnuImport = entry("mnuImport");
   QAction* const mnuPfadLRV = entry("mnuPfadLRV");
   QAction* const mnuPfadDel = entry("mnuPfadDel");
+  QMenu* const mnuAuswertung = menu("mnuAuswertung");
+  QAction* const mnuAlleJahre = entry("mnuAlleJahre");
+  QAction* const mnuPrognose = entry("mnuPrognose");
+  QAction* const mnuTarife = entry("mnuTarife");
   QAction* const mnuHilfe = entry("mnuHilfe");
 
   void activate();
@@ -82,6 +86,9 @@ class frmVerbrStart final : public QMainWindow {
   QAction* entry(const char* name);
   void setTexts();
   void buildMenus();
+  void buildAnalysisMenu();
+  template <class Window>
+  void showAnalysis();
   void buildLayout();
   void buildOptions();
   void connectControls();

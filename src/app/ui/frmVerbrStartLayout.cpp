@@ -44,6 +44,7 @@ void frmVerbrStart::buildMenus() {
   mnuHilfe->setToolTip(u"Hilfe"_s);
   menuBar()->addMenu(mnuDatei);
   menuBar()->addMenu(mnuVerbrDat);
+  buildAnalysisMenu();
   menuBar()->addAction(mnuHilfe);
 }
 

@@ -1,0 +1,172 @@
+#include "analysis/Sheet.h"
+
+#include <algorithm>
+#include <cmath>
+
+namespace analysis {
+namespace {
+
+using charts::Align;
+using charts::Color;
+using charts::Point;
+using charts::Rect;
+
+constexpr double kMargin = 12;
+constexpr double kGap = 6;
+constexpr double kHatchStep = 5;
+
+}  // namespace
+
+Sheet::Sheet(const Frame& frame, const std::string& title, double labelRoom, int linesBelow)
+    : theme_(frame.theme),
+      canvas_(scene_, theme_, frame.measure),
+      textSize_(frame.textSize),
+      labelRoom_(labelRoom) {
+  scene_.width = frame.size.width;
+  scene_.height = frame.size.height;
+  scene_.background = theme_.outer;
+  const double line = textHeight();
+  titleWidth_ = textWidth(title, true);
+  text({kMargin, kMargin + line * 0.8}, title, ink(), true, Align::Start);
+  plot_ = {kMargin, kMargin + 2 * line + kGap, scene_.width - 2 * kMargin,
+           scene_.height - 2 * kMargin - (2 + linesBelow) * line - 2 * kGap};
+}
+
+double Sheet::textWidth(const std::string& text, bool bold) const {
+  return canvas_.measure(text, font(bold)).width;
+}
+
+double Sheet::textHeight() const {
+  return canvas_.measure("Äg", font(true)).height();
+}
+
+void Sheet::text(Point at, const std::string& text, Color color, bool bold, Align align) {
+  scene_.items.emplace_back(charts::Text{at, text, font(bold), color, align, 0});
+}
+
+void Sheet::key(const std::vector<KeyEntry>& entries) {
+  constexpr double kMark = 10;
+  double x = scene_.width - kMargin;
+  double base = kMargin + textHeight() * 0.8;
+  double width = 0;
+  for (const KeyEntry& entry : entries) width += textWidth(entry.text) + kGap + kMark + 2 * kMargin;
+  // Beside the title, or below it where that is too long.
+  if (titleWidth_ + width > scene_.width - 2 * kMargin) base += textHeight();
+  for (auto entry = entries.rbegin(); entry != entries.rend(); ++entry) {
+    text({x, base}, entry->text, ink(), false, Align::End);
+    x -= textWidth(entry->text) + kGap + kMark;
+    const Rect mark{x, base - kMark, kMark, kMark};
+    if (entry->mark == KeyEntry::Mark::Line)
+      line({{x - kMark, base - kMark / 2}, {x + kMark, base - kMark / 2}}, entry->color, 2.4);
+    else if (entry->mark == KeyEntry::Mark::Filled)
+      scene_.fill(mark.corners(), entry->color);
+    else {
+      scene_.fill(mark.corners(), charts::mix(ground(), entry->color, 0.15),
+                  charts::Stroke{entry->color, 1});
+      line({{x, base}, {x + kMark, base - kMark}}, entry->color, 1);
+    }
+    x -= 2 * kMargin;
+  }
+}
+
+void Sheet::values(double smallest, double largest, const std::string& unit) {
+  const int most = std::max(2, static_cast<int>(plot_.height / (2.2 * textHeight())));
+  axis_ = charts::makeAxis(smallest, largest, std::min(most, 6));
+  grid(unit);
+}
+
+void Sheet::grid(const std::string& unit) {
+  double widest = textWidth(unit);
+  for (const double tick : axis_.ticks()) widest = std::max(widest, textWidth(axis_.label(tick)));
+  plot_.x += widest + kGap;
+  plot_.width -= widest + kGap + labelRoom_;
+  const std::string scale = axis_.scaleName.empty() ? "" : axis_.scaleName + ' ';
+  text({plot_.x - kGap, plot_.y - textHeight() * 0.75}, scale + unit, quiet(), false, Align::End);
+  for (const double tick : axis_.ticks()) {
+    const bool zero = tick == 0;
+    line({{plot_.x, y(tick)}, {plot_.right(), y(tick)}}, zero ? theme_.axis : theme_.grid, 1);
+    text({plot_.x - kGap, y(tick) + textSize_ * 0.35}, axis_.label(tick), quiet(), false,
+         Align::End);
+  }
+}
+
+void Sheet::names(const std::vector<std::string>& names, int front) {
+  const int count = static_cast<int>(names.size());
+  if (count == 0) return;
+  double widest = 0;
+  for (const std::string& name : names) widest = std::max(widest, textWidth(name, true));
+  const double slot = plot_.width / count;
+  const int step = std::max(1, static_cast<int>(std::ceil((widest + kGap) / slot)));
+  // Counted from the end: the latest one always has its name.
+  for (int i = count - 1; i >= 0; i -= step) {
+    const bool bold = i == front;
+    text({slotCenter(i, count), plot_.bottom() + kGap + textHeight() * 0.8},
+         names[static_cast<std::size_t>(i)], bold ? ink() : quiet(), bold, Align::Middle);
+  }
+}
+
+void Sheet::numbers(double largest, const std::string& unit) {
+  const int most = std::max(2, static_cast<int>(plot_.width / (1.6 * textWidth("100.000"))));
+  const charts::Axis axis = charts::makeAxis(0, largest, most);
+  const double base = plot_.bottom() + kGap + textHeight() * 0.8;
+  for (const double tick : axis.ticks())
+    if (tick <= largest)
+      text({across(tick / largest), base}, axis.label(tick), quiet(), false, Align::Middle);
+  text({plot_.center().x, base + textHeight()},
+       (axis.scaleName.empty() ? "" : axis.scaleName + ' ') + unit, quiet(), false, Align::Middle);
+}
+
+double Sheet::y(double value) const {
+  return plot_.bottom() - axis_.share(value) * plot_.height;
+}
+
+double Sheet::slotCenter(int slot, int count) const {
+  return plot_.x + (slot + 0.5) * plot_.width / count;
+}
+
+void Sheet::bar(double center, double width, double value, Color color) {
+  scene_.fill(Rect{center - width / 2, std::min(y(value), y(0)), width, std::fabs(y(value) - y(0))}
+                  .corners(),
+              color);
+}
+
+void Sheet::hatchedBar(double center, double width, double value, Color color) {
+  const Rect bar{center - width / 2, y(value), width, y(0) - y(value)};
+  if (bar.height <= 0) return;
+  scene_.fill(bar.corners(), charts::mix(ground(), color, 0.12), charts::Stroke{color, 1.2});
+  // Lines x - bar.x + (bottom - y) = d, cut off at the bar.
+  for (double d = kHatchStep; d < width + bar.height; d += kHatchStep) {
+    const double fromX = std::max(0.0, d - bar.height), toX = std::min(d, width);
+    line({{bar.x + fromX, bar.bottom() - (d - fromX)}, {bar.x + toX, bar.bottom() - (d - toX)}},
+         color, 1);
+  }
+}
+
+void Sheet::whisker(double center, double width, double low, double high) {
+  line({{center, y(low)}, {center, y(high)}}, ink(), 1.2);
+  for (const double end : {low, high})
+    line({{center - width / 2, y(end)}, {center + width / 2, y(end)}}, ink(), 1.2);
+}
+
+void Sheet::line(std::vector<Point> points, Color color, double width, bool dashed) {
+  scene_.line(std::move(points), {color, width, dashed});
+}
+
+void Sheet::point(Point at, Color color) {
+  scene_.fill(charts::circle(at, 4), color, charts::Stroke{ground(), 1.4});
+}
+
+void Sheet::endLabel(Point end, const std::string& text, Color color, bool bold) {
+  // Where the end is taken, a line above or below it.
+  for (const double shift : {0.0, -textHeight(), textHeight()}) {
+    const Rect box{end.x + kGap, end.y + shift - textHeight() / 2, textWidth(text, bold),
+                   textHeight()};
+    const auto taken = [&](const Rect& other) { return other.intersects(box); };
+    if (std::any_of(endLabels_.begin(), endLabels_.end(), taken)) continue;
+    endLabels_.push_back(box);
+    this->text({box.x, end.y + shift + textSize_ * 0.35}, text, color, bold, Align::Start);
+    return;
+  }
+}
+
+}  // namespace analysis

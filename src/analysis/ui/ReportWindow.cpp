@@ -1,0 +1,186 @@
+#include "analysis/ui/ReportWindow.h"
+
+#include <QApplication>
+#include <QClipboard>
+#include <QHBoxLayout>
+#include <QHeaderView>
+#include <QIcon>
+#include <QLabel>
+#include <QMimeData>
+#include <QPainter>
+#include <QPrinter>
+#include <QStyledItemDelegate>
+#include <QTreeWidget>
+
+#include "dialogs/Prompts.h"
+#include "reports/DetailTable.h"
+#include "reports/FlexGridHTML.h"
+#include "reports/GridText.h"
+
+using namespace Qt::StringLiterals;
+
+namespace analysis {
+namespace {
+
+constexpr reports::PrintMargins kMargins{640, 640};
+constexpr int kLeastButton = 88;
+
+// Room between the rows.
+class RowDelegate final : public QStyledItemDelegate {
+ public:
+  using QStyledItemDelegate::QStyledItemDelegate;
+  QSize sizeHint(const QStyleOptionViewItem& option, const QModelIndex& index) const override {
+    constexpr int kRoom = 8;
+    const QSize hint = QStyledItemDelegate::sizeHint(option, index);
+    return {hint.width(), option.fontMetrics.height() + kRoom};
+  }
+};
+
+bool isRight(const reports::Grid& grid, int column) {
+  return grid.column(column).alignment == reports::Alignment::RightCenter;
+}
+
+}  // namespace
+
+ReportWindow::ReportWindow(const QString& name, const QString& caption,
+                           const dialogs::Services& services, QWidget* parent)
+    : Window(name, caption, services, parent) {
+  setWindowFlag(Qt::WindowMaximizeButtonHint);
+  cmdHilfe->setText(u"&Hilfe"_s);
+  cmdKopieren->setText(u"Tabelle &kopieren"_s);
+  cmdCsv->setText(u"Als &CSV speichern..."_s);
+  cmdHtml->setText(u"Als H&TML speichern..."_s);
+  cmdPdf->setText(u"Als &PDF speichern..."_s);
+  cmdDrucken->setText(u"&Drucken..."_s);
+  cmdSchliessen->setText(u"&Schließen"_s);
+  for (QPushButton* button :
+       {cmdHilfe, cmdKopieren, cmdCsv, cmdHtml, cmdPdf, cmdDrucken, cmdSchliessen}) {
+    button->setMinimumWidth(kLeastButton);
+    button->setAccessibleName(button->text().remove(u'&'));
+  }
+  connect(cmdHilfe, &QPushButton::clicked, this, &ReportWindow::showHelp);
+  connect(cmdKopieren, &QPushButton::clicked, this, &ReportWindow::copy);
+  connect(cmdCsv, &QPushButton::clicked, this, [this] {
+    save(u"*.csv (CSV-Tabelle)|*.csv"_s, u".csv"_s,
+         QByteArray::fromStdString(reports::toCsv(csvTable())));
+  });
+  connect(cmdHtml, &QPushButton::clicked, this, [this] {
+    save(u"*.html (HTML-Seite)|*.html"_s, u".html"_s,
+         QByteArray::fromStdString(
+             reports::FlexGridHTML::page(shownTable(), reports::plainScreen())));
+  });
+  connect(cmdPdf, &QPushButton::clicked, this,
+          [this] { save(u"*.pdf (PDF-Datei)|*.pdf"_s, u".pdf"_s, pdf()); });
+  connect(cmdDrucken, &QPushButton::clicked, this, &ReportWindow::print);
+  connect(cmdSchliessen, &QPushButton::clicked, this, &ReportWindow::reject);
+}
+
+QBoxLayout* ReportWindow::buildButtons() {
+  auto* buttons = new QHBoxLayout;
+  buttons->setSpacing(8);
+  buttons->addWidget(cmdHilfe);
+  buttons->addStretch();
+  for (QPushButton* button : {cmdKopieren, cmdCsv, cmdHtml, cmdPdf, cmdDrucken, cmdSchliessen})
+    buttons->addWidget(button);
+  return buttons;
+}
+
+void ReportWindow::copy() {
+  const reports::Grid table = shownTable();
+  auto* copied = new QMimeData;
+  copied->setText(QString::fromStdString(reports::toTabSeparated(table)));
+  copied->setHtml(QString::fromStdString(reports::toClipboardHtml(table)));
+  QApplication::clipboard()->setMimeData(copied);
+}
+
+void ReportWindow::save(const QString& filter, const QString& extension,
+                        const QByteArray& content) {
+  const QString title = accessibleName().isEmpty() ? windowTitle() : accessibleName();
+  const QString proposed = QString::fromStdString(services_.paths.DataFolder) + title;
+  const QString path =
+      services_.prompts.saveFile(this, filter, title + u" speichern"_s, proposed, extension);
+  if (path.isEmpty()) return;
+  const auto saved =
+      services_.files.replaceFile(path.toStdString(), base::asBytes(content.toStdString()));
+  if (!saved)
+    services_.prompts.tell(this, QString::fromStdString(base::germanMessage(saved.error())),
+                           windowTitle(), dialogs::Icon::Warning);
+}
+
+QByteArray ReportWindow::pdf() const {
+  const reports::Grid table = shownTable();
+  return reports::GridPrinter(table, windowTitle(), kMargins).toPdf();
+}
+
+void ReportWindow::print() {
+  const reports::Grid table = shownTable();
+  reports::printGrid(reports::GridPrinter(table, windowTitle(), kMargins), services_, this,
+                     choosePrinter_);
+}
+
+void showHeadings(QTreeWidget* tree, const reports::Grid& grid) {
+  tree->setColumnCount(grid.columns());
+  tree->setUniformRowHeights(true);
+  if (dynamic_cast<RowDelegate*>(tree->itemDelegate()) == nullptr)
+    tree->setItemDelegate(new RowDelegate(tree));
+  tree->setAllColumnsShowFocus(true);
+  for (int column = 0; column < grid.columns(); ++column) {
+    tree->headerItem()->setText(column, QString::fromStdString(grid.text(0, column)));
+    tree->headerItem()->setTextAlignment(
+        column, (isRight(grid, column) ? Qt::AlignRight : Qt::AlignLeft) | Qt::AlignVCenter);
+  }
+}
+
+void showRow(QTreeWidgetItem* item, const reports::Grid& grid, int row) {
+  for (int column = 0; column < grid.columns(); ++column) {
+    item->setText(column, QString::fromStdString(grid.text(row, column)).trimmed());
+    if (isRight(grid, column)) item->setTextAlignment(column, Qt::AlignRight | Qt::AlignVCenter);
+    if (!grid.cell(row, column).bold) continue;
+    QFont font = QApplication::font();
+    font.setBold(true);
+    item->setFont(column, font);
+  }
+}
+
+void fitColumns(QTreeWidget* tree) {
+  constexpr int kApart = 6;
+  tree->header()->setStretchLastSection(false);
+  for (int column = 0; column < tree->columnCount(); ++column) {
+    tree->resizeColumnToContents(column);
+    tree->setColumnWidth(column, tree->columnWidth(column) + kApart);
+  }
+}
+
+QIcon meterMark(const QPalette& palette, QColor color) {
+  constexpr int kRoom = 16, kMark = 10;
+  QIcon icon;
+  for (const int scale : {1, 2}) {
+    for (const QIcon::Mode mode : {QIcon::Normal, QIcon::Selected}) {
+      QPixmap picture(kRoom * scale, kRoom * scale);
+      picture.setDevicePixelRatio(scale);
+      picture.fill(Qt::transparent);
+      QPainter painter(&picture);
+      painter.setRenderHint(QPainter::Antialiasing);
+      painter.setBrush(color);
+      painter.setPen(mode == QIcon::Selected ? QPen(palette.color(QPalette::HighlightedText), 1.4)
+                                             : QPen(Qt::NoPen));
+      painter.drawRoundedRect(QRectF(3, 3, kMark, kMark), 2, 2);
+      icon.addPixmap(picture, mode);
+    }
+  }
+  return icon;
+}
+
+void makeQuiet(QLabel* label) {
+  constexpr double kText = 0.65;
+  const QPalette palette = label->palette();
+  const QColor text = palette.color(QPalette::WindowText), ground = palette.color(QPalette::Window);
+  const auto mix = [&](int a, int b) { return static_cast<int>(a * kText + b * (1 - kText)); };
+  QPalette quiet = palette;
+  quiet.setColor(QPalette::WindowText,
+                 QColor(mix(text.red(), ground.red()), mix(text.green(), ground.green()),
+                        mix(text.blue(), ground.blue())));
+  label->setPalette(quiet);
+}
+
+}  // namespace analysis
