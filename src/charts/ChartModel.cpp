@@ -105,7 +105,22 @@ std::string openingCaption(const YearData& year, Selection selection) {
   return "Startmonat ist  " + year.meters[metersOf(selection).front()][0].month;
 }
 
-ChartModel monthlyChart(const YearData& year, Selection selection) {
+void labelAsCosts(ChartModel& model, Shown shown) {
+  if (shown == Shown::Consumption) return;
+  constexpr std::string_view kConsumption = "Verbrauch ";
+  if (model.title.starts_with(kConsumption)) model.title.erase(0, kConsumption.size());
+  model.title = "Kosten " + model.title + (shown == Shown::Net ? ", netto" : ", brutto") +
+                " ohne Grundgebühr";
+  model.unit = "Euro";
+  model.secondUnit.clear();
+  for (Series& series : model.series) {
+    series.unit = model.unit;
+    series.secondAxis = false;
+    series.stack = 0;
+  }
+}
+
+ChartModel monthlyChart(const YearData& year, Selection selection, Shown shown) {
   const SelectionRow& row = rowOf(selection);
   const std::vector<Meter> meters = metersOf(selection);
   const MonthRows& first = year.meters[meters.front()];
@@ -119,12 +134,13 @@ ChartModel monthlyChart(const YearData& year, Selection selection) {
   }
   for (const Meter meter : meters) {
     const MeterLook& look = kLooks[meter];
-    Series series{look.name, look.hue, alignedValues(year.meters[meter], first), look.unit};
+    Series series{look.name, look.hue, alignedValues(year.rows(meter, shown), first), look.unit};
     series.secondAxis = series.unit != model.unit;
     series.stack = series.secondAxis ? 1 : 0;
     if (series.secondAxis) model.secondUnit = series.unit;
     model.series.push_back(std::move(series));
   }
+  labelAsCosts(model, shown);
   return model;
 }
 

@@ -44,7 +44,10 @@ Selection selectionOf(std::string_view mode);
 // The chart of one selection of the open year. Selection::None shows all four utilities,
 // electricity on an axis of its own; its months are those of the electricity, the others are put
 // beside them month by month.
-ChartModel monthlyChart(const YearData& year, Selection selection);
+ChartModel monthlyChart(const YearData& year, Selection selection,
+                        Shown shown = Shown::Consumption);
+// Makes a chart of consumptions one of euros: title, unit, one axis. Nothing for consumptions.
+void labelAsCosts(ChartModel& model, Shown shown);
 // "Startmonat ist  " and the first month of what the selection shows: the line before the drawing.
 std::string openingCaption(const YearData& year, Selection selection);
 

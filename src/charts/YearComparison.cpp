@@ -23,9 +23,9 @@ constexpr std::array<ComparisonRow, kLastComparison> kComparisons = {{
     {Meter::Night, "Strom / ", "Verbrauch Nachtstrom", "kWh", Hue::NightElectricity},
 }};
 
-Series yearSeries(const YearData& year, const ComparisonRow& row, Hue hue) {
+Series yearSeries(const YearData& year, const ComparisonRow& row, Hue hue, Shown shown) {
   return {row.prefix + base::baseName(year.databaseName), hue,
-          byCalendarMonth(year.meters[row.meter]), row.unit};
+          byCalendarMonth(year.rows(row.meter, shown)), row.unit};
 }
 
 }  // namespace
@@ -39,7 +39,7 @@ MonthValues byCalendarMonth(const MonthRows& rows) {
 }
 
 ChartModel comparisonChart(const YearData& openYear, const std::optional<YearData>& otherYear,
-                           int index) {
+                           int index, Shown shown) {
   const ComparisonRow& row = kComparisons.at(static_cast<std::size_t>(index - kFirstComparison));
   ChartModel model;
   model.title = row.title;
@@ -49,8 +49,9 @@ ChartModel comparisonChart(const YearData& openYear, const std::optional<YearDat
     model.months[i] = base::kMonthNames[i];
     model.labels[i] = shortMonth(base::kMonthNames[i]);
   }
-  model.series.push_back(yearSeries(openYear, row, row.hue));
-  if (otherYear) model.series.push_back(yearSeries(*otherYear, row, Hue::OtherYear));
+  model.series.push_back(yearSeries(openYear, row, row.hue, shown));
+  if (otherYear) model.series.push_back(yearSeries(*otherYear, row, Hue::OtherYear, shown));
+  labelAsCosts(model, shown);
   return model;
 }
 

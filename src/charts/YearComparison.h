@@ -17,6 +17,6 @@ MonthValues byCalendarMonth(const MonthRows& rows);
 // The open year first, then the other one if there is one. index is 1 to 5: electricity, gas,
 // water, waste water, night electricity.
 ChartModel comparisonChart(const YearData& openYear, const std::optional<YearData>& otherYear,
-                           int index);
+                           int index, Shown shown = Shown::Consumption);
 
 }  // namespace charts

@@ -26,10 +26,18 @@ struct MonthRow {
 };
 using MonthRows = yearbook::PerMonth<MonthRow>;
 
+// What a chart shows of each month.
+enum class Shown { Consumption, Net, Gross };
+
 // The consumptions of a year by position; position 0 is the start month.
 struct YearData {
   std::string databaseName;  // file name of the year database without its folder
   PerMeter<MonthRows> meters;
+  PerMeter<MonthRows> net;  // what they cost in euro, without base fees
+  PerMeter<double> vat{};   // percent
+
+  // The rows to be shown.
+  MonthRows rows(Meter meter, Shown shown) const;
 };
 
 // What the monthly chart shows of the open year: its chart table and the captions of its months.

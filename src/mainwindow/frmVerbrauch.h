@@ -101,7 +101,7 @@ class frmVerbrauch final : public QMainWindow {
   void opens(QPushButton* button);
   void showProjection();
   void showChart(const QString& mode);
-  void showComparison();
+  void showComparison(yearbook::Utility utility);
 
   bool finishEntry();
   void reactivate();

@@ -60,9 +60,13 @@ void frmVerbrauch::connectCharts() {
       {Frame2->cmdDiagrammWW, u"ww"_s},         {Frame3->cmdDiagrammGas, u"gas"_s}};
   for (const auto& [button, mode] : modes)
     connect(button, &QPushButton::clicked, this, [this, mode = mode] { showChart(mode); });
-  for (QPushButton* button :
-       {Frame1->cmdDiagrVergleich, Frame2->cmdDiagrVergleichW, Frame3->cmdDiagrVergleichG})
-    connect(button, &QPushButton::clicked, this, &frmVerbrauch::showComparison);
+  const std::pair<QPushButton*, yearbook::Utility> comparisons[] = {
+      {Frame1->cmdDiagrVergleich, yearbook::Utility::Electricity},
+      {Frame2->cmdDiagrVergleichW, yearbook::Utility::Water},
+      {Frame3->cmdDiagrVergleichG, yearbook::Utility::Gas}};
+  for (const auto& [button, utility] : comparisons)
+    connect(button, &QPushButton::clicked, this,
+            [this, utility = utility] { showComparison(utility); });
 }
 
 void frmVerbrauch::showChart(const QString& mode) {
@@ -71,8 +75,10 @@ void frmVerbrauch::showChart(const QString& mode) {
   reactivate();
 }
 
-void frmVerbrauch::showComparison() {
+void frmVerbrauch::showComparison(yearbook::Utility utility) {
   if (!editor_->run([this] { return session_->bringUpToDate(); })) return;
-  frmDiagrVergleich(services_, *session_, this).exec();
+  frmDiagrVergleich window(services_, *session_, this);
+  window.goOnWith(utility);
+  window.exec();
   reactivate();
 }

@@ -1,5 +1,6 @@
 #include "charts/ui/ChartWindow.h"
 
+#include <QActionGroup>
 #include <QEvent>
 
 #include "charts/SvgWriter.h"
@@ -138,9 +139,10 @@ void ChartWindow::chooseColor(std::optional<Color> ChartOptions::*target, Color 
 void ChartWindow::savePicture(const QString& filter, const std::string& extension,
                               const Encoder& encode, OnFailure onFailure) {
   const QString title = u"Pfad für Sicherung auswählen"_s;
-  const QString chosen = services_.prompts.saveFile(
-      this, filter, title, QString::fromStdString(services_.paths.DataFolder),
-      QString::fromStdString(extension));
+  const QString proposed =
+      QString::fromStdString(services_.paths.DataFolder + Chart2D1->model().title);
+  const QString chosen =
+      services_.prompts.saveFile(this, filter, title, proposed, QString::fromStdString(extension));
   if (chosen.isEmpty()) return;
   const QByteArray bytes = encode(Chart2D1->picture());
   const auto saved = services_.files.replaceFile(
@@ -227,9 +229,31 @@ void ChartWindow::buildPrintMenu() {
   mnuDruckAnp->setShortcut(QKeySequence::Print);
 }
 
+void ChartWindow::buildValueMenu() {
+  QMenu* menu = addMenu("mnuWerte", u"&Werte"_s);
+  auto* group = new QActionGroup(this);
+  const std::pair<QAction*, QString> entries[] = {{mnuWerteVerbrauch, u"&Verbrauch"_s},
+                                                  {mnuWerteNetto, u"Kosten in Euro, &netto"_s},
+                                                  {mnuWerteBrutto, u"Kosten in Euro, &brutto"_s}};
+  for (const auto& [entry, text] : entries) {
+    entry->setText(text);
+    entry->setCheckable(true);
+    group->addAction(entry);
+    menu->addAction(entry);
+    connect(entry, &QAction::triggered, this, [this] { draw(); });
+  }
+  mnuWerteVerbrauch->setChecked(true);
+}
+
+Shown ChartWindow::shown() const {
+  if (mnuWerteNetto->isChecked()) return Shown::Net;
+  return mnuWerteBrutto->isChecked() ? Shown::Gross : Shown::Consumption;
+}
+
 void ChartWindow::buildMenus() {
   buildChartMenu();
   buildPrintMenu();
+  buildValueMenu();
 
   QMenu* colors = addMenu("mnuFarben", u"&Farben"_s);
   mnuAussen->setText(u"Farbe &äußerer Bereich"_s);
@@ -260,6 +284,10 @@ void ChartWindow::buildMenus() {
   bars->addActions({mnuUeblap50, mnuRahmen});
   toggle(mnuProzent, u"&Prozentuale Anzeigel "_s, &ChartOptions::percent);
   menuBar->addAction(mnuProzent);
+  // A menu bar shows no tick of its own.
+  connect(mnuProzent, &QAction::toggled, this, [this](bool on) {
+    mnuProzent->setText((on ? u"✓ "_s : QString()) + u"&Prozentuale Anzeigel "_s);
+  });
 
   QMenu* legend = addMenu("mnuLegende", u"&Legende"_s);
   mnuEinAus->setText(u"Legende ausschalten"_s);

@@ -67,6 +67,10 @@ class ChartWindow : public dialogs::Window {
   QAction* const mnuDruckH = action("mnuDruckH");
   QAction* const mnuDruckAnp = action("mnuDruckAnp");
   QAction* const mnuDruckMax = action("mnuDruckMax");
+  // What is shown of each month; one of them is checked.
+  QAction* const mnuWerteVerbrauch = action("mnuWerteVerbrauch");
+  QAction* const mnuWerteNetto = action("mnuWerteNetto");
+  QAction* const mnuWerteBrutto = action("mnuWerteBrutto");
   QAction* const mnuAussen = action("mnuAussen");
   QAction* const mnuInnen = action("mnuInnen");
   QAction* const mnuStandardfarben = action("mnuStandardfarben");
@@ -91,6 +95,9 @@ class ChartWindow : public dialogs::Window {
   void addSelection(QRadioButton* button, const QString& caption);
   void selectType(ChartType type);
   ChartType selectedType() const { return options_.type; }
+  Shown shown() const;
+  // Shows what is selected.
+  virtual void draw() = 0;
 
   QMenu* chartMenu() const { return chartMenu_; }
 
@@ -103,6 +110,7 @@ class ChartWindow : public dialogs::Window {
   void buildMenus();
   void buildChartMenu();
   void buildPrintMenu();
+  void buildValueMenu();
   void buildLayout();
   QWidget* buildOptionColumn();
   void buildTypeFrame();

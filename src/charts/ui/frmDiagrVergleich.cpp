@@ -67,6 +67,16 @@ void frmDiagrVergleich::cmdAnderesJahrClick() {
   draw();
 }
 
+void frmDiagrVergleich::goOnWith(yearbook::Utility utility) {
+  constexpr yearbook::PerUtility<int> kIndices = {{{1, 3, 2}}};
+  firstIndex_ = kIndices[utility];
+}
+
+void frmDiagrVergleich::load() {
+  cmdAnderesJahrClick();
+  if (firstIndex_ != index_) Option1(firstIndex_)->click();
+}
+
 charts::YearData frmDiagrVergleich::openYear() const {
   charts::YearData year = charts::readYear(year_);
   if (!services_.paths.YearDatabaseName.empty())
@@ -75,7 +85,7 @@ charts::YearData frmDiagrVergleich::openYear() const {
 }
 
 void frmDiagrVergleich::draw() {
-  Chart2D1->setModel(charts::comparisonChart(openYear(), otherYear_, index_));
+  Chart2D1->setModel(charts::comparisonChart(openYear(), otherYear_, index_, shown()));
 }
 
 void frmDiagrVergleich::showEvent(QShowEvent* event) {
@@ -83,5 +93,5 @@ void frmDiagrVergleich::showEvent(QShowEvent* event) {
   if (asked_) return;
   asked_ = true;
   // Over the window, which shows the open year meanwhile.
-  QMetaObject::invokeMethod(this, &frmDiagrVergleich::cmdAnderesJahrClick, Qt::QueuedConnection);
+  QMetaObject::invokeMethod(this, &frmDiagrVergleich::load, Qt::QueuedConnection);
 }

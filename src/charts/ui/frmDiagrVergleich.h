@@ -23,17 +23,22 @@ class frmDiagrVergleich final : public charts::ChartWindow {
 
   // "Anderes Jahr öffnen"; cancelling leaves the chart as it is.
   void cmdAnderesJahrClick();
+  // Once the other year has been asked for and electricity compared, goes on with the main meter of
+  // that utility.
+  void goOnWith(yearbook::Utility utility);
 
  protected:
   void showEvent(QShowEvent* event) override;
 
  private:
+  void load();
   charts::YearData openYear() const;
-  void draw();
+  void draw() override;
 
   const yearbook::YearSession& year_;
   std::optional<charts::YearData> otherYear_;
   std::array<QRadioButton*, charts::kLastComparison> selections_{};
   int index_ = charts::kFirstComparison;
+  int firstIndex_ = charts::kFirstComparison;
   bool asked_ = false;
 };

@@ -38,7 +38,7 @@ void frmDiagramm::load() {
 }
 
 void frmDiagramm::draw() {
-  Chart2D1->setModel(charts::monthlyChart(charts::readChartTable(year_), selection_));
+  Chart2D1->setModel(charts::monthlyChart(charts::readChartTable(year_), selection_, shown()));
 }
 
 void frmDiagramm::Option1Click(int index) {

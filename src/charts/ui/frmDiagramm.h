@@ -26,7 +26,7 @@ class frmDiagramm final : public charts::ChartWindow {
 
  private:
   void load();
-  void draw();
+  void draw() override;
   void Option1Click(int index);
 
   const yearbook::YearSession& year_;

@@ -167,6 +167,71 @@ TEST_F(ChartUse, PercentIsWrittenAtTheAxisAndTheValues) {
   EXPECT_TRUE(texts(*window).contains(u"kWh"_s));
 }
 
+TEST_F(ChartUse, TheMenuTellsWhetherPercentIsOn) {
+  const auto window = monthly();
+  EXPECT_EQ(window->mnuProzent->text(), u"&Prozentuale Anzeigel "_s);
+  window->mnuProzent->trigger();
+  EXPECT_EQ(window->mnuProzent->text(), u"✓ &Prozentuale Anzeigel "_s);
+  window->mnuProzent->trigger();
+  EXPECT_EQ(window->mnuProzent->text(), u"&Prozentuale Anzeigel "_s);
+}
+
+// Gas in January 2025: 240 m³ of 10,523 kWh at 9,45 ct.
+TEST_F(ChartUse, EveryChartShowsEurosInsteadOfConsumptions) {
+  const auto window = monthly("gas");
+  const double net = 240 * 10.523 * 9.45 / 100;
+  window->mnuWerteNetto->trigger();
+  EXPECT_NEAR(*modelOf(*window).series[0].values[0], net, 1e-4);
+  EXPECT_EQ(modelOf(*window).title, "Kosten Gas, netto ohne Grundgebühr");
+  EXPECT_EQ(modelOf(*window).unit, "Euro");
+  window->mnuWerteBrutto->trigger();
+  EXPECT_NEAR(*modelOf(*window).series[0].values[0], net * 1.19, 1e-4);
+  window->Option1(1)->click();  // the other meters follow
+  EXPECT_EQ(modelOf(*window).title, "Kosten Strom, brutto ohne Grundgebühr");
+  window->mnuWerteVerbrauch->trigger();
+  EXPECT_EQ(*modelOf(*window).series[0].values[0], 291);
+}
+
+TEST_F(ChartUse, EurosOfAllMetersHaveOneAxis) {
+  const auto window = monthly("alle");
+  EXPECT_FALSE(modelOf(*window).secondUnit.empty());
+  window->mnuWerteNetto->trigger();
+  EXPECT_TRUE(modelOf(*window).secondUnit.empty());
+  ASSERT_EQ(modelOf(*window).series.size(), 4U);
+  for (const charts::Series& series : modelOf(*window).series) {
+    EXPECT_EQ(series.unit, "Euro");
+    EXPECT_FALSE(series.secondAxis);
+  }
+  EXPECT_NEAR(*modelOf(*window).series[2].values[0], 22.5, 1e-9);  // 10 m³ of water at 2,25 euro
+}
+
+TEST_F(ChartUse, BothYearsAreComparedInEuros) {
+  const auto window = comparison(u"/daten/Verbrauch2024.kwd"_s);
+  window->Option1(2)->click();
+  window->mnuWerteBrutto->trigger();
+  EXPECT_NEAR(*modelOf(*window).series[1].values[0], 237 * 10.483 * 8.95 / 100 * 1.19, 1e-4);
+  EXPECT_EQ(modelOf(*window).unit, "Euro");
+}
+
+TEST_F(ChartUse, TheComparisonGoesOnWithTheMeterThatItWasOpenedFrom) {
+  prompts_.answerPath(u"/daten/Verbrauch2024.kwd"_s);
+  frmDiagrVergleich window(services_, *year_);
+  window.goOnWith(yearbook::Utility::Gas);
+  EXPECT_EQ(modelOf(window).title, "Verbrauch Strom");
+  window.show();
+  QTest::qWait(1);
+  EXPECT_EQ(modelOf(window).title, "Verbrauch Gas");
+  EXPECT_EQ(modelOf(window).series.size(), 2U);
+  EXPECT_TRUE(window.Option1(2)->isChecked());
+}
+
+TEST_F(ChartUse, APictureIsSavedUnderTheChartsTitleUnlessAnotherNameIsGiven) {
+  const auto window = monthly("gas");
+  prompts_.answerPath({});
+  window->mnuSavePng->trigger();
+  EXPECT_EQ(prompts_.last().preset, u"/daten/Verbrauch Gas"_s);
+}
+
 TEST_F(ChartUse, ColoursGoBackToTheStandard) {
   const auto window = monthly();
   const charts::Color usual = window->Chart2D1->shownScene().background;

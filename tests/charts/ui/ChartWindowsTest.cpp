@@ -199,7 +199,7 @@ TEST_F(ChartWindows, SavePicturesUnderTheChosenName) {
     EXPECT_EQ(stored(row.written).substr(0, row.begin.size()), row.begin) << row.written;
     EXPECT_EQ(prompts_.last().title, u"Pfad für Sicherung auswählen"_s);
     EXPECT_EQ(prompts_.last().text, QString::fromLatin1(row.filter));
-    EXPECT_EQ(prompts_.last().preset, u"/daten/"_s);
+    EXPECT_EQ(prompts_.last().preset, u"/daten/Verbrauch Strom"_s);
   }
   const QImage bitmap = QImage::fromData(QByteArray::fromStdString(stored("bild.bmp")), "BMP");
   EXPECT_EQ(bitmap.size(), window->Chart2D1->size());
