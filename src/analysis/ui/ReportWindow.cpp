@@ -9,6 +9,7 @@
 #include <QMimeData>
 #include <QPainter>
 #include <QPrinter>
+#include <QScreen>
 #include <QStyledItemDelegate>
 #include <QTreeWidget>
 
@@ -83,6 +84,10 @@ QBoxLayout* ReportWindow::buildButtons() {
   for (QPushButton* button : {cmdKopieren, cmdCsv, cmdHtml, cmdPdf, cmdDrucken, cmdSchliessen})
     buttons->addWidget(button);
   return buttons;
+}
+
+void ReportWindow::openAs(QSize size) {
+  resize(size.boundedTo(screen()->availableSize()));
 }
 
 void ReportWindow::copy() {

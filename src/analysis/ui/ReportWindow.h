@@ -37,6 +37,8 @@ class ReportWindow : public dialogs::Window {
   virtual reports::Grid csvTable() const = 0;
 
   QBoxLayout* buildButtons();
+  // That large, or as large as the free screen.
+  void openAs(QSize size);
 
  private:
   void copy();

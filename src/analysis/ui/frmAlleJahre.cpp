@@ -136,7 +136,7 @@ void frmAlleJahre::buildLayout() {
   page->addWidget(lblFehlt);
   page->addLayout(pictures, 1);
   page->addLayout(buildButtons());
-  resize(1340, 740);
+  openAs({1340, 740});
 }
 
 void frmAlleJahre::fill(int segment) {

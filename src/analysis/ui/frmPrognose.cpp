@@ -158,7 +158,7 @@ void frmPrognose::buildLayout() {
   page->addWidget(buildCards());
   page->addLayout(middle, 1);
   page->addLayout(buildButtons());
-  resize(1160, 600);
+  openAs({1160, 600});
 }
 
 void frmPrognose::fillTable() {
