@@ -29,7 +29,7 @@ class RenamedYear : public testing::Test {
   }
   static std::string offered(const MidChange::Contents& contents) {
     support::MemoryFileSystem files(contents);
-    const std::string former = app::formerNameOf(files, "/daten/", "Haus 2026.kwd");
+    std::string former = app::formerNameOf(files, "/daten/", "Haus 2026.kwd");
     EXPECT_EQ(files.contents(), contents);
     return former;
   }

@@ -93,6 +93,8 @@ TEST(WriteObstacle, OfAFailedCommitLastsUntilTheDiskIsSound) {
   EXPECT_GT(obstacles, 3);
 }
 
+#ifndef _WIN32  // there a folder with an open file cannot be moved
+
 // A stick with the year on it, as a folder of the real disk.
 class TakenOut : public testing::Test {
  protected:
@@ -157,5 +159,7 @@ TEST_F(TakenOut, ComesBackChangedAndIsLeftAlone) {
   database.reset();
   EXPECT_EQ(files->readText(path), before);
 }
+
+#endif
 
 }  // namespace
