@@ -248,7 +248,7 @@ Result<bool> Journal::recover(base::File& database) {
 }
 
 Result<PageImages> Journal::pending(const base::File& database) const {
-  const auto journal = loadFor(*files_, path_, database);
+  auto journal = loadFor(*files_, path_, database);
   if (!journal) return Failure(journal.error());
   if (!*journal) return PageImages();
   if (!(*journal)->undone) return std::move((*journal)->after);
