@@ -18,12 +18,14 @@ constexpr double kLabelGap = 4;
 
 std::vector<std::string> labelsOf(const std::vector<YearFigures>& years) {
   std::vector<std::string> labels;
+  labels.reserve(years.size());
   for (const YearFigures& year : years) labels.push_back(year.year->label());
   return labels;
 }
 
 std::vector<std::string> calendarLabels() {
   std::vector<std::string> labels;
+  labels.reserve(base::kMonthNames.size());
   for (const auto month : base::kMonthNames) labels.push_back(charts::shortMonth(month));
   return labels;
 }

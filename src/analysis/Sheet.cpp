@@ -135,7 +135,9 @@ void Sheet::hatchedBar(double center, double width, double value, Color color) {
   if (bar.height <= 0) return;
   scene_.fill(bar.corners(), charts::mix(ground(), color, 0.12), charts::Stroke{color, 1.2});
   // Lines x - bar.x + (bottom - y) = d, cut off at the bar.
-  for (double d = kHatchStep; d < width + bar.height; d += kHatchStep) {
+  const int strokes = static_cast<int>((width + bar.height) / kHatchStep);
+  for (int i = 1; i <= strokes; ++i) {
+    const double d = i * kHatchStep;
     const double fromX = std::max(0.0, d - bar.height), toX = std::min(d, width);
     line({{bar.x + fromX, bar.bottom() - (d - fromX)}, {bar.x + toX, bar.bottom() - (d - toX)}},
          color, 1);

@@ -57,6 +57,7 @@ QLabel* cardLine(const QString& line, double size, bool bold) {
   font.setBold(bold);
   label->setFont(font);
   label->setForegroundRole(QPalette::Text);
+  label->setWordWrap(true);
   label->setTextInteractionFlags(Qt::TextSelectableByMouse);
   label->setFocusPolicy(Qt::NoFocus);
   return label;
