@@ -64,6 +64,16 @@ TEST_F(AllYears, MonthsEndWithTheLastOneThatWasRead) {
   EXPECT_TRUE(yearNamed(read, "Verbrauch2025").isComplete(Meter::Gas));
 }
 
+TEST_F(AllYears, CountMonthsThatHaveAConsumptionAlone) {
+  edit("Verbrauch2025.kwd", [](yearbook::YearRows& rows) -> base::Result<void> {
+    for (int i = 0; i < kMonths; ++i)
+      if (auto set = rows.adoGas.setNumber(i, yearbook::gas::reading, 0); !set) return set;
+    return {};
+  });
+  const YearFolder read = folder();
+  EXPECT_TRUE(yearNamed(read, "Verbrauch2025").isComplete(Meter::Gas));
+}
+
 TEST_F(AllYears, GoByStartDateThenNameThenDateOfTheFile) {
   setStartDate("Verbrauch2025.kwd", "01.07.2023");
   setStartDate("Verbrauch2024.kwd", "");

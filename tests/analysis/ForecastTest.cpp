@@ -155,6 +155,13 @@ TEST_F(ForecastOfTheSample, PricesAndPaymentsHoldAsEnteredElseAsTheLast) {
   EXPECT_EQ(utility.from, "Oktober");
 }
 
+TEST_F(ForecastOfTheSample, RestsOnCompleteYearsOnly) {
+  endAt("Verbrauch2024.kwd", 9);
+  const YearFolder read = folder();
+  const auto forecast = forecastOf(read.years.back(), read, 3);
+  EXPECT_TRUE(forecast.meters[Meter::Gas]->ownYears.empty());
+}
+
 TEST_F(ForecastOfTheSample, HasTheBaseFeeAlsoWhereOnlyTheNightTariffIsUsed) {
   edit("Verbrauch2025.kwd", [](yearbook::YearRows& rows) -> base::Result<void> {
     for (int i = 0; i < kMonths; ++i)

@@ -85,8 +85,11 @@ TEST(CheaperWhere, NamesTheSideOnWhichAnOfferCostsLess) {
 }
 
 TEST_F(Tariffs, RestOnTheLastCompleteYearElseOnTheForecast) {
-  endAt("Verbrauch2025.kwd", 9);
   YearFolder read = folder();
+  EXPECT_EQ(usualBasis(read.years.front(), read, Energy::Gas).text,
+            "letztes ganzes Jahr: Verbrauch2024");
+  endAt("Verbrauch2025.kwd", 9);
+  read = folder();
   EXPECT_EQ(usualBasis(read.years.back(), read, Energy::Gas).text,
             "letztes ganzes Jahr: Verbrauch2024");
   ASSERT_TRUE(disk.remove(pathOf("Verbrauch2024.kwd")));
