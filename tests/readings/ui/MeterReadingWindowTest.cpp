@@ -23,6 +23,7 @@ class MeterReadingWindow : public OpenYear {
   template <class Array>
   static std::vector<std::string> texts(const Array& array, int count = 12) {
     std::vector<std::string> all;
+    all.reserve(static_cast<std::size_t>(count));
     for (int k = 0; k < count; ++k) all.push_back(array(k)->text().toStdString());
     return all;
   }
