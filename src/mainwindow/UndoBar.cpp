@@ -1,14 +1,12 @@
 #include "mainwindow/UndoBar.h"
 
-#include <QAccessible>
 #include <QHBoxLayout>
-#include <QPainter>
 
 using namespace Qt::Literals::StringLiterals;
 
 namespace mainwindow {
 
-UndoBar::UndoBar(QWidget* parent) : QFrame(parent) {
+UndoBar::UndoBar(QWidget* parent) : Bar(parent) {
   setObjectName(u"fraGeaendert"_s);
   setAccessibleName(u"Geändert"_s);
   auto* row = new QHBoxLayout(this);
@@ -34,19 +32,7 @@ void UndoBar::offer(const QString& text) {
   lblGeaendert->setText(text);
   setVisible(!text.isEmpty());
   if (text.isEmpty()) return;
-  QAccessibleEvent alert(lblGeaendert, QAccessible::Alert);
-  QAccessible::updateAccessibility(&alert);
-}
-
-// A stripe and a tint of the ground, so that it stays quiet in light and dark.
-void UndoBar::paintEvent(QPaintEvent*) {
-  constexpr int kStripe = 4;
-  QPainter painter(this);
-  const QColor accent = palette().color(QPalette::Active, QPalette::Highlight);
-  QColor tint = accent;
-  tint.setAlpha(34);
-  painter.fillRect(rect(), tint);
-  painter.fillRect(QRect(0, 0, kStripe, height()), accent);
+  announce(lblGeaendert);
 }
 
 }  // namespace mainwindow

@@ -1,17 +1,17 @@
 #pragma once
 
-#include <QFrame>
 #include <QLabel>
 #include <QPushButton>
 #include <QToolButton>
 
+#include "mainwindow/Bar.h"
 #include "widgets/control.h"
 
 namespace mainwindow {
 
 // Below the menus: what a change of many values has done, and the way back. Stays until that is
 // taken, the bar is closed or the year is left.
-class UndoBar final : public QFrame {
+class UndoBar final : public Bar {
   Q_OBJECT
  public:
   explicit UndoBar(QWidget* parent);
@@ -21,9 +21,6 @@ class UndoBar final : public QFrame {
   QLabel* const lblGeaendert = widgets::control<QLabel>(this, "lblGeaendert");
   QPushButton* const cmdRueckgaengig = widgets::control<QPushButton>(this, "cmdRueckgaengig");
   QToolButton* const cmdHinweisZu = widgets::control<QToolButton>(this, "cmdHinweisZu");
-
- protected:
-  void paintEvent(QPaintEvent* event) override;
 };
 
 }  // namespace mainwindow

@@ -39,9 +39,11 @@ frmVerbrauch::frmVerbrauch(dialogs::Services& services,
   connectMenus();
   connectPages();
   connectEntryWindows();
+  connectBookWindows();
   connectCharts();
   connect(editor_, &yearbook::YearEditor::changed, this, &frmVerbrauch::followModes);
   connect(editor_, &yearbook::YearEditor::changed, this, &frmVerbrauch::followSteps);
+  connect(editor_, &yearbook::YearEditor::changed, this, &frmVerbrauch::followReadings);
   // Later: the failed edit's own box comes first.
   connect(
       editor_, &yearbook::YearEditor::indexDamaged, this,
@@ -76,6 +78,7 @@ void frmVerbrauch::buildPages() {
   rows->setSpacing(0);
   rows->addWidget(lblHinweis);
   rows->addWidget(fraGeaendert);
+  rows->addWidget(fraAblesen);
   rows->addWidget(TabStrip, 1);
   setCentralWidget(central);
 }

@@ -8,6 +8,7 @@
 #include <memory>
 
 #include "dialogs/Services.h"
+#include "mainwindow/LinkBar.h"
 #include "mainwindow/Notice.h"
 #include "mainwindow/UndoBar.h"
 #include "reports/ui/DetailPage.h"
@@ -39,6 +40,7 @@ class frmVerbrauch final : public QMainWindow {
 
   mainwindow::Notice* const lblHinweis = new mainwindow::Notice(this);
   mainwindow::UndoBar* const fraGeaendert = new mainwindow::UndoBar(this);
+  mainwindow::LinkBar* const fraAblesen = new mainwindow::LinkBar(this);
   QTabWidget* const TabStrip = widgets::control<QTabWidget>(this, "TabStrip");
   yearbook::ElectricityPage* const Frame1 = new yearbook::ElectricityPage(TabStrip, *editor_);
   yearbook::WaterPage* const Frame2 = new yearbook::WaterPage(TabStrip, *editor_);
@@ -58,6 +60,9 @@ class frmVerbrauch final : public QMainWindow {
   QMenu* const mnuBearbeiten = menu("mnuBearbeiten");
   QAction* const mnuUndo = entry("mnuUndo");
   QAction* const mnuRedo = entry("mnuRedo");
+  QAction* const mnuMonatErfassen = entry("mnuMonatErfassen");
+  QAction* const mnuAblesebuch = entry("mnuAblesebuch");
+  QAction* const mnuFortfuehren = entry("mnuFortfuehren");
   QMenu* const mnuOpt = menu("mnuOpt");
   QAction* const mnuNachtstrom = entry("mnuNachtstrom");
   QAction* const mnuPauschale = entry("mnuPauschale");
@@ -99,7 +104,12 @@ class frmVerbrauch final : public QMainWindow {
 
   template <class Window>
   void opens(QPushButton* button);
+  template <class Window>
+  void opens(QAction* action);
+  void connectBookWindows();
   void showProjection();
+  void showCarryOver();
+  void followReadings();
   void showChart(const QString& mode);
   void showComparison(yearbook::Utility utility);
 

@@ -65,6 +65,12 @@ void frmVerbrauch::buildEditMenu() {
   mnuUndo->setShortcut(QKeySequence(u"Ctrl+Z"_s));
   mnuRedo->setShortcuts({QKeySequence(u"Ctrl+Y"_s), QKeySequence(u"Ctrl+Shift+Z"_s)});
   mnuBearbeiten->addActions({mnuUndo, mnuRedo});
+  mnuBearbeiten->addSeparator()->setObjectName(u"sepErfassen"_s);
+  mnuMonatErfassen->setText(u"&Monat erfassen…"_s);
+  mnuMonatErfassen->setShortcut(QKeySequence(u"Ctrl+M"_s));
+  mnuAblesebuch->setText(u"&Ablesebuch…"_s);
+  mnuFortfuehren->setText(u"Aus dem &Vorjahr übernehmen…"_s);
+  mnuBearbeiten->addActions({mnuMonatErfassen, mnuAblesebuch, mnuFortfuehren});
   connect(mnuUndo, &QAction::triggered, this, [this] { step(&yearbook::YearSession::undo); });
   connect(mnuRedo, &QAction::triggered, this, [this] { step(&yearbook::YearSession::redo); });
   connect(fraGeaendert->cmdRueckgaengig, &QPushButton::clicked, mnuUndo, &QAction::trigger);

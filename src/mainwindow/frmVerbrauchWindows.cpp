@@ -1,7 +1,13 @@
+#include "base/Paths.h"
 #include "charts/ui/frmDiagrVergleich.h"
 #include "charts/ui/frmDiagramm.h"
+#include "dialogs/Prompts.h"
 #include "mainwindow/frmVerbrauch.h"
+#include "nextyear/YearBefore.h"
+#include "nextyear/ui/frmFortfuehren.h"
 #include "projection/ui/frmHochrechnung.h"
+#include "readingbook/UnreadMonths.h"
+#include "readingbook/ui/frmAblesebuch.h"
 #include "readings/ui/frmEingabeVerbrauch.h"
 #include "readings/ui/frmEingabeVerbrauchAbW.h"
 #include "readings/ui/frmEingabeVerbrauchNS.h"
@@ -11,6 +17,7 @@
 #include "readings/ui/frmGrdGebMoAW.h"
 #include "readings/ui/frmGrdGebMoG.h"
 #include "readings/ui/frmGrdGebMoW.h"
+#include "readings/ui/frmMonatErfassen.h"
 #include "readings/ui/frmPreisJeKubikAbW.h"
 #include "readings/ui/frmPreisJeKubikG.h"
 #include "readings/ui/frmPreisJeKubikW.h"
@@ -29,6 +36,66 @@ void frmVerbrauch::opens(QPushButton* button) {
     window.exec();
     reactivate();
   });
+}
+
+template <class Window>
+void frmVerbrauch::opens(QAction* action) {
+  connect(action, &QAction::triggered, this, [this] {
+    if (!finishEntry()) return;
+    Window window(services_, *session_, this);
+    window.exec();
+    reactivate();
+  });
+}
+
+void frmVerbrauch::connectBookWindows() {
+  opens<frmMonatErfassen>(mnuMonatErfassen);
+  opens<frmAblesebuch>(mnuAblesebuch);
+  connect(mnuFortfuehren, &QAction::triggered, this, &frmVerbrauch::showCarryOver);
+  connect(fraAblesen->cmdDorthin, &QPushButton::clicked, this, [this] { fraAblesen->follow(); });
+}
+
+// From the year whose name comes before this one's in the data folder.
+void frmVerbrauch::showCarryOver() {
+  if (!finishEntry()) return;
+  const auto before = nextyear::yearBefore(*session_);
+  if (!before) {
+    services_.prompts.tell(this, u"Neben diesem Jahr liegt keines, das vor ihm endet."_s,
+                           u"Aus dem Vorjahr übernehmen"_s, dialogs::Icon::Information);
+    return;
+  }
+  if (!nextyear::isEmpty(*session_)) {
+    services_.prompts.tell(
+        this, u"In dieses Jahr ist schon etwas eingetragen; übernommen wird nur in ein leeres."_s,
+        u"Aus dem Vorjahr übernehmen"_s, dialogs::Icon::Information);
+    return;
+  }
+  auto plan = nextyear::planNextYear(session_->files(), *before, services_.clock);
+  if (!plan) {
+    services_.prompts.tell(this, QString::fromStdString(base::germanMessage(plan.error())),
+                           u"Aus dem Vorjahr übernehmen"_s, dialogs::Icon::Warning);
+    return;
+  }
+  frmFortfuehren(services_, *session_, std::move(*plan), this).exec();
+  reactivate();
+}
+
+// The quiet bar: an empty year beside a filled one, or months that have not been read yet.
+void frmVerbrauch::followReadings() {
+  if (session_->readOnlyReason()) return;
+  const std::string unread = readingbook::unreadMonths(*session_);
+  const auto before = unread.empty() && nextyear::isEmpty(*session_)
+                          ? nextyear::yearBefore(*session_)
+                          : std::nullopt;
+  if (before)
+    fraAblesen->offer(u"Dieses Jahr ist noch leer."_s,
+                      u"Aus %1 übernehmen…"_s.arg(
+                          QString::fromStdString(base::baseName(base::fileName(*before)))),
+                      mnuFortfuehren);
+  else if (!unread.empty())
+    fraAblesen->offer(QString::fromStdString(unread), u"Monat erfassen…"_s, mnuMonatErfassen);
+  else
+    fraAblesen->offer({}, {}, nullptr);
 }
 
 void frmVerbrauch::connectEntryWindows() {

@@ -21,14 +21,17 @@ set(sees_dialogs base ${windows})
 foreach(folder yearbook ${rules})
   set(sees_${folder}/ui ${sees_${folder}} ${windows} ${folder}/ui)
 endforeach()
+foreach(folder readingbook nextyear)
+  set(sees_${folder}/ui ${sees_${folder}} ${windows} readings/ui ${folder}/ui)
+endforeach()
 set(sees_analysis/ui ${sees_analysis} ${windows} reports/ui charts/ui analysis/ui)
-set(sees_mainwindow ${sees_yearbook} ${rules} analysis ${windows} yearbook/ui readings/ui reports/ui
-    projection/ui charts/ui analysis/ui mainwindow)
-set(sees_app/ui ${sees_mainwindow} readingbook nextyear app app/ui)
+set(sees_mainwindow ${sees_yearbook} ${rules} readingbook nextyear analysis ${windows} yearbook/ui
+    readings/ui readingbook/ui nextyear/ui reports/ui projection/ui charts/ui analysis/ui mainwindow)
+set(sees_app/ui ${sees_mainwindow} app app/ui)
 
 set(pure base jet yearbook app ${rules} readingbook nextyear analysis)
-set(folders ${pure} jet/engine jet/format widgets dialogs yearbook/ui readings/ui reports/ui projection/ui
-    charts/ui analysis/ui mainwindow app/ui)
+set(folders ${pure} jet/engine jet/format widgets dialogs yearbook/ui readings/ui readingbook/ui
+    nextyear/ui reports/ui projection/ui charts/ui analysis/ui mainwindow app/ui)
 
 # compiles(FOLDER TEXT RESULT): whether the text is a source of that folder that finds its headers. What
 # comes after that is the same in every folder, so the compiler stops there.

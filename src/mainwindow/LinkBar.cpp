@@ -1,0 +1,45 @@
+#include "mainwindow/LinkBar.h"
+
+#include <QHBoxLayout>
+
+using namespace Qt::Literals::StringLiterals;
+
+namespace mainwindow {
+
+LinkBar::LinkBar(QWidget* parent) : Bar(parent) {
+  setObjectName(u"fraAblesen"_s);
+  setAccessibleName(u"Was zu tun ist"_s);
+  auto* row = new QHBoxLayout(this);
+  row->setContentsMargins(12, 3, 8, 3);
+  lblAblesen->setWordWrap(true);
+  cmdAblesenZu->setText(u"✕"_s);
+  cmdAblesenZu->setAutoRaise(true);
+  cmdAblesenZu->setToolTip(u"Hinweis schließen"_s);
+  cmdAblesenZu->setAccessibleName(u"Hinweis schließen"_s);
+  row->addWidget(lblAblesen, 1);
+  row->addWidget(cmdDorthin);
+  row->addWidget(cmdAblesenZu);
+  connect(cmdAblesenZu, &QToolButton::clicked, this, [this] {
+    closed_ = lblAblesen->text();
+    hide();
+  });
+  hide();
+}
+
+void LinkBar::offer(const QString& text, const QString& way, QAction* action) {
+  action_ = action;
+  const bool wanted = !text.isEmpty() && text != closed_;
+  const bool news = wanted && text != lblAblesen->text();
+  lblAblesen->setText(text);
+  cmdDorthin->setText(QString(way).replace(u'&', u"&&"_s));
+  cmdDorthin->setAccessibleName(way);
+  cmdDorthin->setToolTip(way);
+  setVisible(wanted);
+  if (news) announce(lblAblesen);
+}
+
+void LinkBar::follow() {
+  if (action_) action_->trigger();
+}
+
+}  // namespace mainwindow

@@ -1,0 +1,215 @@
+#include "readings/ui/MeterRow.h"
+
+#include <QGridLayout>
+
+#include "base/GermanNumber.h"
+#include "widgets/control.h"
+
+using namespace Qt::Literals::StringLiterals;
+
+namespace readings {
+namespace {
+
+constexpr int kDigits = 9;
+
+QString number(double value) {
+  return QString::fromStdString(base::formatShort(value, 3, true));
+}
+
+template <class T>
+T* named(QWidget* window, const char* name, Meter meter) {
+  auto* made = new T(window);
+  made->setObjectName(u"%1_%2"_s.arg(QLatin1String(name)).arg(static_cast<int>(meter)));
+  return made;
+}
+
+MarkedLabel* quiet(MarkedLabel* label) {
+  label->setMark(MarkedLabel::Mark::Quiet);
+  return label;
+}
+
+}  // namespace
+
+QString spokenName(Meter meter) {
+  if (meter == Meter::Day) return u"Strom, Tag"_s;
+  if (meter == Meter::Night) return u"Strom, Nacht"_s;
+  return utf8(factsOf(meter).name);
+}
+
+MeterRow::MeterRow(Meter meter, QWidget* window, QGridLayout* grid, int firstLine)
+    : QObject(window),
+      lblZaehler(named<MarkedLabel>(window, "lblZaehler", meter)),
+      lblDavor(named<MarkedLabel>(window, "lblDavor", meter)),
+      txtStand(named<widgets::NumberField>(window, "txtStand", meter)),
+      lblVerbrauch(named<MarkedLabel>(window, "lblVerbrauch", meter)),
+      lblUeblich(named<MarkedLabel>(window, "lblUeblich", meter)),
+      lblKosten(named<QLabel>(window, "lblKosten", meter)),
+      chkWechsel(named<QCheckBox>(window, "chkWechsel", meter)),
+      chkWieWasser(meter == Meter::WasteWater ? widgets::control<QCheckBox>(window, "chkWieWasser")
+                                              : nullptr),
+      txtAlterEndstand(named<widgets::NumberField>(window, "txtAlterEndstand", meter)),
+      txtNeuerAnfang(named<widgets::NumberField>(window, "txtNeuerAnfang", meter)),
+      lblWechsel(named<MarkedLabel>(window, "lblWechsel", meter)),
+      lblHinweis(named<MarkedLabel>(window, "lblHinweis", meter)),
+      meter_(meter),
+      changeLine_(new QWidget(window)) {
+  const QString name = spokenName(meter);
+  lblZaehler->setText(name);
+  txtStand->setAccessibleName(u"Neuer Stand "_s + name);
+  txtStand->setToolTip(u"Stand am Monatsende, volle "_s + utf8(factsOf(meter).unit));
+  chkWechsel->setText(u"Zähler gewechselt"_s);
+  chkWechsel->setAccessibleName(u"Zähler gewechselt, "_s + name);
+  txtAlterEndstand->setAccessibleName(u"Alter Zähler, Endstand "_s + name);
+  txtNeuerAnfang->setAccessibleName(u"Neuer Zähler, Anfangsstand "_s + name);
+  for (widgets::NumberField* field : {txtStand, txtAlterEndstand, txtNeuerAnfang}) {
+    field->setDecimals(0, 3);
+    setDigits(field, kDigits);
+    connect(field, &widgets::NumberField::valueChanged, this, &MeterRow::edited);
+  }
+  connect(chkWechsel, &QCheckBox::toggled, this, [this] {
+    if (chkWechsel->isChecked() && txtAlterEndstand->valueOrZero() == 0)
+      txtAlterEndstand->setValue(readingBefore(year_, position_).reading);
+    showChangeLine();
+    Q_EMIT edited();
+  });
+  if (chkWieWasser) {
+    chkWieWasser->setText(u"wie Wasser"_s);
+    chkWieWasser->setToolTip(u"Das Abwasser wird am Wasserzähler abgelesen"_s);
+    chkWieWasser->setAccessibleName(u"Abwasser wie Wasser"_s);
+  }
+  place(grid, firstLine);
+}
+
+void MeterRow::place(QGridLayout* grid, int line) {
+  constexpr auto kRight = Qt::AlignRight | Qt::AlignVCenter;
+  grid->addWidget(lblZaehler, line, kName);
+  grid->addWidget(quiet(lblDavor), line, kBefore, kRight);
+  grid->addWidget(txtStand, line, kField);
+  grid->addWidget(new QLabel(utf8(factsOf(meter_).unit), lblZaehler->parentWidget()), line, kUnit);
+  QFont bold = lblVerbrauch->font();
+  bold.setBold(true);
+  lblVerbrauch->setFont(bold);
+  grid->addWidget(lblVerbrauch, line, kUsed, kRight);
+  grid->addWidget(quiet(lblUeblich), line, kUsual, kRight);
+  grid->addWidget(lblKosten, line, kCost, kRight);
+  auto* boxes = new QHBoxLayout;
+  boxes->setSpacing(12);
+  if (chkWieWasser) boxes->addWidget(chkWieWasser);
+  boxes->addWidget(chkWechsel);
+  boxes->addStretch();
+  grid->addLayout(boxes, line, kBox);
+  auto* change = new QHBoxLayout(changeLine_);
+  change->setContentsMargins(18, 0, 0, 0);
+  change->setSpacing(8);
+  change->addWidget(new QLabel(u"Alter Zähler, Endstand"_s, changeLine_));
+  change->addWidget(txtAlterEndstand);
+  change->addSpacing(8);
+  change->addWidget(new QLabel(u"Neuer Zähler, Anfangsstand"_s, changeLine_));
+  change->addWidget(txtNeuerAnfang);
+  change->addSpacing(8);
+  change->addWidget(quiet(lblWechsel), 1);
+  lblWechsel->setWordWrap(true);
+  grid->addWidget(changeLine_, line + 1, kName, 1, kBox + 1);
+  lblHinweis->setMark(MarkedLabel::Mark::Doubt);
+  grid->addWidget(lblHinweis, line + 2, kField, 1, kBox - kField + 1);
+}
+
+void MeterRow::setShown(bool shown) {
+  shown_ = shown;
+  auto* grid = static_cast<QGridLayout*>(lblZaehler->parentWidget()->layout()->itemAt(0)->layout());
+  Q_UNUSED(grid)
+  for (QWidget* widget :
+       std::initializer_list<QWidget*>{lblZaehler, lblDavor, txtStand, lblVerbrauch, lblUeblich,
+                                       lblKosten, chkWechsel, lblHinweis})
+    widget->setVisible(shown);
+  if (chkWieWasser) chkWieWasser->setVisible(shown);
+  showChangeLine();
+}
+
+void MeterRow::load(const MeterYear& year, int position, const QString& monthBefore, double vat) {
+  year_ = year;
+  position_ = position;
+  vat_ = vat;
+  const MonthEntry stored = entryOf(year, position);
+  const ReadingBefore before = readingBefore(year, position);
+  lblDavor->setText(before.reading != 0 ? number(before.reading) : QString());
+  lblDavor->setToolTip(before.position < 0 ? u"Anfangszählerstand"_s : u"Stand "_s + monthBefore);
+  txtStand->setValue(stored.reading != 0 ? std::optional(stored.reading) : std::nullopt);
+  const QSignalBlocker quietly(chkWechsel);
+  chkWechsel->setChecked(stored.changed);
+  txtAlterEndstand->setValue(stored.changed ? std::optional(stored.oldEnd) : std::nullopt);
+  txtNeuerAnfang->setValue(stored.changed ? std::optional(stored.newStart) : std::nullopt);
+  const auto usual = usualConsumption(year, position);
+  lblUeblich->setText(usual ? QString::fromStdString(base::formatNumber(*usual, 0)) : QString());
+  showChangeLine();
+}
+
+void MeterRow::follow(const MeterRow* other) {
+  followed_ = other;
+  txtStand->setReadOnly(other);
+  txtStand->setFocusPolicy(other ? Qt::NoFocus : Qt::StrongFocus);
+  txtStand->setFrame(!other);
+  chkWechsel->setEnabled(!other);
+  showChangeLine();
+}
+
+void MeterRow::showChangeLine() {
+  changeLine_->setVisible(shown_ && !followed_ && chkWechsel->isChecked());
+}
+
+MonthEntry MeterRow::entry() const {
+  if (followed_) return followed_->entry();
+  MonthEntry typed;
+  typed.reading = txtStand->valueOrZero();
+  typed.changed = chkWechsel->isChecked();
+  if (!typed.changed) return typed;
+  typed.oldEnd = txtAlterEndstand->valueOrZero();
+  typed.newStart = txtNeuerAnfang->valueOrZero();
+  return typed;
+}
+
+std::optional<MonthOutcome> MeterRow::outcome() const {
+  const MonthEntry typed = entry();
+  if (typed.reading == 0 && !typed.changed && year_.readings[position_] == 0) return std::nullopt;
+  return putIn(factsOf(meter_).rule, year_, position_, typed);
+}
+
+std::optional<Money> MeterRow::cost() const {
+  const auto result = outcome();
+  if (!result || !result->amount || entry().reading == 0) return std::nullopt;
+  return yearbook::grossOf(*result->amount, vat_);
+}
+
+bool MeterRow::isDoubtful() const {
+  const auto result = outcome();
+  return shown_ && result && result->doubt != Doubt::None;
+}
+
+void MeterRow::showOutcome() {
+  const auto result = outcome();
+  const bool typed = result && entry().reading != 0;
+  if (followed_) txtStand->setValue(typed ? std::optional(entry().reading) : std::nullopt);
+  const QString unit = utf8(factsOf(meter_).unit);
+  const QString used = typed ? number(result->consumption) : QString();
+  const bool doubt = typed && result->doubt != Doubt::None;
+  lblVerbrauch->setText(typed ? used + u' ' + unit : QString());
+  lblVerbrauch->setMark(doubt ? MarkedLabel::Mark::Doubt : MarkedLabel::Mark::None);
+  const auto money = cost();
+  lblKosten->setText(money ? QString::fromStdString(formatMoney(*money)) + u" Euro"_s : QString());
+  QString hint;
+  if (result) hint = QString::fromStdString(result->problem);
+  if (hint.isEmpty() && doubt)
+    hint = u"⚠ Ergibt %1 %2: %3."_s.arg(used, unit, utf8(wordsOf(result->doubt)));
+  lblHinweis->setText(hint);
+  lblHinweis->setVisible(shown_ && !hint.isEmpty());
+  txtStand->setAccessibleDescription(hint);
+  if (!typed || !entry().changed) return;
+  QString text = u"Verbrauch: alter %1 + neuer %2 %3"_s.arg(number(result->oldPart),
+                                                            number(result->newPart), unit);
+  if (result->virtualReading)
+    text += u". Gespeichert wird %1, der Stand, den der alte Zähler am Monatsende hätte."_s.arg(
+        number(*result->virtualReading));
+  lblWechsel->setText(text);
+}
+
+}  // namespace readings
