@@ -70,6 +70,7 @@ std::vector<std::size_t> unreadable(const std::vector<std::string_view>& cells, 
 Result<std::vector<std::optional<double>>> parseNumberColumn(
     const std::vector<std::string>& cells) {
   std::vector<std::string_view> texts;
+  texts.reserve(cells.size());
   for (const std::string& cell : cells) texts.push_back(trimmed(cell, kBlanks));
   auto wrong = unreadable(texts, kGerman);
   const auto wrongInEnglish = unreadable(texts, kEnglish);
@@ -83,6 +84,7 @@ Result<std::vector<std::optional<double>>> parseNumberColumn(
     return Failure(error);
   }
   std::vector<std::optional<double>> numbers;
+  numbers.reserve(texts.size());
   for (const std::string_view text : texts)
     numbers.push_back(text.empty() ? std::nullopt
                                    : parseStyled(text, english ? kEnglish : kGerman));
