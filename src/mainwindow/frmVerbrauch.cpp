@@ -160,13 +160,17 @@ void frmVerbrauch::followModes() {
   mnuHochrechnung->setEnabled(!values.flatRate);
   button->setToolTip(caption);
   button->setEnabled(!values.flatRate);
+  const bool writable = !session_->writeObstacle();
+  for (QAction* action : {mnuStMoS, mnuStMoW, mnuStMoG, mnuDelete}) action->setEnabled(writable);
+  for (QPushButton* adapt : {Frame1->cmdBeginnS, Frame2->cmdBeginnW, Frame3->cmdBeginnG})
+    adapt->setEnabled(writable);
 }
 
 void frmVerbrauch::followSteps() {
   const yearbook::StepHistory& history = session_->history();
-  const auto follow = [](QAction* action, const QString& way, const yearbook::Step* step) {
+  const auto follow = [this](QAction* action, const QString& way, const yearbook::Step* step) {
     action->setText(step ? way + u": "_s + QString::fromStdString(step->name) : way);
-    action->setEnabled(step != nullptr);
+    action->setEnabled(step && !session_->writeObstacle());
   };
   follow(mnuUndo, u"&Rückgängig"_s, history.last());
   follow(mnuRedo, u"&Wiederherstellen"_s, history.next());

@@ -275,10 +275,13 @@ TEST_F(MainWindow, AYearInAFolderWithoutPermissionIsReadUntilThereIsOne) {
       << window->lblHinweis->text().toStdString();
   EXPECT_TRUE(window->Frame5->txtAnmerkungenS(0)->isReadOnly());
   EXPECT_TRUE(window->Frame1->txtDatumStrom->isReadOnly());
+  EXPECT_FALSE(window->mnuDelete->isEnabled() || window->mnuStMoG->isEnabled());
+  EXPECT_FALSE(window->Frame2->cmdBeginnW->isEnabled());
   EXPECT_EQ(window->session().adoStrom.money(0, yearbook::strom::monthAmount), base::Money());
   ASSERT_TRUE(disk.makeWritable("/daten"));
   lookAgain(*window);
   EXPECT_FALSE(window->lblHinweis->isVisible());
+  EXPECT_TRUE(window->mnuDelete->isEnabled() && window->Frame2->cmdBeginnW->isEnabled());
   type(window->Frame1->txtMwStS, u"7"_s);
   const auto year = stored();
   EXPECT_EQ(year->values().vat[yearbook::Meter::Day], 7);
