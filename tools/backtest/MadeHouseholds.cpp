@@ -8,11 +8,11 @@
 namespace made {
 namespace {
 
-using std::chrono::January;
 using analysis::Course;
 using analysis::kMonths;
 using analysis::Meter;
 using analysis::PerMonth;
+using std::chrono::January;
 
 constexpr int kFirstYear = 2019;
 constexpr int kAllMonths = kYears * kMonths;
