@@ -50,6 +50,8 @@ void frmVerbrauch::opens(QAction* action) {
 
 void frmVerbrauch::connectBookWindows() {
   opens<frmMonatErfassen>(mnuMonatErfassen);
+  for (const yearbook::MonthTable* months : {Frame1->months, Frame2->months, Frame3->months})
+    connect(months->recordMonth, &QPushButton::clicked, mnuMonatErfassen, &QAction::trigger);
   opens<frmAblesebuch>(mnuAblesebuch);
   connect(mnuFortfuehren, &QAction::triggered, this, &frmVerbrauch::showCarryOver);
   connect(fraAblesen->cmdDorthin, &QPushButton::clicked, this, [this] { fraAblesen->follow(); });

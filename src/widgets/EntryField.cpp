@@ -63,7 +63,11 @@ void EntryField::insertFiltered(const QString& input) {
 }
 
 void EntryField::pasteFiltered() {
-  insertFiltered(QApplication::clipboard()->text());
+  const QString text = QApplication::clipboard()->text();
+  if (columnPaste_ && !isReadOnly() && text.trimmed().contains(u'\n'))
+    columnPaste_(text);
+  else
+    insertFiltered(text);
 }
 
 void EntryField::leave() {

@@ -17,6 +17,9 @@ class EntryField : public QLineEdit {
   explicit EntryField(QWidget* parent = nullptr);
 
   void setFilter(Filter filter) { filter_ = std::move(filter); }
+  // Gets a pasted text of several lines instead of the field.
+  using ColumnPaste = std::function<void(const QString& column)>;
+  void setColumnPaste(ColumnPaste paste) { columnPaste_ = std::move(paste); }
   // A filter that lets only these characters pass.
   void allowOnly(const QString& characters);
   // Where a window has a default button for Enter, as a box has; on for all other fields.
@@ -58,6 +61,7 @@ class EntryField : public QLineEdit {
   void pasteFiltered();
 
   Filter filter_;
+  ColumnPaste columnPaste_;
   QString textAtEntry_;   // as it was when the focus came, or when it was last reported
   bool editing_ = false;  // has the focus, or had it when the window lost it
   bool enterMovesOn_ = true;

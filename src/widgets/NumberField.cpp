@@ -51,6 +51,13 @@ void NumberField::setValue(std::optional<double> value) {
   setText(resting_.text);
 }
 
+void NumberField::enterValue(std::optional<double> value) {
+  setValue(value);
+  setModified(true);
+  Q_EMIT textEdited(text());
+  Q_EMIT valueChanged();
+}
+
 std::optional<double> NumberField::value() const {
   const Reading now = read(text());
   return now.readable ? now.value : current_.value;

@@ -21,6 +21,8 @@ class NumberField : public EntryField {
 
   // Never emits. A value that the field holds already leaves a text in the making as it is.
   void setValue(std::optional<double> value);
+  // As if it had been typed: emits textEdited() and valueChanged().
+  void enterValue(std::optional<double> value);
   // nullopt when empty. While something is typed that is no number, the last number before it.
   std::optional<double> value() const;
   double valueOrZero() const { return value().value_or(0.0); }

@@ -65,6 +65,7 @@ void BaseFeeWindow::arrange() {
   window->addWidget(Frame1, 1);
   window->addWidget(lblOffen);
   window->addLayout(buttonRow({Command3}, {Command1, Command2}));
+  letColumnsBePasted({txtVerbrauch.begin(), txtVerbrauch.end()});
   tameButtons();
 }
 

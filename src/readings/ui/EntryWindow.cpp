@@ -2,6 +2,7 @@
 
 #include <QHBoxLayout>
 
+#include "base/NumberColumn.h"
 #include "dialogs/Texts.h"
 
 using namespace Qt::Literals::StringLiterals;
@@ -37,6 +38,21 @@ bool EntryWindow::told(const base::Result<void>& done) {
 void EntryWindow::makeCloseButton(QPushButton* button) {
   Window::makeCloseButton(button, u"&Schließen"_s);
   button->setToolTip(button->accessibleName());
+}
+
+void EntryWindow::letColumnsBePasted(const std::vector<widgets::NumberField*>& fields) {
+  for (std::size_t first = 0; first < fields.size(); ++first)
+    fields[first]->setColumnPaste([this, fields, first](const QString& column) {
+      const auto numbers = base::parsePastedColumn(column.toStdString(), fields.size() - first);
+      if (!numbers) {
+        services_.prompts.tell(this, QString::fromStdString(numbers.error().detail),
+                               u"Spalte einfügen"_s, dialogs::Icon::Warning);
+        return;
+      }
+      // An empty cell leaves its month alone.
+      for (std::size_t i = 0; i < numbers->size(); ++i)
+        if ((*numbers)[i]) fields[first + i]->enterValue((*numbers)[i]);
+    });
 }
 
 void EntryWindow::tameButtons() {

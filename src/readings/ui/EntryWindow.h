@@ -2,6 +2,7 @@
 
 #include <functional>
 #include <string_view>
+#include <vector>
 
 #include "dialogs/Prompts.h"
 #include "dialogs/Window.h"
@@ -33,6 +34,9 @@ class EntryWindow : public dialogs::Window {
   bool told(const base::Result<void>& done);
   // "Schließen" with its tooltip, bound to closing.
   void makeCloseButton(QPushButton* button);
+  // A column of numbers from a spreadsheet runs down from the field that it is pasted into. Refused
+  // as a whole, with the line at fault, when one of them is no number.
+  void letColumnsBePasted(const std::vector<widgets::NumberField*>& fields);
   // To be called when all buttons are there: their captions have room.
   void tameButtons();
 

@@ -128,6 +128,7 @@ void MeterReadingWindow::arrange() {
   buttons->insertWidget(2, lblOffen);
   grid->addLayout(buttons, kButtons, 0, 1, kColumns);
   grid->setRowMinimumHeight(kButtons, 40);
+  letColumnsBePasted({txtVerbrauch.begin(), txtVerbrauch.end()});
   tameButtons();
 }
 

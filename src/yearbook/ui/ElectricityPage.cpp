@@ -14,7 +14,7 @@ ElectricityPage::ElectricityPage(QWidget* parent, YearEditor& editor)
       Frame13(new FigureGroup(content(), "Frame13", u"Vertrag"_s)),
       months(new MonthTable(content(), editor, Utility::Electricity,
                             {"FrameMonateS", "lblMoS", "Check1", "lblVerbrS", "txtAbschlagS",
-                             "txtSumAbschlS", "cmdAbschlS"},
+                             "txtSumAbschlS", "cmdAbschlS", "cmdMonatErfassenS"},
                             u"kWh"_s)),
       day_(new FigureGroup(content(), "FrameTagstrom", u"Tagstrom"_s)),
       result_(new ResultGroup(content(), u"Istwert Strom"_s, txtIstwertS)) {

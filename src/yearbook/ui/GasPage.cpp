@@ -10,7 +10,7 @@ GasPage::GasPage(QWidget* parent, YearEditor& editor)
     : UtilityPage(parent, "Frame3", editor),
       months(new MonthTable(content(), editor, Utility::Gas,
                             {"FrameMonateG", "lblMo", "Check3", "lblVerbrGas", "txtAbschlagG",
-                             "txtSumAbschlG", "cmdAbschlG"},
+                             "txtSumAbschlG", "cmdAbschlG", "cmdMonatErfassenG"},
                             u"m³"_s)),
       gas_(new FigureGroup(content(), "FrameGas", u"Gas"_s)),
       contract_(new FigureGroup(content(), "FrameVertragG", u"Vertrag"_s)),

@@ -48,6 +48,7 @@ MonthTable::MonthTable(QWidget* parent, YearEditor& editor, Utility utility,
       advance(this, names.advance),
       advanceSum(widgets::control<DerivedField>(this, names.advanceSum)),
       zeroAdvances(widgets::control<QPushButton>(this, names.zeroAdvances)),
+      recordMonth(widgets::control<QPushButton>(this, names.recordMonth)),
       editor_(editor),
       utility_(utility),
       unit_(unit),
@@ -126,6 +127,10 @@ void MonthTable::buildSums(QGridLayout* grid) {
   zeroAdvances->setText(u"&Alle Monate auf 0,00 setzen"_s);
   zeroAdvances->setAccessibleName(u"Abschläge: Alle Monate auf 0,00 setzen"_s);
   grid->addWidget(zeroAdvances, kButtonRow, kBar, 1, kColumns - kBar, Qt::AlignRight);
+  recordMonth->setText(u"Monat erfassen…"_s);
+  recordMonth->setToolTip(u"Die Stände aller Zähler für einen Monat eingeben (Strg+M)"_s);
+  recordMonth->setAccessibleName(u"Monat erfassen"_s);
+  grid->addWidget(recordMonth, kButtonRow, kMonth, 1, kBar - kMonth, Qt::AlignLeft);
 }
 
 void MonthTable::bindAdvances() {

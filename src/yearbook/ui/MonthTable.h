@@ -24,6 +24,7 @@ struct MonthTableNames {
   const char* advance;
   const char* advanceSum;
   const char* zeroAdvances;
+  const char* recordMonth;
 };
 
 // The twelve months of a utility, a line each: month, consumption, advance payment; their sums
@@ -41,6 +42,7 @@ class MonthTable final : public TitledFrame {
   const widgets::ControlArray<widgets::NumberField, kMonths> advance;
   DerivedField* const advanceSum;
   QPushButton* const zeroAdvances;
+  QPushButton* const recordMonth;
 
  private:
   void buildHeader(QGridLayout* grid);

@@ -9,7 +9,7 @@ WaterPage::WaterPage(QWidget* parent, YearEditor& editor)
     : UtilityPage(parent, "Frame2", editor),
       months(new MonthTable(content(), editor, Utility::Water,
                             {"FrameMonateW", "lblMoW", "Check2", "lblVerbrauch", "txtAbschlagW",
-                             "txtSumAbschlW", "cmdAbschlW"},
+                             "txtSumAbschlW", "cmdAbschlW", "cmdMonatErfassenW"},
                             u"m³"_s)),
       water_(new FigureGroup(content(), "FrameWasser", u"Wasser"_s)),
       wasteWater_(new FigureGroup(content(), "FrameAbwasser", u"Abwasser"_s)),

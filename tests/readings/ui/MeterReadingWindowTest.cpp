@@ -416,6 +416,30 @@ TEST_F(MeterReadingWindow, WhatWasTypedAndChosenCanBeTakenBack) {
   EXPECT_EQ(year->adoWasser.number(11, yearbook::wasser::reading), 562);
 }
 
+TEST_F(MeterReadingWindow, APastedColumnRunsDownFromItsField) {
+  openSample();
+  const auto window = show<frmEingabeVerbrauchW>();
+  const auto paste = [&](int month, const QString& column) {
+    QApplication::clipboard()->setText(column);
+    window->txtVerbrauch(month)->setFocus();
+    QTest::keyClick(window->txtVerbrauch(month), Qt::Key_V, Qt::ControlModifier);
+  };
+  const QString april = window->txtVerbrauch(3)->text();
+  paste(1, u"1.460\r\n1.470\r\n\r\n1.490\r\n"_s);
+  EXPECT_EQ(window->txtVerbrauch(1)->text(), u"1.460");
+  EXPECT_EQ(window->txtVerbrauch(3)->text(), april);
+  EXPECT_EQ(window->txtVerbrauch(4)->text(), u"1.490");
+  EXPECT_TRUE(window->lblHint(4)->text().contains(u"ergibt"));
+  prompts.acceptTellings();
+  paste(10, u"1\n2\n3"_s);
+  EXPECT_EQ(prompts.last().text, u"3 Werte, aber ab hier nur 2 Felder.");
+  paste(5, u"1500\nviel"_s);
+  EXPECT_TRUE(prompts.last().text.startsWith(u"Zeile 2"));
+  EXPECT_NE(window->txtVerbrauch(5)->text(), u"1.500");
+  click(window->Command1);
+  EXPECT_EQ(year->adoWasser.number(4, yearbook::wasser::reading), 1490);
+}
+
 TEST_F(MeterReadingWindow, TheHelpButtonShowsTheMeterChangeHelp) {
   openEmpty();
   const auto window = show<frmEingabeVerbrauchS>();
