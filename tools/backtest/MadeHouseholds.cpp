@@ -17,6 +17,10 @@ using std::chrono::January;
 constexpr int kFirstYear = 2019;
 constexpr int kAllMonths = kYears * kMonths;
 
+constexpr std::size_t placeOf(int year, int month) {
+  return static_cast<std::size_t>(year) * kMonths + static_cast<std::size_t>(month);
+}
+
 // The standard's distributions differ from library to library, its generator does not.
 class Chance {
  public:
@@ -54,8 +58,7 @@ AllMonths electricity(Chance& chance, double perYear, double strength) {
     for (int m = 0; m < kMonths; ++m) {
       const double share = even[m] + strength * (profile[m] - even[m]);
       const double away = m == holiday ? chance.between(0.6, 0.9) : 1;
-      months[static_cast<std::size_t>(y * kMonths + m)] =
-          level * share * away * chance.factor(0.05);
+      months[placeOf(y, m)] = level * share * away * chance.factor(0.05);
     }
   }
   return months;
@@ -71,9 +74,8 @@ AllMonths gas(Chance& chance) {
     const auto cold = usual(Meter::Gas, y);
     const auto even = usual(Meter::Water, y);
     for (int m = 0; m < kMonths; ++m)
-      months[static_cast<std::size_t>(y * kMonths + m)] =
-          habit * (heating * cold[m] * winter * chance.factor(0.15) +
-                   hotWater * even[m] * chance.factor(0.05));
+      months[placeOf(y, m)] = habit * (heating * cold[m] * winter * chance.factor(0.15) +
+                                       hotWater * even[m] * chance.factor(0.05));
   }
   return months;
 }
@@ -90,7 +92,7 @@ void water(Chance& chance, AllMonths& fresh, AllMonths& waste) {
     const auto even = usual(Meter::Water, y);
     const double dryness = chance.factor(0.3);
     for (int m = 0; m < kMonths; ++m) {
-      const auto at = static_cast<std::size_t>(y * kMonths + m);
+      const auto at = placeOf(y, m);
       const double away = m == holiday ? chance.between(0.5, 0.85) : 1;
       const double indoors = level * even[m] * away * chance.factor(0.09);
       const double outdoors = garden * kGarden[m] * dryness * chance.factor(0.2);
@@ -124,7 +126,7 @@ std::vector<Household> makeHouseholds(int count, std::uint32_t seed) {
     for (const Meter meter : yearbook::kMeters) {
       for (int y = 0; y < kYears; ++y) {
         Course course{std::chrono::year(kFirstYear + y) / January, {}};
-        std::copy_n(months[meter].begin() + y * kMonths, kMonths, course.months.begin());
+        std::copy_n(&months[meter][placeOf(y, 0)], kMonths, course.months.begin());
         household.courses[meter].push_back(course);
       }
     }
