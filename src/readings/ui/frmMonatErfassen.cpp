@@ -40,6 +40,20 @@ frmMonatErfassen::frmMonatErfassen(const dialogs::Services& services,
 // --- making ---
 
 void frmMonatErfassen::arrange() {
+  auto* window = new QVBoxLayout(this);
+  window->setContentsMargins(16, 12, 16, 12);
+  window->setSpacing(8);
+  window->addLayout(arrangeMonths());
+  window->addLayout(arrangeTitle());
+  window->addLayout(arrangeMeters());
+  window->addStretch();
+  window->addLayout(arrangeRemark());
+  window->addWidget(widgets::makeRule(this));
+  window->addLayout(arrangeButtons());
+  tameButtons();
+}
+
+QLayout* frmMonatErfassen::arrangeMonths() {
   auto* months = new QHBoxLayout;
   months->setSpacing(2);
   auto* group = new QButtonGroup(this);
@@ -52,6 +66,10 @@ void frmMonatErfassen::arrange() {
   }
   months->addStretch();
   months->addWidget(lblAbgelesen);
+  return months;
+}
+
+QLayout* frmMonatErfassen::arrangeTitle() {
   auto* title = new QHBoxLayout;
   QFont big = lblMonat->font();
   big.setBold(true);
@@ -62,6 +80,10 @@ void frmMonatErfassen::arrange() {
   title->setSpacing(12);
   title->addWidget(lblMonat);
   title->addWidget(lblHilfe, 1);
+  return title;
+}
+
+QLayout* frmMonatErfassen::arrangeMeters() {
   auto* grid = new QGridLayout;
   grid->setHorizontalSpacing(12);
   grid->setVerticalSpacing(4);
@@ -84,6 +106,10 @@ void frmMonatErfassen::arrange() {
   without->setText(u"ohne Grundgebühr"_s);
   without->setMark(MarkedLabel::Mark::Quiet);
   grid->addWidget(without, line + 1, MeterRow::kBox);
+  return grid;
+}
+
+QLayout* frmMonatErfassen::arrangeRemark() {
   auto* remark = new QHBoxLayout;
   auto* lblAnmerkung = new QLabel(u"&Anmerkung"_s, this);
   lblAnmerkung->setBuddy(txtAnmerkung);
@@ -91,6 +117,10 @@ void frmMonatErfassen::arrange() {
   txtAnmerkung->setToolTip(u"Steht auch auf der Seite Anmerkungen, beim Strom"_s);
   remark->addWidget(lblAnmerkung);
   remark->addWidget(txtAnmerkung, 1);
+  return remark;
+}
+
+QLayout* frmMonatErfassen::arrangeButtons() {
   cmdWeitere->setText(u"&Weitere Zähler zeigen"_s);
   cmdHilfe->setText(u"&Hilfe"_s);
   cmdUebernehmen->setText(u"Ü&bernehmen"_s);
@@ -105,17 +135,7 @@ void frmMonatErfassen::arrange() {
   buttons->addWidget(lblZustand);
   buttons->addWidget(cmdUebernehmen);
   buttons->addWidget(cmdSchliessen);
-  auto* window = new QVBoxLayout(this);
-  window->setContentsMargins(16, 12, 16, 12);
-  window->setSpacing(8);
-  window->addLayout(months);
-  window->addLayout(title);
-  window->addLayout(grid);
-  window->addStretch();
-  window->addLayout(remark);
-  window->addWidget(widgets::makeRule(this));
-  window->addLayout(buttons);
-  tameButtons();
+  return buttons;
 }
 
 void frmMonatErfassen::arrangeHeads(QGridLayout* grid) {

@@ -38,6 +38,11 @@ class frmMonatErfassen final : public readings::EntryWindow {
 
  private:
   void arrange();
+  QLayout* arrangeMonths();
+  QLayout* arrangeTitle();
+  QLayout* arrangeMeters();
+  QLayout* arrangeRemark();
+  QLayout* arrangeButtons();
   void arrangeHeads(QGridLayout* grid);
   void connectControls();
   void chooseMonth(int position);
