@@ -4,6 +4,8 @@
 #include <QHeaderView>
 #include <QToolButton>
 #include <QVBoxLayout>
+#include <numeric>
+#include <set>
 
 #include "analysis/Charts.h"
 #include "charts/ui/ChartWidget.h"
@@ -148,7 +150,8 @@ void frmAlleJahre::fill(int segment) {
   for (int i = 0; i < static_cast<int>(figures_.size()); ++i) {
     const analysis::YearFigures& year = figures_[static_cast<std::size_t>(i)];
     const reports::Grid grid = analysis::tableOf({year});
-    const double start = std::chrono::sys_days(year.year->start).time_since_epoch().count();
+    const auto start =
+        static_cast<double>(std::chrono::sys_days(year.year->start).time_since_epoch().count());
     QTreeWidgetItem* group = nullptr;
     int row = 1;
     if (segment == 0) {
@@ -192,8 +195,8 @@ std::vector<int> frmAlleJahre::chosenYears() const {
   std::set<int> chosen;
   for (const QTreeWidgetItem* item : lstJahre->selectedItems()) chosen.insert(placeOf(item).year);
   if (chosen.size() > 1) return {chosen.begin(), chosen.end()};
-  std::vector<int> all;
-  for (int i = 0; i < static_cast<int>(figures_.size()); ++i) all.push_back(i);
+  std::vector<int> all(figures_.size());
+  std::iota(all.begin(), all.end(), 0);
   return all;
 }
 

@@ -116,8 +116,6 @@ void MeterRow::place(QGridLayout* grid, int line) {
 
 void MeterRow::setShown(bool shown) {
   shown_ = shown;
-  auto* grid = static_cast<QGridLayout*>(lblZaehler->parentWidget()->layout()->itemAt(0)->layout());
-  Q_UNUSED(grid)
   for (QWidget* widget :
        std::initializer_list<QWidget*>{lblZaehler, lblDavor, txtStand, lblVerbrauch, lblUeblich,
                                        lblKosten, chkWechsel, lblHinweis})
