@@ -1,9 +1,27 @@
 #include "mainwindow/Bar.h"
 
 #include <QAccessible>
+#include <QHBoxLayout>
 #include <QPainter>
 
+using namespace Qt::Literals::StringLiterals;
+
 namespace mainwindow {
+
+void Bar::arrange(QLabel* text, QPushButton* way, QToolButton* close) {
+  auto* row = new QHBoxLayout(this);
+  row->setContentsMargins(12, 3, 8, 3);
+  text->setWordWrap(true);
+  text->setTextInteractionFlags(Qt::TextSelectableByMouse);
+  close->setText(u"✕"_s);
+  close->setAutoRaise(true);
+  close->setAccessibleName(u"Hinweis schließen"_s);
+  close->setToolTip(close->accessibleName());
+  row->addWidget(text, 1);
+  row->addWidget(way);
+  row->addWidget(close);
+  hide();
+}
 
 void Bar::announce(QWidget* text) {
   QAccessibleEvent alert(text, QAccessible::Alert);

@@ -1,7 +1,5 @@
 #include "mainwindow/LinkBar.h"
 
-#include <QHBoxLayout>
-
 using namespace Qt::Literals::StringLiterals;
 
 namespace mainwindow {
@@ -9,21 +7,11 @@ namespace mainwindow {
 LinkBar::LinkBar(QWidget* parent) : Bar(parent) {
   setObjectName(u"fraAblesen"_s);
   setAccessibleName(u"Was zu tun ist"_s);
-  auto* row = new QHBoxLayout(this);
-  row->setContentsMargins(12, 3, 8, 3);
-  lblAblesen->setWordWrap(true);
-  cmdAblesenZu->setText(u"✕"_s);
-  cmdAblesenZu->setAutoRaise(true);
-  cmdAblesenZu->setToolTip(u"Hinweis schließen"_s);
-  cmdAblesenZu->setAccessibleName(u"Hinweis schließen"_s);
-  row->addWidget(lblAblesen, 1);
-  row->addWidget(cmdDorthin);
-  row->addWidget(cmdAblesenZu);
+  arrange(lblAblesen, cmdDorthin, cmdAblesenZu);
   connect(cmdAblesenZu, &QToolButton::clicked, this, [this] {
     closed_ = lblAblesen->text();
     hide();
   });
-  hide();
 }
 
 void LinkBar::offer(const QString& text, const QString& way, QAction* action) {

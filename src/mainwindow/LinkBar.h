@@ -1,9 +1,6 @@
 #pragma once
 
 #include <QAction>
-#include <QLabel>
-#include <QPushButton>
-#include <QToolButton>
 
 #include "mainwindow/Bar.h"
 #include "widgets/control.h"

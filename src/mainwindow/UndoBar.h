@@ -1,9 +1,5 @@
 #pragma once
 
-#include <QLabel>
-#include <QPushButton>
-#include <QToolButton>
-
 #include "mainwindow/Bar.h"
 #include "widgets/control.h"
 
