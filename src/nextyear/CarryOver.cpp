@@ -6,6 +6,8 @@
 #include "base/DateText.h"
 #include "base/Paths.h"
 #include "readingbook/BookOfYear.h"
+#include "reports/YearReport.h"
+#include "reports/YearResults.h"
 #include "yearbook/StartMonthShift.h"
 
 namespace nextyear {
@@ -117,18 +119,14 @@ class Planner {
   void advances(Utility utility) {
     const yearbook::FieldValues& values = year_.values();
     plan_.lastAdvances[utility] = unlessZero(values.advances[utility][kMonths - 1]);
-    double gross = 0;
-    bool whole = false;
-    for (Meter meter : metersOf(utility)) {
-      const double vat = orZero(values.vat[meter]);
-      gross += yearbook::grossOf(values.bill.meters[meter].amount, vat).toDouble();
-      gross += yearbook::grossOf(orZero(values.baseFees[meter]), vat).toDouble();
-      if (meter == factsOf(utility).mainMeter)
-        whole = orZero(year_.rows().of(meter).number(kMonths - 1, *factsOf(meter).reading)) > 0;
-    }
-    if (!whole) return;
+    const Meter meter = factsOf(utility).mainMeter;
+    const bool whole =
+        orZero(year_.rows().of(meter).number(kMonths - 1, *factsOf(meter).reading)) > 0;
+    const auto fitting =
+        reports::yearResults(reports::overviewInput(year_))[utility].fittingAdvance;
+    if (!whole || !fitting) return;
     constexpr int kCents = 100;
-    const double cents = std::round(gross / kMonths * kCents);
+    const double cents = std::round(fitting->toDouble() * kCents);
     plan_.fittingAdvances[utility] = unlessZero(Money::tryRoundHalfEven(cents / kCents));
   }
 

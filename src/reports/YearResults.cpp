@@ -73,6 +73,7 @@ PerUtility<YearResult> yearResults(const OverviewInput& input) {
     if (result.kind == YearResult::Kind::Empty) continue;
     result.sum = formatMoney(figures.gross) + " brutto − " +
                  formatMoney(yearbook::orZero(input.advances[utility])) + " Abschläge";
+    result.fittingAdvance = figures.fitting;
     result.fitting = "Passender Abschlag: " + formatMoney(figures.fitting) + " Euro im Monat";
     result.standing = standingOf(figures);
   }

@@ -16,6 +16,7 @@ struct YearResult {
   std::string name;      // "Strom"
   std::string headline;  // "Nachzahlung 25,99 Euro", "noch keine Ablesungen"
   // Empty without readings.
+  std::optional<base::Money> fittingAdvance;
   std::string sum;      // "1.657,99 brutto − 1.632,00 Abschläge"
   std::string fitting;  // "Passender Abschlag: 138,17 Euro im Monat"
   // Empty for a whole year, too.
