@@ -3,7 +3,9 @@
 #include <QApplication>
 #include <QFontDatabase>
 #include <QLocale>
+#include <QSettings>
 #include <QStyleFactory>
+#include <QTemporaryDir>
 
 // Window tests run offscreen with one style, font and locale, so that they see the same on every
 // machine.
@@ -17,5 +19,8 @@ int main(int argc, char** argv) {
   QApplication::setStyle(QStyleFactory::create(QStringLiteral("Fusion")));
   QApplication::setQuitOnLastWindowClosed(false);
   QApplication::setFont(QFont(QStringLiteral("DejaVu Sans"), 9));
+  // What the program remembers of its user is not that of who runs the tests.
+  const QTemporaryDir settings;
+  QSettings::setPath(QSettings::IniFormat, QSettings::UserScope, settings.path());
   return RUN_ALL_TESTS();
 }
