@@ -121,6 +121,9 @@ MemoryFileSystem::Contents MemoryFileSystem::contents() const {
 void MemoryFileSystem::protect(const std::string& path) {
   find(path)->writable = false;
 }
+void MemoryFileSystem::setModified(std::chrono::system_clock::time_point modified) {
+  for (const auto& [path, node] : nodes_) node->modified = modified;
+}
 void MemoryFileSystem::protectFolder(const std::string& folder) {
   find(folder)->writable = false;
 }

@@ -26,6 +26,8 @@ class MemoryFileSystem final : public base::FileSystem {
   // Every file with its content.
   Contents contents() const;
   void protect(const std::string& path);
+  // All that is there was last changed then.
+  void setModified(std::chrono::system_clock::time_point modified);
   // Nothing can be made, renamed or removed in it.
   void protectFolder(const std::string& folder);
 

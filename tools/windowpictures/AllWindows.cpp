@@ -1,0 +1,250 @@
+#include "AllWindows.h"
+
+#include <QApplication>
+
+#include "analysis/ui/frmAlleJahre.h"
+#include "analysis/ui/frmAngebot.h"
+#include "analysis/ui/frmPrognose.h"
+#include "analysis/ui/frmTarife.h"
+#include "app/ui/frmNeuVerbrauch.h"
+#include "app/ui/frmRuecksichern.h"
+#include "app/ui/frmSichern.h"
+#include "charts/ui/frmDiagrVergleich.h"
+#include "charts/ui/frmDiagramm.h"
+#include "mainwindow/frmVerbrauch.h"
+#include "nextyear/YearBefore.h"
+#include "nextyear/ui/frmFortfuehren.h"
+#include "projection/ui/frmHochrechnung.h"
+#include "readingbook/ui/frmAblesebuch.h"
+#include "readingbook/ui/frmTabelleEinlesen.h"
+#include "readings/ui/frmEingabeVerbrauch.h"
+#include "readings/ui/frmEingabeVerbrauchAbW.h"
+#include "readings/ui/frmEingabeVerbrauchNS.h"
+#include "readings/ui/frmEingabeVerbrauchS.h"
+#include "readings/ui/frmEingabeVerbrauchW.h"
+#include "readings/ui/frmGrdGebMo.h"
+#include "readings/ui/frmGrdGebMoAW.h"
+#include "readings/ui/frmGrdGebMoG.h"
+#include "readings/ui/frmGrdGebMoW.h"
+#include "readings/ui/frmMonatErfassen.h"
+#include "readings/ui/frmPreisJeKubikAbW.h"
+#include "readings/ui/frmPreisJeKubikG.h"
+#include "readings/ui/frmPreisJeKubikW.h"
+#include "readings/ui/frmPreisJeKws.h"
+#include "readings/ui/frmPreisJeKwsN.h"
+
+using namespace Qt::Literals::StringLiterals;
+
+namespace pictures {
+namespace {
+
+constexpr char kYear[] = "Verbrauch2025";
+
+using Made = std::unique_ptr<QWidget>;
+
+// A window that is opened on the finished year.
+template <class Window>
+Made onYear(Household& home) {
+  return std::make_unique<Window>(home.services, home.open(kYear), nullptr);
+}
+
+// One in which something is entered, while the year is running.
+template <class Window>
+Made onRunningYear(Household& home) {
+  home.forgetAfterOctober();
+  return onYear<Window>(home);
+}
+
+template <class Window>
+Made onAllYears(Household& home) {
+  yearbook::YearSession& year = home.open(kYear);
+  return std::make_unique<Window>(home.services, analysis::yearOf(year), &year, nullptr);
+}
+
+template <class Window>
+Made ofFiles(Household& home) {
+  return std::make_unique<Window>(home.services, nullptr);
+}
+
+Made start(Household& home) {
+  return std::make_unique<frmVerbrStart>(home.services, home.facts, home.standstill);
+}
+
+Made allYears(Household& home) {
+  return std::make_unique<frmAlleJahre>(home.services, &home.open(kYear), nullptr);
+}
+
+Made offer(Household& home) {
+  analysis::Offer entered;
+  entered.name = "Heimatstrom 12";
+  entered.price = 33.49;
+  entered.nightPrice = 28.9;
+  return std::make_unique<frmAngebot>(entered, home.services, nullptr);
+}
+
+Made chart(Household& home) {
+  return std::make_unique<frmDiagramm>(home.services, home.open(kYear), u"strom"_s);
+}
+
+Made comparison(Household& home) {
+  home.prompts.file = QString::fromStdString(Household::folder()) + u"Verbrauch2024.kwd"_s;
+  return std::make_unique<frmDiagrVergleich>(home.services, home.open(kYear));
+}
+
+Made table(Household& home) {
+  home.prompts.file = QString::fromLatin1(Household::kHome) + u"Ablesungen.csv"_s;
+  auto window =
+      std::make_unique<frmTabelleEinlesen>(home.services, home.open("Verbrauch2026"), nullptr);
+  window->chooseFile();
+  return window;
+}
+
+Made carryOver(Household& home) {
+  yearbook::YearSession& target = home.open("Verbrauch2026");
+  auto plan = nextyear::planNextYear(home.disk, Household::folder() + kYear + ".kwd", home.clock);
+  return std::make_unique<frmFortfuehren>(home.services, target, std::move(*plan), nullptr);
+}
+
+template <class Window>
+Made help(Household&) {
+  return std::make_unique<Window>();
+}
+
+// The file of a year at work in the main window.
+Made mainWindow(Household& home, const char* year = kYear) {
+  return std::make_unique<frmVerbrauch>(home.services, home.take(year));
+}
+
+frmVerbrauch& yearWindow(QWidget& window) {
+  return static_cast<frmVerbrauch&>(window);
+}
+
+View page(const QString& name, int tab) {
+  return {u"frmVerbrauch-"_s + name, [](Household& home) { return mainWindow(home); },
+          [tab](QWidget& window) { yearWindow(window).TabStrip->setCurrentIndex(tab); }};
+}
+
+std::vector<View> mainWindowViews() {
+  return {
+      page(u"strom"_s, 0),
+      page(u"wasser"_s, 1),
+      page(u"gas"_s, 2),
+      page(u"uebersicht"_s, 3),
+      page(u"anmerkungen"_s, 4),
+      page(u"drucken"_s, 5),
+      {u"frmVerbrauch-leer"_s, [](Household& home) { return mainWindow(home, "Verbrauch2026"); }},
+      {u"frmVerbrauch-november-fehlt"_s,
+       [](Household& home) {
+         home.forgetAfterOctober();
+         return mainWindow(home);
+       }},
+      {u"frmVerbrauch-pauschale"_s, [](Household& home) { return mainWindow(home); },
+       [](QWidget& window) {
+         yearWindow(window).mnuNachtstrom->trigger();
+         yearWindow(window).mnuPauschale->trigger();
+       }},
+      {u"frmVerbrauch-rueckgaengig"_s, [](Household& home) { return mainWindow(home); },
+       [](QWidget& window) { yearWindow(window).Frame1->months->zeroAdvances->click(); }},
+  };
+}
+
+std::vector<View> entryViews() {
+  return {
+      {u"frmEingabeVerbrauchS"_s, onYear<frmEingabeVerbrauchS>},
+      {u"frmEingabeVerbrauchNS"_s, onYear<frmEingabeVerbrauchNS>},
+      {u"frmEingabeVerbrauchW"_s, onRunningYear<frmEingabeVerbrauchW>},
+      {u"frmEingabeVerbrauchAbW"_s, onRunningYear<frmEingabeVerbrauchAbW>},
+      {u"frmEingabeVerbrauch"_s, onRunningYear<frmEingabeVerbrauch>},
+      {u"frmPreisJeKws"_s, onYear<frmPreisJeKws>},
+      {u"frmPreisJeKwsN"_s, onYear<frmPreisJeKwsN>},
+      {u"frmPreisJeKubikW"_s, onYear<frmPreisJeKubikW>},
+      {u"frmPreisJeKubikAbW"_s, onYear<frmPreisJeKubikAbW>},
+      {u"frmPreisJeKubikG"_s, onYear<frmPreisJeKubikG>},
+      {u"frmGrdGebMo"_s, onYear<frmGrdGebMo>},
+      {u"frmGrdGebMoW"_s, onYear<frmGrdGebMoW>},
+      {u"frmGrdGebMoAW"_s, onYear<frmGrdGebMoAW>},
+      {u"frmGrdGebMoG"_s, onYear<frmGrdGebMoG>},
+      {u"frmMonatErfassen"_s, onRunningYear<frmMonatErfassen>},
+      {u"frmAblesebuch"_s, onRunningYear<frmAblesebuch>,
+       [](QWidget& window) { static_cast<frmAblesebuch&>(window).optZaehler(4)->click(); }},
+      {u"frmTabelleEinlesen"_s, table},
+      {u"frmFortfuehren"_s, carryOver},
+  };
+}
+
+std::vector<View> otherViews() {
+  return {
+      {u"frmVerbrStart"_s, start},
+      {u"frmNeuVerbrauch"_s, ofFiles<frmNeuVerbrauch>},
+      {u"frmSichern"_s, ofFiles<frmSichern>},
+      {u"frmRuecksichern"_s, ofFiles<frmRuecksichern>,
+       [](QWidget& window) {
+         auto& restore = static_cast<frmRuecksichern&>(window);
+         const QString folder = QString::fromLatin1(Household::kHome) + u"Sicherung/"_s;
+         restore.Dir1->setPath(u"/"_s, folder);
+         Q_EMIT restore.Dir1->chosen(folder);
+         Q_EMIT restore.File3->chosen(u"Verbrauch2025.kwd"_s);
+       }},
+      {u"frmHochrechnung"_s, onRunningYear<frmHochrechnung>},
+      {u"frmDiagramm"_s, chart},
+      {u"frmDiagrVergleich"_s, comparison},
+      {u"frmAlleJahre"_s, allYears},
+      {u"frmPrognose"_s,
+       [](Household& home) {
+         home.forgetAfterOctober();
+         return onAllYears<frmPrognose>(home);
+       }},
+      {u"frmTarife"_s, onAllYears<frmTarife>},
+      {u"frmAngebot"_s, offer},
+      {u"frmHilfe"_s, help<frmHilfe>},
+      {u"frmHilfeZaehlerWechs"_s, help<frmHilfeZaehlerWechs>},
+  };
+}
+
+}  // namespace
+
+const std::vector<View>& allViews() {
+  static const std::vector<View> views = [] {
+    std::vector<View> all = otherViews();
+    for (const auto& more : {mainWindowViews(), entryViews()})
+      all.insert(all.end(), more.begin(), more.end());
+    return all;
+  }();
+  return views;
+}
+
+std::optional<QPalette> paletteNamed(const QString& name) {
+  struct Colors {
+    const char* name;
+    QRgb window, base, text, highlight, highlightedText, alternate;
+  };
+  constexpr Colors kPalettes[] = {
+      {"light", 0xEFEFEF, 0xFFFFFF, 0x000000, 0x1C6FB5, 0xFFFFFF, 0xF7F7F7},
+      {"dark", 0x323232, 0x242424, 0xF0F0F0, 0x2B74B3, 0xFFFFFF, 0x2B2B2B},
+      {"contrast", 0x000000, 0x000000, 0xFFFFFF, 0xFFFF00, 0x000000, 0x000000},
+  };
+  for (const Colors& colors : kPalettes) {
+    if (name != QLatin1String(colors.name)) continue;
+    // The other roles follow from the ground.
+    QPalette palette(QColor::fromRgb(colors.window));
+    const auto set = [&palette](QPalette::ColorRole role, QRgb color) {
+      palette.setColor(role, QColor::fromRgb(color));
+    };
+    set(QPalette::Base, colors.base);
+    set(QPalette::AlternateBase, colors.alternate);
+    set(QPalette::Highlight, colors.highlight);
+    set(QPalette::HighlightedText, colors.highlightedText);
+    for (const auto group : {QPalette::Active, QPalette::Inactive})
+      for (const auto role : {QPalette::WindowText, QPalette::Text, QPalette::ButtonText})
+        palette.setColor(group, role, QColor::fromRgb(colors.text));
+    return palette;
+  }
+  return std::nullopt;
+}
+
+void settle() {
+  constexpr int kRounds = 5;
+  for (int i = 0; i < kRounds; ++i) QCoreApplication::processEvents();
+}
+
+}  // namespace pictures

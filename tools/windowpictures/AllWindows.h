@@ -1,0 +1,31 @@
+#pragma once
+
+#include <functional>
+#include <memory>
+#include <vector>
+
+#include "Household.h"
+
+// Every window of the program as a household meets it, for whoever looks at all of them: pictures
+// of the manual, contact sheets, checks that hold for each.
+namespace pictures {
+
+struct View {
+  // The window's name, and behind a hyphen what it shows: "frmVerbrauch-gas".
+  QString name;
+  // Makes the window on that household, which outlives it; not shown yet.
+  std::function<std::unique_ptr<QWidget>(Household&)> make;
+  // What is done once it is shown.
+  std::function<void(QWidget&)> then = {};
+};
+
+const std::vector<View>& allViews();
+
+// Light and dark as the program's own choice of colours has them, a palette of strong contrast, or
+// nullopt for the name of no palette.
+std::optional<QPalette> paletteNamed(const QString& name);
+
+// Lets a window that was shown do what it does then.
+void settle();
+
+}  // namespace pictures
