@@ -8,6 +8,7 @@ LinkBar::LinkBar(QWidget* parent) : Bar(parent) {
   setObjectName(u"fraAblesen"_s);
   setAccessibleName(u"Was zu tun ist"_s);
   arrange(lblAblesen, cmdDorthin, cmdAblesenZu);
+  cmdDorthin->setAccessibleName(u"Dorthin"_s);
   connect(cmdAblesenZu, &QToolButton::clicked, this, [this] {
     closed_ = lblAblesen->text();
     hide();
@@ -20,14 +21,15 @@ void LinkBar::offer(const QString& text, const QString& way, QAction* action) {
   const bool news = wanted && text != lblAblesen->text();
   lblAblesen->setText(text);
   cmdDorthin->setText(QString(way).replace(u'&', u"&&"_s));
-  cmdDorthin->setAccessibleName(way);
+  if (!way.isEmpty()) cmdDorthin->setAccessibleName(way);
   cmdDorthin->setToolTip(way);
   setVisible(wanted);
   if (news) announce(lblAblesen);
 }
 
-void LinkBar::follow() {
+bool LinkBar::follow() {
   if (action_) action_->trigger();
+  return action_ != nullptr;
 }
 
 }  // namespace mainwindow

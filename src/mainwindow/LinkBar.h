@@ -15,7 +15,8 @@ class LinkBar final : public Bar {
   explicit LinkBar(QWidget* parent);
   // "" hides it.
   void offer(const QString& text, const QString& way, QAction* action);
-  void follow();
+  // False when the offer names no action.
+  bool follow();
 
   QLabel* const lblAblesen = widgets::control<QLabel>(this, "lblAblesen");
   QPushButton* const cmdDorthin = widgets::control<QPushButton>(this, "cmdDorthin");

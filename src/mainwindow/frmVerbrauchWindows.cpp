@@ -1,3 +1,4 @@
+#include "analysis/Reminder.h"
 #include "base/Paths.h"
 #include "charts/ui/frmDiagrVergleich.h"
 #include "charts/ui/frmDiagramm.h"
@@ -6,7 +7,6 @@
 #include "nextyear/YearBefore.h"
 #include "nextyear/ui/frmFortfuehren.h"
 #include "projection/ui/frmHochrechnung.h"
-#include "readingbook/UnreadMonths.h"
 #include "readingbook/ui/frmAblesebuch.h"
 #include "readings/ui/frmEingabeVerbrauch.h"
 #include "readings/ui/frmEingabeVerbrauchAbW.h"
@@ -23,6 +23,7 @@
 #include "readings/ui/frmPreisJeKubikW.h"
 #include "readings/ui/frmPreisJeKws.h"
 #include "readings/ui/frmPreisJeKwsN.h"
+#include "yearbook/UnreadMonths.h"
 
 // The windows that are opened from the main window, and what follows when they close.
 
@@ -82,10 +83,11 @@ void frmVerbrauch::showCarryOver() {
   reactivate();
 }
 
-// The quiet bar: an empty year beside a filled one, or months that have not been read yet.
+// The quiet bar: an empty year beside a filled one, months that have not been read yet, or a
+// contract that ends.
 void frmVerbrauch::followReadings() {
   if (session_->readOnlyReason()) return;
-  const std::string unread = readingbook::unreadMonths(*session_);
+  const std::string unread = yearbook::unreadMonths(*session_);
   const auto before = unread.empty() && nextyear::isEmpty(*session_)
                           ? nextyear::yearBefore(*session_)
                           : std::nullopt;
@@ -97,7 +99,9 @@ void frmVerbrauch::followReadings() {
   else if (!unread.empty())
     fraAblesen->offer(QString::fromStdString(unread), u"Monat erfassen…"_s, mnuMonatErfassen);
   else
-    fraAblesen->offer({}, {}, nullptr);
+    fraAblesen->offer(QString::fromStdString(analysis::endingContract(
+                          session_->files(), session_->dataFolder(), session_->openedOn())),
+                      u"Tarife vergleichen…"_s, mnuTarife);
 }
 
 void frmVerbrauch::connectEntryWindows() {

@@ -126,4 +126,14 @@ TEST_F(BookWindows, MonthsThatAreMissingAreSaid) {
   EXPECT_TRUE(window->fraAblesen->isVisible());
 }
 
+TEST_F(BookWindows, AContractThatEndsIsSaidWhenAllIsRead) {
+  makeSample();
+  disk.put("/daten/Tarife.dat",
+           base::asBytes("\"Strom\",\"Heim\",30,-1,#FALSE#,0,#FALSE#,0,\"31.12.2025\",\"\""));
+  openWindow(kSample);
+  EXPECT_EQ(window->fraAblesen->lblAblesen->text(),
+            QStringLiteral("Die Preisgarantie von Heim (Strom) endet am 31.12.2025."));
+  EXPECT_EQ(window->fraAblesen->cmdDorthin->text(), QStringLiteral("Tarife vergleichen…"));
+}
+
 }  // namespace

@@ -1,5 +1,6 @@
 #include "app/ui/WindowNavigator.h"
 
+#include <QAction>
 #include <QApplication>
 #include <QEventLoop>
 #include <QTimer>
@@ -104,6 +105,12 @@ void WindowNavigator::openYear() {
   // The other way round the last window would have closed in between, which ends the program.
   window->show();
   if (start_) start_->close();
+}
+
+void WindowNavigator::openYearAt(const QString& action) {
+  openYear();
+  if (auto* way = main_ ? main_->findChild<QAction*>(action) : nullptr)
+    QTimer::singleShot(0, way, &QAction::trigger);
 }
 
 void WindowNavigator::openYearOver(QWidget* start) {

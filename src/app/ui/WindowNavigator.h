@@ -36,6 +36,7 @@ class WindowNavigator final : public dialogs::Navigator, public YearOpener {
   void stayInFolder(const std::string& folder) { facts_.chosenDataFolder = folder; }
 
   void openYear() override;
+  void openYearAt(const QString& action) override;
   void openYearOver(QWidget* start) override;
 
   void showNewDatabase() override;

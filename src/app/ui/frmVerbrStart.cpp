@@ -72,6 +72,7 @@ void frmVerbrStart::activate() {
   filFiles->refresh();
   const QString standard = QString::fromUtf8(app::kDefaultYear.data(), app::kDefaultYear.size());
   if (filFiles->selectName(standard)) filFilesClick(standard);
+  showReminder();
   if (problem) tellLater(*problem);
 }
 

@@ -15,6 +15,10 @@
 #include "widgets/FileList.h"
 #include "widgets/control.h"
 
+namespace mainwindow {
+class LinkBar;
+}
+
 namespace app {
 
 // What the start window needs to open a year; WindowNavigator is the real one.
@@ -24,6 +28,8 @@ class YearOpener {
   // The main window takes over and the start window closes; it stays when the year cannot be
   // opened.
   virtual void openYear() = 0;
+  // The same, and then the window behind that action of the main window.
+  virtual void openYearAt(const QString& action) = 0;
   // The main window over the start window; returns when it has closed.
   virtual void openYearOver(QWidget* start) = 0;
 };
@@ -90,6 +96,9 @@ class frmVerbrStart final : public QMainWindow {
   template <class Window>
   void showAnalysis();
   void buildLayout();
+  QWidget* makeReminder();
+  void showReminder();
+  void followReminder();
   void buildOptions();
   void connectControls();
 
@@ -119,4 +128,6 @@ class frmVerbrStart final : public QMainWindow {
   std::optional<base::Error> loadProblem_;
   QString toldProblem_;
   QPointer<frmHilfe> help_;
+  mainwindow::LinkBar* fraAblesen_ = nullptr;
+  QString dueYear_;  // of the reminder
 };

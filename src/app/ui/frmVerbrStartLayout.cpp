@@ -138,7 +138,12 @@ void frmVerbrStart::buildLayout() {
   grid->addWidget(lblDatenordner, 3, 0, 1, 2);
   grid->setColumnStretch(0, 1);
   grid->setRowStretch(1, 1);
-  setCentralWidget(page);
+  auto* window = new QWidget;
+  auto* rows = new QVBoxLayout(window);
+  rows->setContentsMargins(0, 0, 0, 0);
+  rows->addWidget(makeReminder());
+  rows->addWidget(page, 1);
+  setCentralWidget(window);
   setTabOrder(filFiles, cmdHausrat);
   setTabOrder(cmdHausrat, Option1(0));
   setTabOrder(Option1(0), Option1(1));

@@ -17,11 +17,13 @@
 class FakeOpener final : public app::YearOpener {
  public:
   void openYear() override { ++opened; }
+  void openYearAt(const QString& action) override { openedAt = action; }
   void openYearOver(QWidget*) override {
     ++openedOver;
     if (whileOver) whileOver();
   }
   int opened = 0;
+  QString openedAt;
   int openedOver = 0;
   std::function<void()> whileOver;
 };

@@ -6,9 +6,13 @@
 #include <QTest>
 #include <QTimer>
 
+#include "SampleYear.h"
 #include "StartFixture.h"
 #include "app/ui/frmNeuVerbrauch.h"
 #include "app/ui/frmSichern.h"
+#include "mainwindow/LinkBar.h"
+#include "readings/MeterReading.h"
+#include "support/EmptyYear.h"
 
 using dialogs::Button;
 using namespace Qt::Literals::StringLiterals;
@@ -39,6 +43,36 @@ class StartWindow : public StartFixture {
 
 TEST_F(StartWindow, ShowsNameAndVersionInItsCaption) {
   EXPECT_EQ(open().windowTitle(), u"Kalvira    Version 8.8.40"_s);
+}
+
+TEST_F(StartWindow, SaysWhatIsDueAndLeadsThere) {
+  ASSERT_TRUE(sample::makeBoth(*files, dataFolder(), support::emptyYear()));
+  auto& window = open();
+  auto* bar = window.findChild<mainwindow::LinkBar*>();
+  ASSERT_NE(bar, nullptr);
+  EXPECT_FALSE(bar->isVisible()) << "March 2024, and 2024 is read to its end";
+  put("Tarife.dat", "\"Gas\",\"Heim\",10,-1,#FALSE#,0,#FALSE#,0,\"\",\"31.03.2024\"\r\n");
+  window.activate();
+  EXPECT_EQ(bar->lblAblesen->text(), u"Der Vertrag Heim (Gas) endet am 31.03.2024."_s);
+  EXPECT_EQ(bar->cmdDorthin->text(), u"Tarife vergleichen…"_s);
+  {
+    auto year = yearbook::YearSession::open(*files, dataFolder() + "Verbrauch2024.kwd",
+                                            dataFolder(), clock);
+    ASSERT_TRUE(year);
+    std::vector<readings::MeterEntries> unread;
+    for (yearbook::Meter meter : yearbook::kMeters) unread.push_back({meter, {}, {}});
+    ASSERT_TRUE(readings::takeOver(**year, {"ungelesen"}, unread));
+  }
+  window.activate();
+  EXPECT_TRUE(bar->isVisible());
+  EXPECT_EQ(bar->lblAblesen->text(),
+            u"Verbrauch2024: Januar und Februar sind noch nicht abgelesen."_s);
+  bar->cmdDorthin->click();
+  EXPECT_EQ(window.lblFilename->text(), u"Verbrauch2024.kwd"_s);
+  EXPECT_EQ(opener.openedAt, u"mnuMonatErfassen"_s);
+  bar->cmdAblesenZu->click();
+  window.activate();
+  EXPECT_FALSE(bar->isVisible()) << "once closed, the same sentence stays away";
 }
 
 TEST_F(StartWindow, EmptyFolderGetsAYearFromTheTemplateAndSelectsIt) {

@@ -22,8 +22,13 @@ class Navigation : public StartFixture {
   Navigation() {
     put("Verbrauch.kwd", "Jahr");
     navigator.begin(real, facts, [this](QWidget* parent) {
-      return app::YearWindow{opens ? new QMainWindow(parent) : nullptr,
-                             [this](const QString& text) { hints += text; }};
+      auto* window = opens ? new QMainWindow(parent) : nullptr;
+      if (opens) {
+        auto* action = new QAction(window);
+        action->setObjectName(u"mnuMonatErfassen"_s);
+        QObject::connect(action, &QAction::triggered, &watcher, [this] { ++triggered; });
+      }
+      return app::YearWindow{window, [this](const QString& text) { hints += text; }};
     });
     connectLast();
     navigator.showStartWindow();
@@ -57,6 +62,7 @@ class Navigation : public StartFixture {
   QStringList hints;
   QObject watcher;
   int lastClosed = 0;
+  int triggered = 0;
 };
 
 TEST_F(Navigation, MainWindowTakesOverWithoutAMomentWithoutWindows) {
@@ -66,6 +72,13 @@ TEST_F(Navigation, MainWindowTakesOverWithoutAMomentWithoutWindows) {
   ASSERT_NE(visible<QMainWindow>(), nullptr);
   EXPECT_FALSE(visible<QMainWindow>()->isModal());
   EXPECT_EQ(lastClosed, 0);
+}
+
+TEST_F(Navigation, ReminderOpensTheYearAtTheWindowThatItNames) {
+  navigator.openYearAt(u"mnuMonatErfassen"_s);
+  ASSERT_NE(visible<QMainWindow>(), nullptr);
+  settle();
+  EXPECT_EQ(triggered, 1);
 }
 
 TEST_F(Navigation, YearThatCannotBeOpenedLeavesTheStartWindow) {
