@@ -46,6 +46,7 @@ class Standstill final : public dialogs::Navigator, public dialogs::Shell, publi
   bool openDocument(const QString&) override { return false; }
   void playSound(const QString&) override {}
   void openYear() override {}
+  void openYearAt(const QString&) override {}
   void openYearOver(QWidget*) override {}
 };
 
