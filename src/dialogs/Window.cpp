@@ -2,17 +2,37 @@
 
 #include <QKeyEvent>
 #include <QLineEdit>
+#include <QScrollArea>
+#include <QVBoxLayout>
 
 #include "base/CurrentFolder.h"
 #include "dialogs/Navigator.h"
+#include "dialogs/WindowPlace.h"
 
 namespace dialogs {
+namespace {
+
+// What is left of 1366 x 768 at 144 dpi, or of 1024 x 600.
+constexpr QSize kSmallScreen(880, 440);
+
+// The last row of a window whose parts stand one below the other, if buttons stand in it.
+QLayout* takeButtonRow(QLayout* content) {
+  auto* rows = qobject_cast<QVBoxLayout*>(content);
+  QLayout* last = rows && rows->count() > 0 ? rows->itemAt(rows->count() - 1)->layout() : nullptr;
+  for (int i = 0; last && i < last->count(); ++i)
+    if (qobject_cast<QPushButton*>(last->itemAt(i)->widget()))
+      return rows->takeAt(rows->count() - 1)->layout();
+  return nullptr;
+}
+
+}  // namespace
 
 Window::Window(const QString& name, const QString& caption, const Services& services,
                QWidget* parent)
     : QDialog(parent), services_(services) {
   setObjectName(name);
   setWindowTitle(caption);
+  keepPlace(*this);
 }
 
 void Window::showHelp() {
@@ -33,6 +53,41 @@ void Window::setTabOrder(std::initializer_list<QWidget*> controls) {
 void Window::enterDataFolder() const {
   base::ignore(base::makeCurrent(services_.paths.DataFolder),
                "file dialogs begin elsewhere then, and what is read or written names its folder");
+}
+
+void Window::setVisible(bool visible) {
+  if (visible && !std::exchange(prepared_, true)) letTallContentScroll();
+  QDialog::setVisible(visible);
+}
+
+// All but the row of buttons at the bottom, where there is one.
+void Window::letTallContentScroll() {
+  QLayout* content = layout();
+  if (!content) return;
+  const QSize least = content->totalMinimumSize();
+  if (least.width() <= kSmallScreen.width() && least.height() <= kSmallScreen.height()) return;
+  const QSize wanted = testAttribute(Qt::WA_Resized) ? size() : sizeHint();
+  const QMargins margins = content->contentsMargins();
+  QLayout* buttons = takeButtonRow(content);
+  QWidget* menu = content->menuBar();
+  content->setMenuBar(nullptr);
+  auto* area = new QScrollArea(this);
+  area->setFrameShape(QFrame::NoFrame);
+  area->setFocusPolicy(Qt::NoFocus);
+  area->setWidgetResizable(true);
+  // Of this window before it takes the controls: they keep their order for Tab.
+  auto* page = new QWidget(area);
+  page->setLayout(content);
+  area->setWidget(page);
+  auto* rows = new QVBoxLayout(this);
+  rows->setContentsMargins(0, 0, 0, 0);
+  rows->setMenuBar(menu);
+  rows->addWidget(area);
+  if (buttons) {
+    buttons->setContentsMargins(margins.left(), 0, margins.right(), margins.bottom());
+    rows->addLayout(buttons);
+  }
+  resize(wanted);
 }
 
 void Window::showEvent(QShowEvent* event) {

@@ -12,6 +12,7 @@
 #include "base/GermanNumber.h"
 #include "dialogs/Navigator.h"
 #include "dialogs/Prompts.h"
+#include "dialogs/WindowPlace.h"
 #include "yearbook/IndexRepair.h"
 #include "yearbook/StartMonthShift.h"
 #include "yearbook/ui/WriteWatch.h"
@@ -28,6 +29,7 @@ frmVerbrauch::frmVerbrauch(dialogs::Services& services,
       Frame4(new reports::OverviewPage(services, *session_, TabStrip)),
       fraDrucke(new reports::DetailPage(services, *session_, TabStrip)) {
   setObjectName(u"frmVerbrauch"_s);
+  dialogs::keepPlace(*this);
   base::ignore(base::makeCurrent(session_->dataFolder()), "file dialogs then begin elsewhere");
   setWindowTitle(u"Verbrauchsberechnung       "_s + QString::fromStdString(session_->path()));
   buildPages();

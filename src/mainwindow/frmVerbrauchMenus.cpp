@@ -1,5 +1,6 @@
 #include <QMenuBar>
 
+#include "dialogs/LookMenu.h"
 #include "dialogs/Navigator.h"
 #include "dialogs/Prompts.h"
 #include "dialogs/Shell.h"
@@ -52,6 +53,7 @@ void frmVerbrauch::buildMenus() {
   menuBar()->addMenu(mnuBearbeiten);
   menuBar()->addMenu(mnuOpt);
   menuBar()->addMenu(mnuAuswertung);
+  menuBar()->addMenu(new dialogs::LookMenu(this));
   mnuHilfe->setTitle(u"&?"_s);
   mnuHelp->setText(u"&Hilfe"_s);
   mnuHelp->setShortcut(QKeySequence::HelpContents);

@@ -1,8 +1,11 @@
 #include "widgets/ProgramStyle.h"
 
+#include <QPainter>
 #include <QPointer>
+#include <QStyleOption>
 
 #include "widgets/LateIcon.h"
+#include "widgets/Tones.h"
 
 namespace widgets {
 
@@ -13,6 +16,27 @@ QIcon ProgramStyle::standardIcon(StandardPixmap which, const QStyleOption* optio
   return QIcon(new LateIcon([which, style = QPointer<QStyle>(baseStyle())](const QSize&) {
     return style ? style->standardIcon(which) : QIcon();
   }));
+}
+
+void ProgramStyle::drawPrimitive(PrimitiveElement element, const QStyleOption* option,
+                                 QPainter* painter, const QWidget* widget) const {
+  QProxyStyle::drawPrimitive(element, option, painter, widget);
+  const bool round = element == PE_IndicatorRadioButton;
+  const bool hasLine = round || element == PE_FrameLineEdit || element == PE_IndicatorCheckBox;
+  if (!hasLine || !isDark(option->palette)) return;
+  constexpr QRgb kFieldLine = 0x878787;
+  const bool focused = option->state.testFlag(State_HasFocus);
+  painter->save();
+  painter->setRenderHint(QPainter::Antialiasing);
+  painter->setBrush(Qt::NoBrush);
+  painter->setPen(focused ? QPen(toneOf(Tone::Accent, option->palette), 1.4)
+                          : QPen(QColor::fromRgb(kFieldLine), 1));
+  const QRectF line = QRectF(option->rect).adjusted(0.5, 0.5, -0.5, -0.5);
+  if (round)
+    painter->drawEllipse(line);
+  else
+    painter->drawRoundedRect(line, 2, 2);
+  painter->restore();
 }
 
 }  // namespace widgets

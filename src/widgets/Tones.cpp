@@ -3,6 +3,10 @@
 #include <QApplication>
 #include <QEvent>
 
+#include "widgets/ProgramStyle.h"
+
+using namespace Qt::Literals::StringLiterals;
+
 namespace widgets {
 namespace {
 
@@ -28,14 +32,39 @@ GroundColors colorsOf(Tone tone) {
   return {0x1C6FB5, 0x4C9FE0};
 }
 
+// All other colours stay as they were chosen, or the system's.
 void setHints() {
-  const QColor quiet = toneOf(Tone::Quiet, QApplication::palette());
-  if (QApplication::palette().color(QPalette::Active, QPalette::PlaceholderText) == quiet) return;
-  // Of this palette only the one role counts; the others follow the system.
-  QPalette hints;
-  hints.setResolveMask(0);
-  hints.setColor(QPalette::PlaceholderText, quiet);
-  QApplication::setPalette(hints);
+  QPalette palette = QApplication::palette();
+  const QColor quiet = toneOf(Tone::Quiet, palette);
+  if (palette.color(QPalette::Active, QPalette::PlaceholderText) == quiet) return;
+  palette.setColor(QPalette::PlaceholderText, quiet);
+  QApplication::setPalette(palette);
+}
+
+QPalette forcedPalette(bool dark) {
+  const auto color = [dark](QRgb light, QRgb darkColor) {
+    return QColor::fromRgb(dark ? darkColor : light);
+  };
+  const QColor window = color(0xEFEFEF, 0x323232);
+  const QColor text = color(0x000000, 0xF0F0F0);
+  const QColor faint = color(0x7F7F7F, 0x8A8A8A);
+  // Works out the shades of raised and sunken edges.
+  QPalette palette(window, window);
+  palette.setColor(QPalette::Base, color(0xFFFFFF, 0x242424));
+  palette.setColor(QPalette::AlternateBase, color(0xF7F7F7, 0x2B2B2B));
+  palette.setColor(QPalette::ToolTipBase, color(0xFFFFE1, 0x3D3D3D));
+  for (const auto role :
+       {QPalette::WindowText, QPalette::Text, QPalette::ButtonText, QPalette::ToolTipText}) {
+    palette.setColor(role, text);
+    palette.setColor(QPalette::Disabled, role, faint);
+  }
+  palette.setColor(QPalette::ToolTipText, text);
+  palette.setColor(QPalette::BrightText, Qt::white);
+  palette.setColor(QPalette::Highlight, color(0x1C6FB5, 0x2B74B3));
+  palette.setColor(QPalette::HighlightedText, Qt::white);
+  palette.setColor(QPalette::Link, color(0x0A55B5, 0x7AB4FF));
+  palette.setColor(QPalette::PlaceholderText, toneOf(Tone::Quiet, palette));
+  return palette;
 }
 
 class PaletteWatch final : public QObject {
@@ -56,6 +85,13 @@ bool isDark(const QPalette& palette) {
 QColor toneOf(Tone tone, const QPalette& palette) {
   const GroundColors colors = colorsOf(tone);
   return QColor::fromRgb(isDark(palette) ? colors.dark : colors.light);
+}
+
+void showAs(Look look) {
+  // The styles of some systems paint their own colours, whatever the palette.
+  QApplication::setStyle(look == Look::System ? new ProgramStyle : new ProgramStyle(u"Fusion"_s));
+  QApplication::setPalette(look == Look::System ? QPalette() : forcedPalette(look == Look::Dark));
+  setHints();
 }
 
 void keepHintsReadable(QApplication& application) {

@@ -20,6 +20,12 @@ enum class Tone {
 bool isDark(const QPalette& palette);
 QColor toneOf(Tone tone, const QPalette& palette);
 
+// Light or dark whatever the system is.
+enum class Look { System, Light, Dark };
+
+// All windows look so from now on.
+void showAs(Look look);
+
 // Hints are drawn in QPalette::PlaceholderText, which many systems set too faint to be read. From
 // now on it is Tone::Quiet, in whatever theme; all other colours stay the system's.
 void keepHintsReadable(QApplication& application);

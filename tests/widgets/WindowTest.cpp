@@ -1,6 +1,8 @@
 #include <gmock/gmock.h>
 
 #include <QCheckBox>
+#include <QScreen>
+#include <QScrollArea>
 #include <QTest>
 #include <QVBoxLayout>
 
@@ -112,6 +114,32 @@ TEST_F(WindowBase, F1ShowsTheHelpFromWhereverTheFocusIs) {
        std::initializer_list<QWidget*>{window.last, window.chkBox, window.cmdStore})
     QTest::keyClick(widget, Qt::Key_F1);
   EXPECT_EQ(navigator_.calls, QStringList(3, u"showHelp"_s));
+}
+
+TEST_F(WindowBase, OpensWhereAndAsLargeAsItWasClosed) {
+  show();
+  const QRect place(40, 60, 333, 444);
+  window.setGeometry(place);
+  window.close();
+  frmProbe next(services_);
+  next.show();
+  EXPECT_EQ(next.geometry(), place);
+}
+
+// The largest screen that a small one leaves: content of any size is reached by scrolling, and the
+// window is no larger than the screen.
+TEST_F(WindowBase, ContentThatIsTooTallScrollsAndTheRestStaysAsItWas) {
+  window.first->setMinimumSize(700, 2000);
+  show();
+  EXPECT_LE(window.minimumSizeHint().height(), 440);
+  EXPECT_LE(window.height(), window.screen()->availableSize().height());
+  EXPECT_NE(window.findChild<QScrollArea*>(), nullptr);
+  window.enter(window.first);
+  EXPECT_EQ(window.focusWidget(), window.chkBox);
+  QTest::keyClick(window.chkBox, Qt::Key_F1);
+  QTest::keyClick(window.chkBox, Qt::Key_Escape);
+  EXPECT_EQ(window.pressed, QStringList{u"reject"_s});
+  EXPECT_EQ(navigator_.calls, QStringList{u"showHelp"_s});
 }
 
 }  // namespace

@@ -1,6 +1,7 @@
 #include "app/ui/Program.h"
 
 #include <QApplication>
+#include <QSettings>
 
 #include "app/DataFolder.h"
 #include "app/SafetyCopies.h"
@@ -9,6 +10,7 @@
 #include "app/ui/WindowNavigator.h"
 #include "base/GermanDate.h"
 #include "base/Paths.h"
+#include "dialogs/LookMenu.h"
 #include "dialogs/QtPrompts.h"
 #include "dialogs/SystemShell.h"
 #include "mainwindow/frmVerbrauch.h"
@@ -70,6 +72,11 @@ Program::Program(QApplication& application, const CommandLine& line)
   widgets::dressApplication(application);
 
   parts.facts = readSystemFacts();
+  // On a removable drive they are taken along.
+  if (parts.facts.portable)
+    QSettings::setPath(QSettings::IniFormat, QSettings::UserScope,
+                       QString::fromStdString(parts.facts.programFolder));
+  dialogs::showRememberedLook();
   if (!line.file.empty()) parts.line.file = absolutePath(line.file);
   if (!line.dataFolder.empty())
     parts.facts.chosenDataFolder = base::withSeparator(absolutePath(line.dataFolder));

@@ -15,6 +15,7 @@
 #include "base/CurrentFolder.h"
 #include "dialogs/Prompts.h"
 #include "dialogs/Shell.h"
+#include "dialogs/WindowPlace.h"
 
 using namespace Qt::Literals::StringLiterals;
 using dialogs::Button;
@@ -39,6 +40,7 @@ frmVerbrStart::frmVerbrStart(dialogs::Services& services, const app::SystemFacts
                              app::YearOpener& opener)
     : services_(services), facts_(facts), opener_(opener) {
   setObjectName(u"frmVerbrStart"_s);
+  dialogs::keepPlace(*this);
   setAttribute(Qt::WA_DeleteOnClose);
   filFiles->setLister(app::filesOf(services.files, app::kYearExtension));
   FilesWechsel->setLister(app::filesOf(services.files, app::kSideExtension));

@@ -3,6 +3,7 @@
 #include <QVBoxLayout>
 
 #include "app/ui/frmVerbrStart.h"
+#include "dialogs/LookMenu.h"
 #include "widgets/Pictures.h"
 
 using namespace Qt::Literals::StringLiterals;
@@ -45,6 +46,7 @@ void frmVerbrStart::buildMenus() {
   menuBar()->addMenu(mnuDatei);
   menuBar()->addMenu(mnuVerbrDat);
   buildAnalysisMenu();
+  menuBar()->addMenu(new dialogs::LookMenu(this));
   menuBar()->addAction(mnuHilfe);
 }
 

@@ -1,0 +1,51 @@
+#include "dialogs/WindowPlace.h"
+
+#include <QEvent>
+#include <QScreen>
+#include <QWidget>
+
+#include "widgets/UserSettings.h"
+
+using namespace Qt::Literals::StringLiterals;
+
+namespace dialogs {
+namespace {
+
+// Title bar and frame, which no system tells before the window is there.
+constexpr QSize kDecoration(16, 40);
+
+class PlaceKeeper final : public QObject {
+ public:
+  explicit PlaceKeeper(QWidget& window) : QObject(&window), window_(window) {
+    window.installEventFilter(this);
+  }
+
+  bool eventFilter(QObject* watched, QEvent* event) override {
+    if (watched == &window_ && !event->spontaneous()) {
+      if (event->type() == QEvent::Show && !shown_) restore();
+      if (event->type() == QEvent::Hide)
+        widgets::userSettings().setValue(key(), window_.saveGeometry());
+    }
+    return QObject::eventFilter(watched, event);
+  }
+
+ private:
+  QString key() const { return u"Fenster/"_s + window_.objectName() + u"/Platz"_s; }
+
+  void restore() {
+    shown_ = true;
+    if (!window_.restoreGeometry(widgets::userSettings().value(key()).toByteArray()))
+      window_.resize(window_.size().boundedTo(window_.screen()->availableSize() - kDecoration));
+  }
+
+  QWidget& window_;
+  bool shown_ = false;
+};
+
+}  // namespace
+
+void keepPlace(QWidget& window) {
+  new PlaceKeeper(window);
+}
+
+}  // namespace dialogs

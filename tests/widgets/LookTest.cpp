@@ -1,0 +1,100 @@
+#include <gtest/gtest.h>
+
+#include <QAction>
+#include <QApplication>
+#include <QCheckBox>
+#include <cmath>
+
+#include "dialogs/LookMenu.h"
+#include "widgets/Tones.h"
+
+using namespace Qt::Literals::StringLiterals;
+using widgets::Look;
+using widgets::Tone;
+
+namespace {
+
+// WCAG 2: relative luminance and the ratio of two.
+double luminance(const QColor& color) {
+  const auto linear = [](double part) {
+    return part <= 0.03928 ? part / 12.92 : std::pow((part + 0.055) / 1.055, 2.4);
+  };
+  return 0.2126 * linear(color.redF()) + 0.7152 * linear(color.greenF()) +
+         0.0722 * linear(color.blueF());
+}
+double contrast(const QColor& one, const QColor& other) {
+  const double a = luminance(one);
+  const double b = luminance(other);
+  return (std::max(a, b) + 0.05) / (std::min(a, b) + 0.05);
+}
+
+class LookTest : public testing::Test {
+ protected:
+  ~LookTest() override {
+    QApplication::setStyle(u"Fusion"_s);
+    QApplication::setPalette(QPalette());
+  }
+};
+
+TEST_F(LookTest, EveryTextIsReadableInLightAndDark) {
+  for (const Look look : {Look::Light, Look::Dark}) {
+    widgets::showAs(look);
+    const QPalette palette = QApplication::palette();
+    EXPECT_EQ(widgets::isDark(palette), look == Look::Dark);
+    for (const auto ground : {QPalette::Window, QPalette::Base, QPalette::AlternateBase}) {
+      for (const auto text : {QPalette::WindowText, QPalette::Text, QPalette::ButtonText,
+                              QPalette::PlaceholderText, QPalette::Link})
+        EXPECT_GE(contrast(palette.color(text), palette.color(ground)), 4.5) << text << ground;
+      for (const Tone tone : {Tone::Quiet, Tone::Doubt, Tone::Error, Tone::Good, Tone::Link})
+        EXPECT_GE(contrast(widgets::toneOf(tone, palette), palette.color(ground)), 4.5)
+            << int(tone) << ' ' << int(ground);
+      EXPECT_GE(contrast(widgets::toneOf(Tone::Accent, palette), palette.color(ground)), 3.0);
+    }
+    EXPECT_GE(
+        contrast(palette.color(QPalette::HighlightedText), palette.color(QPalette::Highlight)),
+        4.5);
+    EXPECT_GE(contrast(palette.color(QPalette::ToolTipText), palette.color(QPalette::ToolTipBase)),
+              4.5);
+  }
+}
+
+// A check box whose line is as dark as its ground cannot be found.
+TEST_F(LookTest, FieldsAndCheckBoxesHaveALineThatCanBeSeenInDark) {
+  widgets::showAs(Look::Dark);
+  QCheckBox box;
+  box.resize(box.sizeHint());
+  const QImage picture = box.grab().toImage();
+  double best = 0;
+  for (int x = 0; x < picture.width(); ++x)
+    best = std::max(best, contrast(picture.pixelColor(x, picture.height() / 2),
+                                   QApplication::palette().color(QPalette::Window)));
+  EXPECT_GE(best, 3.0);
+}
+
+TEST_F(LookTest, IsChosenInTheMenuAndRememberedForTheNextStart) {
+  const QPalette before = QApplication::palette();
+  dialogs::LookMenu menu(nullptr);
+  auto choose = [&menu](const char* name) {
+    auto* action = menu.findChild<QAction*>(QString::fromLatin1(name));
+    ASSERT_NE(action, nullptr);
+    action->trigger();
+    Q_EMIT menu.aboutToShow();
+    EXPECT_TRUE(action->isChecked());
+  };
+  Q_EMIT menu.aboutToShow();
+  EXPECT_TRUE(menu.actions().front()->isChecked());
+
+  choose("mnuAnsichtDunkel");
+  EXPECT_TRUE(widgets::isDark(QApplication::palette()));
+  widgets::showAs(Look::System);
+  EXPECT_EQ(QApplication::palette().color(QPalette::Base), before.color(QPalette::Base));
+  dialogs::showRememberedLook();
+  EXPECT_TRUE(widgets::isDark(QApplication::palette()));
+
+  choose("mnuAnsichtHell");
+  EXPECT_FALSE(widgets::isDark(QApplication::palette()));
+  choose("mnuAnsichtSystem");
+  EXPECT_EQ(QApplication::palette().color(QPalette::Window), before.color(QPalette::Window));
+}
+
+}  // namespace
