@@ -92,7 +92,6 @@ QWidget* ChartWindow::buildOptionColumn() {
   picBeenden->setIcon(widgets::icon(u"ende"_s));
   picBeenden->setIconSize({24, 24});
   picBeenden->setToolTip(picBeenden->text());
-  layout->addWidget(picBeenden);
 
   // Screens that are too low for the frames scroll them.
   auto* scroll = new QScrollArea(this);
@@ -103,7 +102,12 @@ QWidget* ChartWindow::buildOptionColumn() {
   scroll->setWidget(column);
   scroll->setFixedWidth(column->sizeHint().width() +
                         scroll->verticalScrollBar()->sizeHint().width());
-  return scroll;
+  auto* side = new QWidget;
+  auto* rows = new QVBoxLayout(side);
+  rows->setContentsMargins(0, 0, 0, 0);
+  rows->addWidget(scroll);
+  rows->addWidget(picBeenden);
+  return side;
 }
 
 void ChartWindow::buildTypeFrame() {

@@ -163,7 +163,7 @@ QVBoxLayout* frmAblesebuch::arrangeEntries() {
   auto* line = new QHBoxLayout;
   line->setSpacing(8);
   for (QWidget* widget : std::initializer_list<QWidget*>{labelled(u"&Datum"_s, txtDatum), txtDatum,
-                                                         labelled(u"&Stand"_s, txtStand), txtStand,
+                                                         labelled(u"Sta&nd"_s, txtStand), txtStand,
                                                          lblEinheit, chkWechsel})
     line->addWidget(widget);
   line->addStretch();
@@ -186,7 +186,8 @@ QVBoxLayout* frmAblesebuch::arrangeEntries() {
 
 QVBoxLayout* frmAblesebuch::arrangeMonths() {
   dress(grdMonate, {u"Monat"_s, u"gespeichert"_s, u"aus dem Buch"_s, u"Unterschied"_s});
-  grdMonate->horizontalHeader()->setSectionResizeMode(QHeaderView::Stretch);
+  grdMonate->horizontalHeader()->setSectionResizeMode(QHeaderView::ResizeToContents);
+  grdMonate->horizontalHeader()->setStretchLastSection(true);
   auto* side = new QVBoxLayout;
   side->setSpacing(8);
   side->addWidget(headLine(new QLabel(u"Monatsstände daraus"_s, this)));

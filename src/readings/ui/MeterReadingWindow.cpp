@@ -2,6 +2,7 @@
 
 #include <QGridLayout>
 #include <QKeyEvent>
+#include <QVBoxLayout>
 #include <algorithm>
 
 #include "base/GermanNumber.h"
@@ -17,16 +18,9 @@ namespace readings {
 namespace {
 
 enum Column { kMonth, kReading, kOption, kNewReading, kMonthAgain, kConsumption, kHint, kColumns };
-enum Row {
-  kHeader,
-  kHeaderRule,
-  kStart,
-  kFirstMonth,
-  kButtonRule = kFirstMonth + kMonths,
-  kButtons
-};
+enum Row { kHeader, kHeaderRule, kStart, kFirstMonth };
 
-constexpr int kReadingDigits = 12;
+constexpr int kReadingDigits = 10;
 
 // A number as it would stand in the consumption column.
 QString plain(double value) {
@@ -40,7 +34,8 @@ MeterReadingWindow::MeterReadingWindow(Meter meter, dialogs::Services& services,
     : EntryWindow(kReadingTexts[meter].window, kReadingTexts[meter].caption, services, session,
                   parent),
       meter_(meter),
-      units_(yearbook::wholeUnitsOf(meter)) {
+      units_(yearbook::wholeUnitsOf(meter)),
+      grid_(new QGridLayout) {
   setTexts();
   nameMonths();
   arrange();
@@ -92,18 +87,17 @@ void MeterReadingWindow::nameMonths() {
 }
 
 void MeterReadingWindow::arrange() {
-  auto* grid = new QGridLayout(this);
-  grid->setHorizontalSpacing(12);
-  grid->setVerticalSpacing(3);
-  grid->setContentsMargins(16, 12, 16, 12);
-  grid->addWidget(lblHeader, kHeader, 0, 1, kColumns);
+  grid_->setHorizontalSpacing(8);
+  grid_->setVerticalSpacing(3);
+  grid_->setContentsMargins(0, 0, 0, 0);
+  grid_->addWidget(lblHeader, kHeader, 0, 1, kColumns);
   lblHeader->setColumns({lblMo(0), optWechsel(0), lblMoV(0)});
-  grid->addWidget(widgets::makeRule(this), kHeaderRule, 0, 1, kColumns);
-  grid->addWidget(lblAnfStand, kStart, kMonth);
-  grid->addWidget(txtAnfStand, kStart, kReading);
-  grid->addWidget(Label4, kStart, kOption);
-  grid->addWidget(txtWechsel, kStart, kNewReading);
-  grid->addWidget(Command4, kStart, kMonthAgain, 1, 3, Qt::AlignLeft);
+  grid_->addWidget(widgets::makeRule(this), kHeaderRule, 0, 1, kColumns);
+  grid_->addWidget(lblAnfStand, kStart, kMonth);
+  grid_->addWidget(txtAnfStand, kStart, kReading);
+  grid_->addWidget(Label4, kStart, kOption);
+  grid_->addWidget(txtWechsel, kStart, kNewReading);
+  grid_->addWidget(Command4, kStart, kMonthAgain, 1, 3, Qt::AlignLeft);
   makeDisplay(txtAnfStand);
   setDigits(txtAnfStand, kReadingDigits);
   setDigits(txtWechsel, kReadingDigits);
@@ -115,35 +109,37 @@ void MeterReadingWindow::arrange() {
     policy.setRetainSizeWhenHidden(true);
     widget->setSizePolicy(policy);
   }
-  for (int k = 0; k < kMonths; ++k) arrangeMonth(grid, k);
+  for (int k = 0; k < kMonths; ++k) arrangeMonth(k);
   optWechsel(MeterChange::kNone)->hide();
   // The first heading ends before the second begins.
-  grid->setColumnMinimumWidth(kMonth, lblHeader->headingWidth(0) - txtAnfStand->minimumWidth());
-  grid->setColumnStretch(kHint, 1);
-  grid->setColumnMinimumWidth(kHint, fontMetrics().horizontalAdvance(
-                                         u"ergibt −1000000: "_s + utf8(wordsOf(Doubt::Unusual))));
-  grid->setColumnMinimumWidth(kConsumption, fontMetrics().horizontalAdvance(u"00000000"_s));
-  grid->addWidget(widgets::makeRule(this), kButtonRule, 0, 1, kColumns);
+  grid_->setColumnMinimumWidth(kMonth, lblHeader->headingWidth(0) - txtAnfStand->minimumWidth());
+  grid_->setColumnStretch(kHint, 1);
+  grid_->setColumnMinimumWidth(kConsumption, fontMetrics().horizontalAdvance(u"00000000"_s));
   auto* buttons = buttonRow({Command5, Command3}, {Command1, Command2});
   buttons->insertWidget(2, lblOffen);
-  grid->addLayout(buttons, kButtons, 0, 1, kColumns);
-  grid->setRowMinimumHeight(kButtons, 40);
+  auto* rows = new QVBoxLayout(this);
+  rows->setContentsMargins(16, 12, 16, 12);
+  rows->setSpacing(8);
+  rows->addLayout(grid_);
+  rows->addWidget(widgets::makeRule(this));
+  rows->addLayout(buttons);
   letColumnsBePasted({txtVerbrauch.begin(), txtVerbrauch.end()});
   tameButtons();
 }
 
-void MeterReadingWindow::arrangeMonth(QGridLayout* grid, int k) {
+void MeterReadingWindow::arrangeMonth(int k) {
   const int row = kFirstMonth + k;
   setDigits(txtVerbrauch(k), kReadingDigits);
   const auto decimals = yearbook::decimalsOf(units_);
   txtVerbrauch(k)->setDecimals(decimals.least, decimals.most);
   lblVerbrauch(k)->setAlignment(Qt::AlignRight | Qt::AlignVCenter);
-  grid->addWidget(lblMo(k), row, kMonth);
-  grid->addWidget(txtVerbrauch(k), row, kReading);
-  grid->addWidget(optWechsel(k), row, kOption);
-  grid->addWidget(lblMoV(k), row, kMonthAgain);
-  grid->addWidget(lblVerbrauch(k), row, kConsumption);
-  grid->addWidget(lblHint(k), row, kHint);
+  grid_->addWidget(lblMo(k), row, kMonth);
+  grid_->addWidget(txtVerbrauch(k), row, kReading);
+  grid_->addWidget(optWechsel(k), row, kOption);
+  grid_->addWidget(lblMoV(k), row, kMonthAgain);
+  grid_->addWidget(lblVerbrauch(k), row, kConsumption);
+  lblHint(k)->setUsualText(u"ergibt −1000000: "_s + utf8(wordsOf(Doubt::Unusual)));
+  grid_->addWidget(lblHint(k), row, kHint);
 }
 
 void MeterReadingWindow::setTabOrders() {
@@ -347,11 +343,10 @@ void MeterReadingWindow::resetChange() {
 }
 
 void MeterReadingWindow::placeReadings(int from, QWidget* column) {
-  auto* grid = static_cast<QGridLayout*>(layout());
   const int target = column == txtWechsel ? kNewReading : kReading;
   for (int k = from; k < kMonths; ++k) {
-    grid->removeWidget(txtVerbrauch(k));
-    grid->addWidget(txtVerbrauch(k), kFirstMonth + k, target);
+    grid_->removeWidget(txtVerbrauch(k));
+    grid_->addWidget(txtVerbrauch(k), kFirstMonth + k, target);
   }
 }
 

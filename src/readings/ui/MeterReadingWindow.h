@@ -7,7 +7,7 @@
 #include "readings/ui/ColumnHeader.h"
 #include "readings/ui/EntryNote.h"
 #include "readings/ui/EntryWindow.h"
-#include "readings/ui/MarkedLabel.h"
+#include "readings/ui/HintLabel.h"
 #include "widgets/control.h"
 #include "yearbook/FieldRules.h"
 
@@ -34,7 +34,7 @@ class MeterReadingWindow : public EntryWindow {
   const widgets::ControlArray<ChangeOption, 13> optWechsel{this, "optWechsel"};
   const widgets::ControlArray<MarkedLabel, 12> lblMoV{this, "lblMoV"};
   const widgets::ControlArray<QLabel, 12> lblVerbrauch{this, "lblVerbrauch"};
-  const widgets::ControlArray<MarkedLabel, 12> lblHint{this, "lblHint"};
+  const widgets::ControlArray<HintLabel, 12> lblHint{this, "lblHint"};
   EntryNote* const lblOffen = new EntryNote(this);
   QPushButton* const Command1 = widgets::control<QPushButton>(this, "Command1");
   QPushButton* const Command2 = widgets::control<QPushButton>(this, "Command2");
@@ -52,7 +52,7 @@ class MeterReadingWindow : public EntryWindow {
   void setTexts();
   void nameMonths();
   void arrange();
-  void arrangeMonth(QGridLayout* grid, int k);
+  void arrangeMonth(int k);
   void setTabOrders();
   void connectFields();
   void connectButtons();
@@ -83,6 +83,7 @@ class MeterReadingWindow : public EntryWindow {
 
   const Meter meter_;
   const yearbook::EntryKind units_;
+  QGridLayout* const grid_;
   QButtonGroup changeGroup_;
   MeterChange storedChange_;
   PerMonth<double> loaded_{};

@@ -66,6 +66,7 @@ void DetailPage::buildLayout() {
   choice->addStretch();
 
   auto* buttons = new QVBoxLayout;
+  buttons->setSpacing(4);
   for (QPushButton* button : {Command11, cmdVorschauAlle, Command10, cmdCsv, cmdKopierenAlle}) {
     button->setMinimumWidth(button->fontMetrics().averageCharWidth() * 20);
     buttons->addWidget(button);

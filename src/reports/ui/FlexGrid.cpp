@@ -293,7 +293,7 @@ QSize FlexGrid::sizeHint() const {
 }
 
 QSize FlexGrid::minimumSizeHint() const {
-  return {sizeHint().width(), 200};
+  return {sizeHint().width(), 140};
 }
 
 void FlexGrid::resizeEvent(QResizeEvent* event) {

@@ -26,6 +26,7 @@ OverviewPage::OverviewPage(const dialogs::Services& services, const yearbook::Ye
 void OverviewPage::buildLayout() {
   captionAll({cmdDrucken, cmdVorschau, cmdExpHtml, cmdKopieren}, u"Übersicht"_s);
   auto* buttons = new QVBoxLayout;
+  buttons->setSpacing(4);
   for (QPushButton* button : {cmdDrucken, cmdVorschau, cmdExpHtml, cmdKopieren}) {
     button->setMinimumWidth(button->fontMetrics().averageCharWidth() * 20);
     buttons->addWidget(button);

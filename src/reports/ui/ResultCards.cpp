@@ -111,7 +111,7 @@ ResultCards::ResultCards(QWidget* parent) : QWidget(parent) {
   grid->setContentsMargins(0, 0, 0, 0);
   grid->setSpacing(10);
   for (Utility utility : yearbook::kUtilities) cards_[utility] = new Card(utility, this);
-  place();
+  place(3);
 }
 
 void ResultCards::show(const PerUtility<YearResult>& results) {
@@ -120,12 +120,11 @@ void ResultCards::show(const PerUtility<YearResult>& results) {
 
 void ResultCards::resizeEvent(QResizeEvent* event) {
   QWidget::resizeEvent(event);
-  place();
+  const int least = kLeastWidth * fontMetrics().averageCharWidth();
+  place(std::clamp(width() / std::max(1, least), 1, 3));
 }
 
-void ResultCards::place() {
-  const int least = kLeastWidth * fontMetrics().averageCharWidth();
-  const int columns = std::clamp(width() / std::max(1, least), 1, 3);
+void ResultCards::place(int columns) {
   if (columns == columns_) return;
   columns_ = columns;
   auto* grid = static_cast<QGridLayout*>(layout());

@@ -20,7 +20,7 @@ class ResultCards final : public QWidget {
 
  private:
   class Card;
-  void place();
+  void place(int columns);
   PerUtility<Card*> cards_{};
   int columns_ = 0;
 };

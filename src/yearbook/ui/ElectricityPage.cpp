@@ -127,10 +127,7 @@ void ElectricityPage::showValues() {
 void ElectricityPage::showNight(bool shown) {
   for (QWidget* frame : {static_cast<QWidget*>(FrameNachtstrom), Frame22, Frame23})
     frame->setVisible(shown);
-  if (shown)
-    placeTwoMeters(day_, FrameNachtstrom, Frame13, months, result_);
-  else
-    placeOneMeter(day_, Frame13, months, result_);
+  placeMeters({day_, shown ? FrameNachtstrom : nullptr, Frame13, months, result_});
 }
 
 }  // namespace yearbook

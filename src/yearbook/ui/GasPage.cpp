@@ -21,7 +21,7 @@ GasPage::GasPage(QWidget* parent, YearEditor& editor)
   result_->addButton(button(cmdDiagrammGas, u"Gas"_s, u"Diagramm Verbrauch Gas"_s));
   result_->addButton(comparisonButton(cmdDiagrVergleichG));
   bindFields();
-  placeOneMeter(gas_, contract_, months, result_);
+  placeMeters({gas_, nullptr, contract_, months, result_});
   chainFields({txtAnfStandG, txtFaktor, txtPreisGas, txtGrundgebG, txtMwStG}, *months);
   connect(&editor, &YearEditor::changed, this, &GasPage::showValues);
 }

@@ -73,7 +73,6 @@ UtilityPage::UtilityPage(QWidget* parent, const char* name, YearEditor& editor)
   auto* rows = new QVBoxLayout(content_);
   rows->setContentsMargins(8, 6, 8, 6);
   rows->addLayout(places_);
-  content_->setMaximumHeight(kTallestPage * fontMetrics().lineSpacing());
   places_->setHorizontalSpacing(10);
   places_->setVerticalSpacing(6);
   setWidget(content_);
@@ -155,31 +154,55 @@ void UtilityPage::addStartMonthLine(FigureGroup* contract, QLabel* month,
   contract->addLine(u"Startmonat"_s, month, {}, adapt);
 }
 
+void UtilityPage::placeMeters(const Parts& parts) {
+  parts_ = parts;
+  placeSideBySide();
+  if (viewport()->width() < leastSideBySide_) placeBelow();
+}
+
 void UtilityPage::clearPlaces() {
   while (QLayoutItem* item = places_->takeAt(0)) delete item;
+  for (int column = 0; column < 3; ++column) places_->setColumnStretch(column, 0);
+  for (int row = 0; row < 2; ++row) places_->setRowStretch(row, 0);
+}
+
+void UtilityPage::placeSideBySide() {
+  clearPlaces();
+  const int meters = parts_.second ? 2 : 1;
+  parts_.contract->arrange(meters);
+  places_->addWidget(parts_.first, 0, 0);
+  if (parts_.second) places_->addWidget(parts_.second, 0, 1);
+  places_->addWidget(parts_.months, 0, meters, 1, 3 - meters);
+  places_->addWidget(parts_.contract, 1, 0, 1, meters);
+  places_->addWidget(parts_.result, 1, meters, 1, 3 - meters);
   places_->setColumnStretch(2, 1);
   places_->setRowStretch(0, 1);
+  content_->setMaximumHeight(kTallestPage * fontMetrics().lineSpacing());
+  leastSideBySide_ = content_->minimumSizeHint().width();
+  below_ = false;
 }
 
-void UtilityPage::placeTwoMeters(QWidget* first, QWidget* second, FigureGroup* contract,
-                                 MonthTable* months, ResultGroup* result) {
+void UtilityPage::placeBelow() {
   clearPlaces();
-  contract->arrange(2);
-  places_->addWidget(first, 0, 0);
-  places_->addWidget(second, 0, 1);
-  places_->addWidget(months, 0, 2);
-  places_->addWidget(contract, 1, 0, 1, 2);
-  places_->addWidget(result, 1, 2);
+  parts_.contract->arrange(2);
+  places_->addWidget(parts_.first, 0, 0);
+  if (parts_.second) places_->addWidget(parts_.second, 1, 0);
+  places_->addWidget(parts_.months, 0, 1, 2, 1);
+  places_->addWidget(parts_.contract, 2, 0, 1, 2);
+  places_->addWidget(parts_.result, 3, 0, 1, 2);
+  places_->setColumnStretch(1, 1);
+  places_->setRowStretch(1, 1);
+  content_->setMaximumHeight(QWIDGETSIZE_MAX);
+  below_ = true;
 }
 
-void UtilityPage::placeOneMeter(QWidget* meter, FigureGroup* contract, MonthTable* months,
-                                ResultGroup* result) {
-  clearPlaces();
-  contract->arrange(1);
-  places_->addWidget(meter, 0, 0);
-  places_->addWidget(months, 0, 1, 1, 2);
-  places_->addWidget(contract, 1, 0);
-  places_->addWidget(result, 1, 1, 1, 2);
+void UtilityPage::resizeEvent(QResizeEvent* event) {
+  QScrollArea::resizeEvent(event);
+  // What stands on the page changes with the year.
+  if (!below_) leastSideBySide_ = content_->minimumSizeHint().width();
+  const bool narrow = viewport()->width() < leastSideBySide_;
+  if (narrow && !below_) placeBelow();
+  if (!narrow && below_) placeSideBySide();
 }
 
 void UtilityPage::chainFields(const std::vector<QWidget*>& fields, const MonthTable& months) {

@@ -67,20 +67,31 @@ class UtilityPage : public QScrollArea {
                       QPushButton* monthly, const QString& monthlyTip) const;
   void addStartMonthLine(FigureGroup* contract, QLabel* month, QPushButton* adapt) const;
 
-  void placeTwoMeters(QWidget* first, QWidget* second, FigureGroup* contract, MonthTable* months,
-                      ResultGroup* result);
-  void placeOneMeter(QWidget* meter, FigureGroup* contract, MonthTable* months,
-                     ResultGroup* result);
+  struct Parts {
+    QWidget* first;
+    QWidget* second;  // none where there is one meter
+    FigureGroup* contract;
+    MonthTable* months;
+    ResultGroup* result;
+  };
+  // Side by side, one below the other where the page is too narrow for that.
+  void placeMeters(const Parts& parts);
   // Tab goes through these fields in order, then through the twelve advance payments.
   void chainFields(const std::vector<QWidget*>& fields, const MonthTable& months);
+  void resizeEvent(QResizeEvent* event) override;
 
  private:
+  void placeSideBySide();
+  void placeBelow();
   static QString priceTip(const QLineEdit& price);
   void clearPlaces();
 
   YearEditor& editor_;
   QWidget* content_;
   QGridLayout* places_;
+  Parts parts_{};
+  int leastSideBySide_ = 0;
+  bool below_ = false;
 };
 
 // Two or three buttons side by side at the foot of a meter's frame.

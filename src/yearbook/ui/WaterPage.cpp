@@ -23,7 +23,7 @@ WaterPage::WaterPage(QWidget* parent, YearEditor& editor)
       button(cmdDiagrammWW, u"Beide"_s, u"Diagramm Verbrauch Wasser und Abwasser"_s));
   result_->addButton(comparisonButton(cmdDiagrVergleichW));
   bindFields();
-  placeTwoMeters(water_, wasteWater_, contract_, months, result_);
+  placeMeters({water_, wasteWater_, contract_, months, result_});
   chainFields({txtAnfStandW, txtAnfStandAbW, txtGrundgebW, txtMwStW, txtGrundgebAbW, txtMwStAbW},
               *months);
   connect(&editor, &YearEditor::changed, this, &WaterPage::showValues);
