@@ -3,6 +3,7 @@
 #include <QKeyEvent>
 #include <QLineEdit>
 #include <QScrollArea>
+#include <QScrollBar>
 #include <QVBoxLayout>
 
 #include "base/CurrentFolder.h"
@@ -66,9 +67,12 @@ void Window::letTallContentScroll() {
   if (!content) return;
   const QSize least = content->totalMinimumSize();
   if (least.width() <= kSmallScreen.width() && least.height() <= kSmallScreen.height()) return;
-  const QSize wanted = testAttribute(Qt::WA_Resized) ? size() : sizeHint();
+  const QSize chosen = testAttribute(Qt::WA_Resized) ? size() : QSize();
   const QMargins margins = content->contentsMargins();
   QLayout* buttons = takeButtonRow(content);
+  constexpr int kAboveButtons = 8;
+  if (buttons)
+    content->setContentsMargins(margins.left(), margins.top(), margins.right(), kAboveButtons);
   QWidget* menu = content->menuBar();
   content->setMenuBar(nullptr);
   auto* area = new QScrollArea(this);
@@ -81,13 +85,20 @@ void Window::letTallContentScroll() {
   area->setWidget(page);
   auto* rows = new QVBoxLayout(this);
   rows->setContentsMargins(0, 0, 0, 0);
+  rows->setSpacing(0);
   rows->setMenuBar(menu);
   rows->addWidget(area);
   if (buttons) {
     buttons->setContentsMargins(margins.left(), 0, margins.right(), margins.bottom());
     rows->addLayout(buttons);
   }
-  resize(wanted);
+  // What an area wants is not all that it shows.
+  QSize whole = content->totalSizeHint().expandedTo(content->totalMinimumSize());
+  // Beside a bar that is there for a moment lines may break once more; the bar would stay.
+  const int bar = area->verticalScrollBar()->sizeHint().width();
+  whole = whole.expandedTo({0, content->totalHeightForWidth(whole.width() - bar)});
+  if (buttons) whole.rheight() += buttons->totalSizeHint().height();
+  resize(chosen.isValid() ? chosen : whole);
 }
 
 void Window::showEvent(QShowEvent* event) {

@@ -1,8 +1,10 @@
 #include <gmock/gmock.h>
 
 #include <QCheckBox>
+#include <QLabel>
 #include <QScreen>
 #include <QScrollArea>
+#include <QScrollBar>
 #include <QTest>
 #include <QVBoxLayout>
 
@@ -12,6 +14,7 @@
 #include "support/ui/FakeNavigator.h"
 #include "support/ui/FakePrompts.h"
 #include "widgets/NumberField.h"
+#include "widgets/UserSettings.h"
 #include "widgets/control.h"
 
 using namespace Qt::Literals::StringLiterals;
@@ -52,6 +55,9 @@ class frmProbe final : public dialogs::Window {
 
 class WindowBase : public testing::Test {
  protected:
+  // No test remembers where the window of another one stood.
+  WindowBase() { widgets::userSettings().clear(); }
+
   void show() {
     window.show();
     window.activateWindow();
@@ -140,6 +146,24 @@ TEST_F(WindowBase, ContentThatIsTooTallScrollsAndTheRestStaysAsItWas) {
   QTest::keyClick(window.chkBox, Qt::Key_Escape);
   EXPECT_EQ(window.pressed, QStringList{u"reject"_s});
   EXPECT_EQ(navigator_.calls, QStringList{u"showHelp"_s});
+}
+
+// On a screen that has room for it there is nothing to scroll.
+TEST_F(WindowBase, OpensWithAllOfATallContentInSight) {
+  auto* rows = qobject_cast<QVBoxLayout*>(window.layout());
+  auto* text = new QLabel(QString(u"Ein Satz, der umbrochen wird. "_s).repeated(20));
+  text->setWordWrap(true);
+  rows->addWidget(text);
+  auto* buttons = new QHBoxLayout;
+  buttons->addWidget(window.cmdStore);
+  rows->addLayout(buttons);
+  window.first->setMinimumSize(300, 460);
+  show();
+  const auto* area = window.findChild<QScrollArea*>();
+  ASSERT_NE(area, nullptr);
+  EXPECT_FALSE(area->verticalScrollBar()->isVisible());
+  EXPECT_FALSE(area->horizontalScrollBar()->isVisible());
+  EXPECT_FALSE(area->isAncestorOf(window.cmdStore));
 }
 
 }  // namespace
