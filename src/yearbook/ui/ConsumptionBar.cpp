@@ -3,14 +3,10 @@
 #include <QPainter>
 #include <algorithm>
 
+#include "widgets/Tones.h"
+
 namespace yearbook {
 namespace {
-
-QColor tint(const QWidget* widget, int alpha) {
-  QColor color = widget->palette().color(QPalette::Active, QPalette::Highlight);
-  color.setAlpha(alpha);
-  return color;
-}
 
 void fillRounded(QWidget* widget, const QRectF& area, const QColor& color, double radius) {
   QPainter painter(widget);
@@ -22,7 +18,8 @@ void fillRounded(QWidget* widget, const QRectF& area, const QColor& color, doubl
 
 }  // namespace
 
-ConsumptionBar::ConsumptionBar(QWidget* parent) : QWidget(parent) {
+ConsumptionBar::ConsumptionBar(const GroundColors& colors, QWidget* parent)
+    : QWidget(parent), colors_(colors) {
   setSizePolicy(QSizePolicy::Expanding, QSizePolicy::Preferred);
   setAttribute(Qt::WA_TransparentForMouseEvents);
 }
@@ -45,7 +42,8 @@ void ConsumptionBar::paintEvent(QPaintEvent*) {
   constexpr double kThickness = 8;
   if (share_ <= 0) return;
   const QRectF area(0, (height() - kThickness) / 2, std::max(2.0, width() * share_), kThickness);
-  fillRounded(this, area, tint(this, 120), 2);
+  const bool dark = widgets::isDark(palette());
+  fillRounded(this, area, QColor::fromRgb(dark ? colors_.dark : colors_.light), 2);
 }
 
 LineMark::LineMark(QWidget* parent) : QWidget(parent) {
@@ -54,7 +52,10 @@ LineMark::LineMark(QWidget* parent) : QWidget(parent) {
 }
 
 void LineMark::paintEvent(QPaintEvent*) {
-  fillRounded(this, rect(), tint(this, 45), 3);
+  constexpr int kTint = 45;
+  QColor color = palette().color(QPalette::Active, QPalette::Highlight);
+  color.setAlpha(kTint);
+  fillRounded(this, rect(), color, 3);
 }
 
 }  // namespace yearbook

@@ -2,13 +2,16 @@
 
 #include <QWidget>
 
+#include "yearbook/MeterColors.h"
+
 namespace yearbook {
 
-// A quiet bar behind a month: its consumption as a share of the year's highest month.
+// A bar behind a month in the colour of its meter: its consumption as a share of the year's highest
+// month.
 class ConsumptionBar final : public QWidget {
   Q_OBJECT
  public:
-  explicit ConsumptionBar(QWidget* parent = nullptr);
+  ConsumptionBar(const GroundColors& colors, QWidget* parent);
   void setShare(double share);
   QSize sizeHint() const override;
   QSize minimumSizeHint() const override;
@@ -17,6 +20,7 @@ class ConsumptionBar final : public QWidget {
   void paintEvent(QPaintEvent* event) override;
 
  private:
+  const GroundColors colors_;
   double share_ = 0;
 };
 

@@ -92,7 +92,7 @@ void MonthTable::buildLines(QGridLayout* grid) {
     auto* mark = new LineMark(this);
     mark->lower();
     marks_[i] = mark;
-    bars_[i] = new ConsumptionBar(this);
+    bars_[i] = new ConsumptionBar(kMeterColors[factsOf(utility_).mainMeter], this);
     consumption(i)->setAlignment(Qt::AlignRight | Qt::AlignVCenter);
     advance(i)->setFixedWidth(numberWidth(advance(i)));
     advance(i)->setToolTip(advanceHint());
