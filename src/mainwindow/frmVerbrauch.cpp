@@ -73,7 +73,7 @@ void frmVerbrauch::buildPages() {
   TabStrip->addTab(Frame3, u"Zählerstände und Preise Gas"_s);
   TabStrip->addTab(Frame4, u"Übersicht"_s);
   TabStrip->addTab(Frame5, u"Anmerkungen"_s);
-  TabStrip->addTab(fraDrucke, u"Drucken"_s);
+  TabStrip->addTab(fraDrucke, u"Ausführliche Tabelle"_s);
   auto* central = new QWidget(this);
   auto* rows = new QVBoxLayout(central);
   rows->setContentsMargins(0, 0, 0, 0);

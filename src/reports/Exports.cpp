@@ -1,5 +1,6 @@
 #include "reports/Exports.h"
 
+#include "base/Paths.h"
 #include "reports/FlexGridHTML.h"
 #include "reports/GridText.h"
 #include "reports/YearResults.h"
@@ -31,6 +32,15 @@ std::string overviewPageName(int month) {
 
 std::string detailPageName(int month) {
   return "Verbrauchsabrechnung " + std::to_string(month) + " Monate.html";
+}
+
+std::string keptPageName(std::string_view pageName, const std::string& year) {
+  const std::string_view stem = pageName.substr(0, pageName.rfind('.'));
+  return std::string(stem) + " (" + year + ").html";
+}
+
+std::string proposedName(const std::string& yearPath, std::string_view table) {
+  return base::baseName(base::fileName(yearPath)) + " – " + std::string(table);
 }
 
 }  // namespace reports

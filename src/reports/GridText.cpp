@@ -1,6 +1,7 @@
 #include "reports/GridText.h"
 
 #include <algorithm>
+#include <map>
 
 #include "base/GermanNumber.h"
 #include "base/TextCodec.h"
@@ -140,12 +141,40 @@ std::string plainAmount(base::Money amount) {
   return text;
 }
 
+std::size_t decimalsOf(const std::string& number) {
+  const std::size_t comma = number.find(',');
+  return comma == std::string::npos ? 0 : number.size() - comma - 1;
+}
+
+// A cell as it stands alone.
 struct CsvField {
   std::string operator()(std::monostate) const { return {}; }
   std::string operator()(const std::string& text) const { return quoted(text); }
   std::string operator()(base::Money amount) const { return plainAmount(amount); }
   std::string operator()(double number) const { return base::formatShort(number); }
 };
+
+bool isNumber(const Cell& cell) {
+  return std::holds_alternative<base::Money>(cell.value) ||
+         std::holds_alternative<double>(cell.value);
+}
+
+// Of the column's most exact number.
+std::size_t decimalsOf(const Grid& grid, int column) {
+  std::size_t most = 0;
+  for (int row = 0; row < grid.rows(); ++row)
+    if (isRowVisible(grid, row) && isNumber(grid.cell(row, column)))
+      most = std::max(most, decimalsOf(std::visit(CsvField{}, grid.cell(row, column).value)));
+  return most;
+}
+
+std::string csvField(const Cell& cell, std::size_t decimals) {
+  std::string text = std::visit(CsvField{}, cell.value);
+  if (!isNumber(cell)) return text;
+  const std::size_t own = decimalsOf(text);
+  if (own == 0 && decimals > 0) text += ',';
+  return text.append(decimals - own, '0');
+}
 
 // --- clipboard ---
 
@@ -183,13 +212,15 @@ std::string toPlainText(const Grid& grid) {
 
 std::string toCsv(const Grid& grid) {
   const std::vector<int> columns = visibleColumns(grid);
+  std::map<int, std::size_t> decimals;
+  for (const int column : columns) decimals[column] = decimalsOf(grid, column);
   std::string csv = "\xEF\xBB\xBF";
   for (int row = 0; row < grid.rows(); ++row) {
     if (!isRowVisible(grid, row)) continue;
     for (const int column : columns) {
       if (column != columns.front()) csv += ';';
       if (isFirstOfRange(grid.mergedRange(row, column), row, column))
-        csv += std::visit(CsvField{}, grid.cell(row, column).value);
+        csv += csvField(grid.cell(row, column), decimals[column]);
     }
     csv += "\r\n";
   }

@@ -11,7 +11,8 @@ namespace reports {
 std::string toPlainText(const Grid& grid);
 
 // For spreadsheets that read German numbers: UTF-8 with byte order mark, ";", decimal comma, no
-// thousands separators, CR LF. A merged text stands in its first cell only.
+// thousands separators, CR LF; all decimals, in each column as many. A merged text stands in its
+// first cell only.
 std::string toCsv(const Grid& grid);
 
 // For the clipboard: what the cells show, tabs between them, CR LF after each row.

@@ -99,8 +99,8 @@ TEST(GridText, DetailedMonthsAsApproved) {
   EXPECT_TRUE(matchesGolden("detail-2025.txt", toPlainText(grid)));
 }
 
-TEST(GridText, CsvKeepsEveryDecimalAndQuotesWhatASpreadsheetWouldTakeApart) {
-  Grid grid(2, 4);
+TEST(GridText, CsvKeepsEveryDecimalOfAColumnAndQuotesWhatASpreadsheetWouldTakeApart) {
+  Grid grid(3, 4);
   grid.column(0).format = "#,##0.00";
   grid.cell(0, 0).value = Money::roundHalfEven(1234.5678);
   grid.cell(0, 1).value = 10483.5;
@@ -110,9 +110,10 @@ TEST(GridText, CsvKeepsEveryDecimalAndQuotesWhatASpreadsheetWouldTakeApart) {
   grid.cell(1, 1).value = "Summe";
   grid.cell(1, 2).value = "Summe";
   grid.mergeEqualNeighbours(1);
+  grid.cell(2, 1).value = 7.0;
   EXPECT_EQ(toCsv(grid),
             "\xEF\xBB\xBF"
-            "1234,5678;10483,5;\"a;\"\"b\"\"\";\"'=1+1\"\r\n-3,00;Summe;;\r\n");
+            "1234,5678;10483,5;\"a;\"\"b\"\"\";\"'=1+1\"\r\n-3,0000;Summe;;\r\n;7,0;;\r\n");
 }
 
 TEST(GridText, ClipboardFormsShowWhatTheCellsShow) {

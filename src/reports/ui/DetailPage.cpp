@@ -5,7 +5,7 @@
 #include <QVBoxLayout>
 #include <algorithm>
 
-#include "dialogs/Prompts.h"
+#include "dialogs/SaveAs.h"
 #include "reports/Exports.h"
 #include "reports/GridText.h"
 
@@ -24,13 +24,23 @@ DetailPage::DetailPage(const dialogs::Services& services, const yearbook::YearSe
   setObjectName(u"fraDrucke"_s);
   setCaptions();
   buildLayout();
-  for (QCheckBox* box : boxes()) box->setChecked(true);
+  for (QCheckBox* box : boxes()) {
+    box->setChecked(true);
+    connect(box, &QCheckBox::toggled, this, &DetailPage::boxTicked);
+  }
   connect(cmdTabelle, &QPushButton::clicked, this, &DetailPage::cmdTabelleClick);
   connect(Command11, &QPushButton::clicked, this, &DetailPage::Command11Click);
   connect(Command10, &QPushButton::clicked, this, &DetailPage::Command10Click);
   connect(cmdVorschauAlle, &QPushButton::clicked, this, &DetailPage::cmdVorschauAlleClick);
   connect(cmdCsv, &QPushButton::clicked, this, &DetailPage::cmdCsvClick);
-  connect(cmdKopierenAlle, &QPushButton::clicked, grdDruckAlle, &FlexGrid::copyToClipboard);
+  connect(cmdPdf, &QPushButton::clicked, this, &DetailPage::cmdPdfClick);
+  connect(cmdKopierenAlle, &QPushButton::clicked, this, [this] {
+    if (followTicks()) grdDruckAlle->copyToClipboard();
+  });
+}
+
+std::array<QPushButton*, 6> DetailPage::outputs() const {
+  return {Command11, cmdVorschauAlle, Command10, cmdPdf, cmdCsv, cmdKopierenAlle};
 }
 
 PerMeter<QCheckBox*> DetailPage::boxes() const {
@@ -53,6 +63,7 @@ void DetailPage::setCaptions() {
   caption(cmdTabelle, u"Werte in Tabelle aktualisieren"_s,
           u"Baut die Tabelle aus den angekreuzten Zählern neu auf"_s);
   captionAll({Command11, cmdVorschauAlle, Command10, cmdKopierenAlle}, u"Tabelle"_s);
+  captionPdf(cmdPdf);
   caption(cmdCsv, u"Als &CSV speichern…"_s,
           u"Für Tabellenkalkulationen, alle Stellen der Beträge"_s);
   grdDruckAlle->setAccessibleName(u"Monate der angekreuzten Zähler"_s);
@@ -67,7 +78,7 @@ void DetailPage::buildLayout() {
 
   auto* buttons = new QVBoxLayout;
   buttons->setSpacing(4);
-  for (QPushButton* button : {Command11, cmdVorschauAlle, Command10, cmdCsv, cmdKopierenAlle}) {
+  for (QPushButton* button : outputs()) {
     button->setMinimumWidth(button->fontMetrics().averageCharWidth() * 20);
     buttons->addWidget(button);
   }
@@ -81,6 +92,8 @@ void DetailPage::buildLayout() {
   auto* page = new QVBoxLayout(this);
   page->addLayout(choice);
   page->addLayout(row, 1);
+  dressOutputNote(lblAusgabe);
+  page->addWidget(lblAusgabe);
 }
 
 void DetailPage::showEvent(QShowEvent* event) {
@@ -103,38 +116,58 @@ void DetailPage::cmdTabelleClick() {
   grdDruckAlle->setGrid(buildDetailTable(detailInput(year_, services_.clock.today()), choice,
                                          measureOn(*grdDruckAlle)));
   const bool anyBlock = std::find(choice.begin(), choice.end(), true) != choice.end();
-  for (QPushButton* button : {Command11, cmdVorschauAlle, Command10, cmdCsv, cmdKopierenAlle})
-    button->setEnabled(anyBlock);
+  for (QPushButton* button : outputs()) button->setEnabled(anyBlock);
+  outdated_ = false;
+  sayBelow(lblAusgabe, pageNotice(htmlPage(), year_.path(), services_));
+}
+
+void DetailPage::boxTicked() {
+  outdated_ = true;
+  sayBelow(lblAusgabe, u"Die Tabelle zeigt noch nicht, was angekreuzt ist."_s);
+}
+
+// What is put out is what is ticked; false when that is nothing.
+bool DetailPage::followTicks() {
+  if (outdated_) cmdTabelleClick();
+  return Command11->isEnabled();
 }
 
 GridPrinter DetailPage::pages() const {
   return GridPrinter(grdDruckAlle->grid(),
-                     QString::fromStdString(documentName(services_.clock.today())), kMargins);
+                     QString::fromStdString(documentName(services_.clock.today())), kMargins,
+                     footerOf(year_.path()));
+}
+
+std::string DetailPage::htmlPage() const {
+  return services_.paths.DataFolder + detailPageName(year_.openedMonth());
 }
 
 void DetailPage::Command11Click() {
-  printGrid(pages(), services_, this, printerChoice);
+  if (followTicks()) printGrid(pages(), services_, this, printerChoice);
 }
 
 void DetailPage::cmdVorschauAlleClick() {
-  previewGrid(pages(), this);
+  if (followTicks()) previewGrid(pages(), this);
 }
 
 void DetailPage::Command10Click() {
-  exportPage(grdDruckAlle->grid(), services_.paths.DataFolder + detailPageName(year_.openedMonth()),
-             services_, this);
+  if (!followTicks()) return;
+  exportPage(grdDruckAlle->grid(), htmlPage(), year_.path(), services_, this);
+  sayBelow(lblAusgabe, {});
+}
+
+void DetailPage::cmdPdfClick() {
+  if (!followTicks()) return;
+  sayWhere(lblAusgabe, savePdf(pages(), proposedName(year_.path(), "Monate"), services_, this));
 }
 
 void DetailPage::cmdCsvClick() {
-  const QString path = services_.prompts.saveFile(
-      this, u"CSV-Tabelle (*.csv)|*.csv"_s, u"Tabelle als CSV speichern"_s,
-      QString::fromStdString(services_.paths.DataFolder), u".csv"_s);
-  if (path.isEmpty()) return;
-  const auto saved =
-      services_.files.replaceFile(path.toStdString(), base::asBytes(toCsv(grdDruckAlle->grid())));
-  if (!saved)
-    services_.prompts.tell(this, QString::fromStdString(base::germanMessage(saved.error())),
-                           u"Tabelle als CSV speichern"_s, dialogs::Icon::Warning);
+  if (!followTicks()) return;
+  const QString name = QString::fromStdString(proposedName(year_.path(), "Monate")) + u".csv"_s;
+  sayWhere(lblAusgabe,
+           dialogs::saveAs(
+               {u"CSV-Tabelle (*.csv)|*.csv"_s, u"Tabelle als CSV speichern"_s, name, u".csv"_s},
+               QByteArray::fromStdString(toCsv(grdDruckAlle->grid())), services_, this));
 }
 
 }  // namespace reports

@@ -24,6 +24,7 @@ class DetailPage final : public QFrame {
   void Command10Click();
   void cmdVorschauAlleClick();
   void cmdCsvClick();
+  void cmdPdfClick();
 
   QCheckBox* const chkStrom = widgets::control<QCheckBox>(this, "chkStrom");
   QCheckBox* const chkStromNS = widgets::control<QCheckBox>(this, "chkStromNS");
@@ -35,6 +36,8 @@ class DetailPage final : public QFrame {
   QPushButton* const Command11 = widgets::control<QPushButton>(this, "Command11");
   QPushButton* const cmdVorschauAlle = widgets::control<QPushButton>(this, "cmdVorschauAlle");
   QPushButton* const Command10 = widgets::control<QPushButton>(this, "Command10");
+  QPushButton* const cmdPdf = widgets::control<QPushButton>(this, "cmdPdf");
+  QLabel* const lblAusgabe = widgets::control<QLabel>(this, "lblAusgabe");
   QPushButton* const cmdCsv = widgets::control<QPushButton>(this, "cmdCsv");
   QPushButton* const cmdKopierenAlle = widgets::control<QPushButton>(this, "cmdKopierenAlle");
 
@@ -49,11 +52,16 @@ class DetailPage final : public QFrame {
   void setCaptions();
   void buildLayout();
   void followNightTariff();
+  std::array<QPushButton*, 6> outputs() const;
+  void boxTicked();
+  bool followTicks();
   GridPrinter pages() const;
+  std::string htmlPage() const;
 
   const dialogs::Services& services_;
   const yearbook::YearSession& year_;
   bool nightShown_ = true;
+  bool outdated_ = false;  // something was ticked that the table does not show yet
 };
 
 }  // namespace reports

@@ -120,11 +120,16 @@ class PagePainter {
 struct GridPrinter::Frame {
   QRectF body;
   double scale = 1.0;  // paper twips per grid twip
+  int tableWidth = 0;  // grid twips
   std::vector<std::vector<int>> pages;
 };
 
-GridPrinter::GridPrinter(const Grid& grid, QString documentName, PrintMargins margins)
-    : grid_(grid), documentName_(std::move(documentName)), margins_(margins) {}
+GridPrinter::GridPrinter(const Grid& grid, QString documentName, PrintMargins margins,
+                         QString footer)
+    : grid_(grid),
+      documentName_(std::move(documentName)),
+      margins_(margins),
+      footer_(footer.isEmpty() ? footer : footer + u" · "_s) {}
 
 void GridPrinter::prepare(QPrinter& printer) const {
   printer.setDocName(documentName_);
@@ -146,10 +151,9 @@ GridPrinter::Frame GridPrinter::frameOn(const QPagedPaintDevice& device) const {
   const double bottom = margin(margins_.topBottom, smallest.bottom());
   frame.body = QRectF(left, top, paper.width() * kTwipsPerPoint - left - right,
                       paper.height() * kTwipsPerPoint - top - bottom);
-  int width = 0;
   for (int column = 0; column < grid_.columns(); ++column)
-    if (!grid_.column(column).hidden) width += grid_.column(column).width;
-  frame.scale = std::min(1.0, frame.body.width() / std::max(1, width));
+    if (!grid_.column(column).hidden) frame.tableWidth += grid_.column(column).width;
+  frame.scale = std::min(1.0, frame.body.width() / std::max(1, frame.tableWidth));
   frame.pages =
       breakIntoPages(grid_, static_cast<int>((frame.body.height() - kFooterHeight) / frame.scale));
   return frame;
@@ -177,7 +181,8 @@ base::Result<void> GridPrinter::paint(QPagedPaintDevice& device, int firstPage,
     painter.setPen(Qt::black);
     painter.drawText(
         QRectF(0, frame.body.height() - kFooterHeight, frame.body.width(), kFooterHeight),
-        Qt::AlignHCenter | Qt::AlignBottom, u"Seite %1 von %2"_s.arg(page).arg(pages));
+        Qt::AlignHCenter | Qt::AlignBottom, footer_ + u"Seite %1 von %2"_s.arg(page).arg(pages));
+    painter.translate((frame.body.width() - frame.tableWidth * frame.scale) / 2, 0);
     painter.scale(frame.scale, frame.scale);
     PagePainter(painter, grid_).draw(frame.pages[static_cast<std::size_t>(page - 1)]);
     painter.restore();

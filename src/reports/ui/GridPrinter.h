@@ -22,10 +22,11 @@ inline constexpr PrintMargins kOverviewMargins{640, 640};
 
 // Puts a grid on pages: widths and heights as the grid says, made smaller in proportion where the
 // paper is too narrow; merged cells, bands, border lines and fonts; breaks between rows, heads
-// repeated, "Seite 1 von 2" at the foot.
+// repeated, in the middle of the paper, "Haushalt 2025 · Seite 1 von 2" at the foot.
 class GridPrinter {
  public:
-  GridPrinter(const Grid& grid, QString documentName, PrintMargins margins);
+  // The footer's name is that of the year, where the table is of one.
+  GridPrinter(const Grid& grid, QString documentName, PrintMargins margins, QString footer = {});
 
   // Name of the print job, portrait, the whole paper addressable.
   void prepare(QPrinter& printer) const;
@@ -42,6 +43,7 @@ class GridPrinter {
   const Grid& grid_;
   QString documentName_;
   PrintMargins margins_;
+  QString footer_;
 };
 
 }  // namespace reports

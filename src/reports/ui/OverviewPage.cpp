@@ -20,6 +20,7 @@ OverviewPage::OverviewPage(const dialogs::Services& services, const yearbook::Ye
   connect(cmdDrucken, &QPushButton::clicked, this, &OverviewPage::cmdDruckenClick);
   connect(cmdExpHtml, &QPushButton::clicked, this, &OverviewPage::cmdExpHtmlClick);
   connect(cmdVorschau, &QPushButton::clicked, this, &OverviewPage::cmdVorschauClick);
+  connect(cmdPdf, &QPushButton::clicked, this, &OverviewPage::cmdPdfClick);
   connect(cmdKopieren, &QPushButton::clicked, grdDruck, &FlexGrid::copyToClipboard);
 }
 
@@ -27,7 +28,8 @@ void OverviewPage::buildLayout() {
   captionAll({cmdDrucken, cmdVorschau, cmdExpHtml, cmdKopieren}, u"Übersicht"_s);
   auto* buttons = new QVBoxLayout;
   buttons->setSpacing(4);
-  for (QPushButton* button : {cmdDrucken, cmdVorschau, cmdExpHtml, cmdKopieren}) {
+  captionPdf(cmdPdf);
+  for (QPushButton* button : {cmdDrucken, cmdVorschau, cmdExpHtml, cmdPdf, cmdKopieren}) {
     button->setMinimumWidth(button->fontMetrics().averageCharWidth() * 20);
     buttons->addWidget(button);
   }
@@ -43,6 +45,8 @@ void OverviewPage::buildLayout() {
   page->addWidget(fraErgebnisse);
   page->addSpacing(4);
   page->addLayout(row, 1);
+  dressOutputNote(lblAusgabe);
+  page->addWidget(lblAusgabe);
   for (QWidget* next : {static_cast<QWidget*>(grdDruck), static_cast<QWidget*>(cmdDrucken)})
     next->setFocusPolicy(Qt::StrongFocus);
 }
@@ -56,12 +60,21 @@ void OverviewPage::rebuild() {
   const OverviewInput input = overviewInput(year_);
   grdDruck->setGrid(buildOverview(input, measureOn(*grdDruck)));
   fraErgebnisse->show(yearResults(input));
+  sayBelow(lblAusgabe, pageNotice(htmlPage(), year_.path(), services_));
 }
 
 GridPrinter OverviewPage::pages() const {
   return GridPrinter(grdDruck->grid(),
                      QString::fromStdString(documentName(services_.clock.today())),
-                     kOverviewMargins);
+                     kOverviewMargins, footerOf(year_.path()));
+}
+
+std::string OverviewPage::htmlPage() const {
+  return services_.paths.DataFolder + overviewPageName(year_.openedMonth());
+}
+
+void OverviewPage::cmdPdfClick() {
+  sayWhere(lblAusgabe, savePdf(pages(), proposedName(year_.path(), "Übersicht"), services_, this));
 }
 
 void OverviewPage::cmdDruckenClick() {
@@ -73,8 +86,8 @@ void OverviewPage::cmdVorschauClick() {
 }
 
 void OverviewPage::cmdExpHtmlClick() {
-  exportPage(grdDruck->grid(), services_.paths.DataFolder + overviewPageName(year_.openedMonth()),
-             services_, this);
+  exportPage(grdDruck->grid(), htmlPage(), year_.path(), services_, this);
+  sayBelow(lblAusgabe, {});
 }
 
 }  // namespace reports

@@ -24,11 +24,14 @@ class OverviewPage final : public QFrame {
   void cmdDruckenClick();
   void cmdExpHtmlClick();
   void cmdVorschauClick();
+  void cmdPdfClick();
 
   FlexGrid* const grdDruck = widgets::control<FlexGrid>(this, "grdDruck");
   QPushButton* const cmdDrucken = widgets::control<QPushButton>(this, "cmdDrucken");
   QPushButton* const cmdExpHtml = widgets::control<QPushButton>(this, "cmdExpHtml");
   QPushButton* const cmdVorschau = widgets::control<QPushButton>(this, "cmdVorschau");
+  QPushButton* const cmdPdf = widgets::control<QPushButton>(this, "cmdPdf");
+  QLabel* const lblAusgabe = widgets::control<QLabel>(this, "lblAusgabe");
   QPushButton* const cmdKopieren = widgets::control<QPushButton>(this, "cmdKopieren");
   ResultCards* const fraErgebnisse = new ResultCards(this);
 
@@ -40,6 +43,7 @@ class OverviewPage final : public QFrame {
  private:
   void buildLayout();
   GridPrinter pages() const;
+  std::string htmlPage() const;
 
   const dialogs::Services& services_;
   const yearbook::YearSession& year_;

@@ -4,9 +4,13 @@
 #include <QPrintDialog>
 #include <QPrintPreviewDialog>
 
+#include "base/Paths.h"
 #include "dialogs/Prompts.h"
+#include "dialogs/SaveAs.h"
 #include "dialogs/Shell.h"
+#include "reports/Exports.h"
 #include "reports/ui/GridColors.h"
+#include "widgets/UserSettings.h"
 
 using namespace Qt::StringLiterals;
 
@@ -36,6 +40,31 @@ void captionAll(const PrintButtons& buttons, const QString& table) {
           u"Speichert die %1 als HTML-Seite im Datenordner und öffnet sie"_s.arg(table));
   caption(buttons.copy, u"Tabelle &kopieren"_s,
           u"Kopiert die Tabelle, zum Einfügen in eine Tabellenkalkulation"_s);
+}
+
+void captionPdf(QPushButton* button) {
+  caption(button, u"Als P&DF speichern…"_s, u"Die Seiten, wie sie gedruckt werden, als Datei"_s);
+}
+
+void dressOutputNote(QLabel* note) {
+  note->setForegroundRole(QPalette::PlaceholderText);
+  note->setTextFormat(Qt::PlainText);
+  note->setTextInteractionFlags(Qt::TextSelectableByMouse);
+  note->setWordWrap(true);
+  note->hide();
+}
+
+void sayBelow(QLabel* note, const QString& text) {
+  note->setText(text);
+  note->setVisible(!text.isEmpty());
+}
+
+void sayWhere(QLabel* note, const QString& path) {
+  if (!path.isEmpty()) sayBelow(note, u"Gespeichert unter "_s + path);
+}
+
+QString footerOf(const std::string& yearPath) {
+  return QString::fromStdString(base::baseName(base::fileName(yearPath)));
 }
 
 bool choosePrinter(QPrinter& printer, QWidget* owner) {
@@ -73,19 +102,59 @@ void previewGrid(const GridPrinter& pages, QWidget* owner) {
   dialog.exec();
 }
 
-void exportPage(const Grid& grid, const std::string& path, const dialogs::Services& services,
-                QWidget* owner) {
+namespace {
+
+// Which year a page is of stands nowhere in it.
+QString yearKeyOf(const std::string& path) {
+  return u"Seiten/"_s +
+         QString::fromLatin1(QByteArray::fromStdString(path).toPercentEncoding({}, "/"));
+}
+
+// Where the page of another year will be kept; "" when there is nothing to keep.
+std::string keptPage(const std::string& path, const std::string& yearPath,
+                     const base::FileSystem& files) {
+  const std::string former =
+      widgets::userSettings().value(yearKeyOf(path)).toString().toStdString();
+  if (former == yearPath || !files.exists(path)) return {};
+  const std::string year = former.empty() ? "bisher" : base::baseName(base::fileName(former));
+  return std::string(base::folderOf(path)) + keptPageName(base::fileName(path), year);
+}
+
+}  // namespace
+
+QString pageNotice(const std::string& path, const std::string& yearPath,
+                   const dialogs::Services& services) {
+  const std::string kept = keptPage(path, yearPath, services.files);
+  if (kept.empty()) return {};
+  return u"Export HTML ersetzt eine Seite, die nicht von diesem Jahr ist. Sie bleibt als „%1“ "
+         "erhalten."_s.arg(QString::fromStdString(std::string(base::fileName(kept))));
+}
+
+void exportPage(const Grid& grid, const std::string& path, const std::string& yearPath,
+                const dialogs::Services& services, QWidget* owner) {
+  if (const std::string kept = keptPage(path, yearPath, services.files); !kept.empty())
+    base::ignore(services.files.copyFile(path, kept),
+                 "the page can be written from its year again");
   const QString shown = QString::fromStdString(path);
   base::Result<void> written;
   {
     const HourGlass waiting;
     FlexGridHTML::write(grid, path, services.files, screenOf(*owner, owner->palette()), &written);
   }
-  if (written)
+  if (written) {
+    widgets::userSettings().setValue(yearKeyOf(path), QString::fromStdString(yearPath));
     services.prompts.tell(owner, u"Datei gespeichert unter "_s + shown);
-  else
+  } else {
     base::ignore(written, "the page that does not open is the message");
+  }
   services.shell.openDocument(shown);
+}
+
+QString savePdf(const GridPrinter& pages, const std::string& name,
+                const dialogs::Services& services, QWidget* owner) {
+  return dialogs::saveAs({u"PDF-Seiten (*.pdf)|*.pdf"_s, u"Tabelle als PDF speichern"_s,
+                          QString::fromStdString(name) + u".pdf"_s, u".pdf"_s},
+                         pages.toPdf(), services, owner);
 }
 
 }  // namespace reports

@@ -1,5 +1,6 @@
 #pragma once
 
+#include <QLabel>
 #include <QPrinter>
 #include <QPushButton>
 #include <QWidget>
@@ -21,6 +22,14 @@ struct PrintButtons {
   QPushButton* copy;
 };
 void captionAll(const PrintButtons& buttons, const QString& table);
+void captionPdf(QPushButton* button);
+// A quiet line below a table: where its file went, what is to be known before.
+void dressOutputNote(QLabel* note);
+void sayBelow(QLabel* note, const QString& text);
+// Nothing is said of a path that is empty.
+void sayWhere(QLabel* note, const QString& path);
+// At the foot of each page: the year's name.
+QString footerOf(const std::string& yearPath);
 
 // Lets the user choose the printer and its settings; false when cancelled.
 using PrinterChoice = std::function<bool(QPrinter& printer, QWidget* owner)>;
@@ -35,8 +44,15 @@ void printGrid(const GridPrinter& pages, const dialogs::Services& services, QWid
 void previewGrid(const GridPrinter& pages, QWidget* owner);
 
 // Writes the page, tells where it went and has it opened. A page that could not be written gets no
-// message; the path is opened all the same, and the system says what it finds there.
-void exportPage(const Grid& grid, const std::string& path, const dialogs::Services& services,
-                QWidget* owner);
+// message; the path is opened all the same, and the system says what it finds there. A page that
+// another year has left under that name is kept beside it.
+void exportPage(const Grid& grid, const std::string& path, const std::string& yearPath,
+                const dialogs::Services& services, QWidget* owner);
+// "" unless the page there is another year's: what will become of it.
+QString pageNotice(const std::string& path, const std::string& yearPath,
+                   const dialogs::Services& services);
+// All pages as a file where the user wants it; "" when there is none.
+QString savePdf(const GridPrinter& pages, const std::string& name,
+                const dialogs::Services& services, QWidget* owner);
 
 }  // namespace reports

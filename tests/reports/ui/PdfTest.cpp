@@ -2,6 +2,7 @@
 
 #include <QFile>
 #include <QProcess>
+#include <QRegularExpression>
 #include <QStandardPaths>
 #include <map>
 
@@ -22,12 +23,15 @@ class PdfText : public testing::Test {
       GTEST_SKIP() << "pdftotext (poppler-utils) is not installed; the text of the PDF is unread";
   }
 
-  QString textOf(const std::string& path) {
+  QString run(const QString& program, const QStringList& arguments) {
     QProcess reader;
-    reader.start(u"pdftotext"_s,
-                 {u"-layout"_s, u"-enc"_s, u"UTF-8"_s, QString::fromStdString(path), u"-"_s});
+    reader.start(program, arguments);
     EXPECT_TRUE(reader.waitForFinished());
     return QString::fromUtf8(reader.readAllStandardOutput());
+  }
+  QString textOf(const std::string& path) {
+    return run(u"pdftotext"_s,
+               {u"-layout"_s, u"-enc"_s, u"UTF-8"_s, QString::fromStdString(path), u"-"_s});
   }
 
   // Every text of the grid stands in the PDF's text, as often as in the grid at least.
@@ -59,7 +63,9 @@ TEST_F(PdfText, OverviewHasEveryFigureOnOnePage) {
 
 TEST_F(PdfText, DetailedTableRepeatsItsTitleOnEveryPage) {
   const reports::Grid grid = buildDetailTable(sample::detail2025(), {true, true, true, true, true});
-  const QByteArray pdf = reports::GridPrinter(grid, u"Verbrauchs-Abrechnung"_s, {540, 540}).toPdf();
+  const QByteArray pdf =
+      reports::GridPrinter(grid, u"Verbrauchs-Abrechnung"_s, {540, 540}, u"Haushalt 2025"_s)
+          .toPdf();
   const std::string path = folder_ / "Monate.pdf";
   QFile file(QString::fromStdString(path));
   ASSERT_TRUE(file.open(QIODevice::WriteOnly) && file.write(pdf) == pdf.size());
@@ -67,7 +73,17 @@ TEST_F(PdfText, DetailedTableRepeatsItsTitleOnEveryPage) {
   const QString text = textOf(path);
   expectAllTexts(grid, text);
   EXPECT_EQ(text.count(u"Jahresübersicht alle Beträge in Euro"_s), 2);
-  EXPECT_TRUE(text.contains(u"Seite 2 von 2"_s));
+  EXPECT_TRUE(text.contains(u"Haushalt 2025 · Seite 2 von 2"_s));
+  // In the middle: as far from the left as from the right, give or take what a column leaves free.
+  const QString box = run(u"pdftotext"_s, {u"-bbox"_s, QString::fromStdString(path), u"-"_s});
+  static const QRegularExpression word(u"xMin=\"([\\d.]+)\".*xMax=\"([\\d.]+)\""_s);
+  double left = 595, right = 0;
+  for (auto found = word.globalMatch(box); found.hasNext();) {
+    const auto at = found.next();
+    left = std::min(left, at.captured(1).toDouble());
+    right = std::max(right, at.captured(2).toDouble());
+  }
+  EXPECT_NEAR(left, 595 - right, 12);
 }
 
 TEST_F(PdfText, TargetThatCannotBeWrittenIsNamed) {

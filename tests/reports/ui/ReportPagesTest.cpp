@@ -166,6 +166,63 @@ TEST_F(ReportPages, CsvGoesWhereTheUserSaysAndAFailureIsTold) {
   EXPECT_EQ(prompts_.last().icon, dialogs::Icon::Warning);
 }
 
+// The next file is offered where the last one went, by a name that says what it is.
+TEST_F(ReportPages, FilesAreProposedByNameInTheFolderOfTheLastOne) {
+  ASSERT_TRUE(files_->makeFolder(folder_ / "Rechnungen"));
+  const QString chosen = QString::fromStdString(folder_ / "Rechnungen/");
+  detailPage_.show();
+  EXPECT_FALSE(detailPage_.lblAusgabe->isVisible());
+  prompts_.answerPath(chosen + u"A.pdf"_s);
+  detailPage_.cmdPdf->click();
+  EXPECT_TRUE(prompts_.take().preset.endsWith(u"/Verbrauch2025 – Monate.pdf"));
+  const auto pdf = files_->readText(folder_ / "Rechnungen/A.pdf");
+  ASSERT_TRUE(pdf);
+  EXPECT_EQ(pdf->substr(0, 5), "%PDF-");
+  EXPECT_EQ(detailPage_.lblAusgabe->text(), u"Gespeichert unter "_s + chosen + u"A.pdf"_s);
+
+  prompts_.answerPath({});
+  overviewPage_.cmdPdf->click();
+  EXPECT_EQ(prompts_.take().preset, chosen + u"Verbrauch2025 – Übersicht.pdf"_s);
+}
+
+TEST_F(ReportPages, WhatIsPutOutIsWhatIsTicked) {
+  detailPage_.show();
+  for (const auto& box : {detailPage_.chkStrom, detailPage_.chkStromNS, detailPage_.chkWasser,
+                          detailPage_.chkAbwasser})
+    box->setChecked(false);
+  EXPECT_TRUE(detailPage_.lblAusgabe->text().contains(u"noch nicht, was angekreuzt ist"));
+  EXPECT_EQ(cellText(*detailPage_.grdDruckAlle, 3, 0), u"Strom"_s);
+  detailPage_.cmdKopierenAlle->click();
+  EXPECT_FALSE(QApplication::clipboard()->text().contains(u"Strom"));
+  EXPECT_EQ(cellText(*detailPage_.grdDruckAlle, 3, 0), u"Gas"_s);
+  EXPECT_FALSE(detailPage_.lblAusgabe->isVisible());
+
+  detailPage_.chkGas->setChecked(false);
+  detailPage_.cmdPdf->click();  // nothing is asked: there is nothing to put out
+  EXPECT_FALSE(detailPage_.cmdPdf->isEnabled());
+}
+
+// The page's name tells the month only: that of another year is said and kept before it goes.
+TEST_F(ReportPages, AnotherYearsPageIsKept) {
+  prompts_.acceptTellings();
+  overviewPage_.show();
+  overviewPage_.cmdExpHtml->click();
+  overviewPage_.cmdExpHtml->click();
+  const std::string page = folder_ / "Verbrauchsabrechnung 11.html";
+  const std::string kept = folder_ / "Verbrauchsabrechnung 11 (Verbrauch2025).html";
+  EXPECT_FALSE(files_->exists(kept)) << "its own page is replaced";
+  const auto first = files_->readText(page);
+
+  const auto other = sample::openYear(disk_, "Verbrauch2024.kwd");
+  reports::OverviewPage next(services_, *other);
+  next.show();
+  EXPECT_TRUE(next.lblAusgabe->text().contains(u"Verbrauchsabrechnung 11 (Verbrauch2025).html"));
+  next.cmdExpHtml->click();
+  EXPECT_EQ(*files_->readText(kept), *first);
+  EXPECT_NE(*files_->readText(page), *first);
+  EXPECT_FALSE(next.lblAusgabe->isVisible());
+}
+
 TEST_F(ReportPages, CopyGivesTheSelectionOrTheWholeTable) {
   overviewPage_.show();
   auto* grid = overviewPage_.grdDruck;
