@@ -21,7 +21,7 @@ std::string firstFolder(const Services& services) {
 QString saveAs(const SaveRequest& request, const QByteArray& content, const Services& services,
                QWidget* owner) {
   const QString proposed = QString::fromStdString(firstFolder(services)) + request.name;
-  const QString path =
+  QString path =
       services.prompts.saveFile(owner, request.filter, request.title, proposed, request.extension);
   if (path.isEmpty()) return {};
   const std::string target = path.toStdString();

@@ -23,6 +23,7 @@ constexpr MeterChoice only(Meter meter) {
 
 std::vector<std::string> rowTexts(const Grid& grid, int row) {
   std::vector<std::string> texts;
+  texts.reserve(static_cast<std::size_t>(grid.columns()));
   for (int column = 0; column < grid.columns(); ++column) texts.push_back(grid.text(row, column));
   return texts;
 }

@@ -125,7 +125,7 @@ struct GridPrinter::Frame {
 };
 
 GridPrinter::GridPrinter(const Grid& grid, QString documentName, PrintMargins margins,
-                         QString footer)
+                         const QString& footer)
     : grid_(grid),
       documentName_(std::move(documentName)),
       margins_(margins),

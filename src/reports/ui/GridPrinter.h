@@ -26,7 +26,8 @@ inline constexpr PrintMargins kOverviewMargins{640, 640};
 class GridPrinter {
  public:
   // The footer's name is that of the year, where the table is of one.
-  GridPrinter(const Grid& grid, QString documentName, PrintMargins margins, QString footer = {});
+  GridPrinter(const Grid& grid, QString documentName, PrintMargins margins,
+              const QString& footer = {});
 
   // Name of the print job, portrait, the whole paper addressable.
   void prepare(QPrinter& printer) const;
