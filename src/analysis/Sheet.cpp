@@ -13,7 +13,6 @@ using charts::Rect;
 
 constexpr double kMargin = 12;
 constexpr double kGap = 6;
-constexpr double kHatchStep = 5;
 
 }  // namespace
 
@@ -63,7 +62,7 @@ void Sheet::key(const std::vector<KeyEntry>& entries) {
     else {
       scene_.fill(mark.corners(), charts::mix(ground(), entry->color, 0.15),
                   charts::Stroke{entry->color, 1});
-      line({{x, base}, {x + kMark, base - kMark}}, entry->color, 1);
+      canvas_.hatch(mark.corners(), entry->color);
     }
     x -= 2 * kMargin;
   }
@@ -134,14 +133,7 @@ void Sheet::hatchedBar(double center, double width, double value, Color color) {
   const Rect bar{center - width / 2, y(value), width, y(0) - y(value)};
   if (bar.height <= 0) return;
   scene_.fill(bar.corners(), charts::mix(ground(), color, 0.12), charts::Stroke{color, 1.2});
-  // Lines x - bar.x + (bottom - y) = d, cut off at the bar.
-  const int strokes = static_cast<int>((width + bar.height) / kHatchStep);
-  for (int i = 1; i <= strokes; ++i) {
-    const double d = i * kHatchStep;
-    const double fromX = std::max(0.0, d - bar.height), toX = std::min(d, width);
-    line({{bar.x + fromX, bar.bottom() - (d - fromX)}, {bar.x + toX, bar.bottom() - (d - toX)}},
-         color, 1);
-  }
+  canvas_.hatch(bar.corners(), color);
 }
 
 void Sheet::whisker(double center, double width, double low, double high) {

@@ -124,10 +124,11 @@ void addFlatBands(Drawing& drawing, const std::vector<Band>& bands, bool solid) 
   const Color inner = drawing.canvas.theme().inner;
   for (const Band& band : bands)
     for (const auto& run : band.runs) {
-      std::vector<Point> outline = outlineOf(run);
+      const std::vector<Point> outline = outlineOf(run);
       const Color color = drawing.color(band.series);
-      scene.fill(std::move(outline), solid ? color : mix(inner, color, kTint),
+      scene.fill(outline, solid ? color : mix(inner, color, kTint),
                  solid ? std::optional(Stroke{inner, 1, false}) : std::nullopt);
+      if (solid) drawing.canvas.pattern(outline, drawing.model.series[band.series].hue);
     }
 }
 
@@ -180,8 +181,12 @@ void addColumn(const Drawing& drawing, const std::vector<Prism>& column, Layer l
 
 void addFronts(Drawing& drawing, const std::vector<Band>& bands, double z) {
   for (const Band& band : bands)
-    for (const auto& run : band.runs)
-      addFront(drawing.canvas.scene(), drawing.plot, outlineOf(run), z, drawing.color(band.series));
+    for (const auto& run : band.runs) {
+      std::vector<Point> front = outlineOf(run);
+      addFront(drawing.canvas.scene(), drawing.plot, front, z, drawing.color(band.series));
+      for (Point& point : front) point = drawing.plot.at(point, z);
+      drawing.canvas.pattern(front, drawing.model.series[band.series].hue);
+    }
 }
 
 // All bands of a layer have the same runs and cuts.
@@ -241,7 +246,8 @@ void addMark(Drawing& drawing, std::size_t series, std::size_t month, Span span,
   LabelRequest label;
   label.text = drawing.labelText(series, month);
   label.weight = cut.thickness();
-  label.room = {2 * half, cut.thickness()};
+  // A little wider than its month is still plain to see whose it is.
+  label.room = {2 * half * 1.4, cut.thickness()};
   label.side = stacked ? LabelSide::Inside : negative ? LabelSide::Below : LabelSide::Above;
   const double y = stacked ? (cut.top + cut.bottom) / 2 : negative ? cut.bottom : cut.top;
   label.anchor = plot.at(cut.x, y, z);

@@ -30,10 +30,13 @@ std::vector<Column> columnsOf(const Drawing& drawing, bool stacked) {
   return columns;
 }
 
-// Left edge within the month and width.
+// Left edge within the month and width. Where columns lie over each other, half of one is seen, on
+// this side; the one in front is seen whole, and stands alone on the right.
 struct Place {
   double left = 0;
   double width = 0;
+  bool covered = false;
+  bool covers = false;
 };
 
 Place columnPlace(const Drawing& drawing, std::size_t column, std::size_t count) {
@@ -44,7 +47,8 @@ Place columnPlace(const Drawing& drawing, std::size_t column, std::size_t count)
   const double left =
       (drawing.plot.slotWidth() - band) / 2 + static_cast<double>(column) * step * width;
   const double gap = overlap || count == 1 || width < 8 ? 0 : 1;
-  return {left + gap, width - 2 * gap};
+  const bool last = column + 1 == count;
+  return {left + gap, width - 2 * gap, overlap && !last, overlap && last && count > 1};
 }
 
 struct Bar {
@@ -81,11 +85,19 @@ std::vector<Bar> barsOf(const Drawing& drawing, const Column& column, std::size_
   return bars;
 }
 
+std::vector<Point> frontOf(const Plot& plot, const Rect& rect) {
+  std::vector<Point> front = rect.corners();
+  for (Point& corner : front) corner = plot.at(corner, kBarLayer.z0);
+  return front;
+}
+
 void addBar(Drawing& drawing, const Bar& bar, bool stacked) {
   Scene& scene = drawing.canvas.scene();
   const Color color = drawing.color(bar.series);
+  const Hue hue = drawing.model.series[bar.series].hue;
   if (!drawing.plot.isFlat()) {
     addBox(scene, drawing.plot, bar.rect, kBarLayer, color);
+    drawing.canvas.pattern(frontOf(drawing.plot, bar.rect), hue);
     return;
   }
   if (bar.rect.height == 0) return;
@@ -95,45 +107,71 @@ void addBar(Drawing& drawing, const Bar& bar, bool stacked) {
   else if (stacked || drawing.options.overlapBars)
     outline = Stroke{drawing.canvas.theme().inner, 1, false};
   scene.fill(bar.rect.corners(), color, outline);
+  drawing.canvas.pattern(bar.rect.corners(), hue);
 }
 
-// The room that a box takes on the sheet.
-void addHull(Drawing& drawing, const Rect& front) {
-  const Point near = drawing.plot.at({front.x, front.y}, kBarLayer.z0);
-  const Point far = drawing.plot.at({front.x, front.y}, kBarLayer.z1);
-  drawing.obstacles.push_back({std::min(near.x, far.x), std::min(near.y, far.y),
-                               front.width + std::fabs(far.x - near.x),
-                               front.height + std::fabs(far.y - near.y)});
+// What a box covers of the sheet: it moved from its front to its back in steps of half its width.
+void addBox(std::vector<Rect>& obstacles, const Plot& plot, const Rect& front) {
+  const double way = std::fabs(plot.depth.x) * (kBarLayer.z1 - kBarLayer.z0);
+  const int steps = std::clamp(static_cast<int>(way / std::max(front.width / 2, 1.0)), 1, 12);
+  for (int i = 0; i <= steps; ++i) {
+    const double z = kBarLayer.z0 + (kBarLayer.z1 - kBarLayer.z0) * i / steps;
+    const Point corner = plot.at(front.x, front.y, z);
+    obstacles.push_back({corner.x, corner.y, front.width, front.height});
+  }
 }
 
-void addLabel(Drawing& drawing, const Bar& bar, bool stacked) {
+// Beyond the end of its bar, seen from above (below) at the far edge.
+LabelRequest labelBeyond(const Plot& plot, const Bar& bar, const Place& place) {
+  const double part = place.covered ? 0.25 : place.covers ? 0.75 : 0.5;
+  const double middle = bar.rect.x + part * bar.rect.width;
+  LabelRequest label;
+  const bool far = bar.negative ? plot.depth.y > 0 : seesTop(plot);
+  const double z = plot.isFlat() ? 0 : far ? kBarLayer.z1 : kBarLayer.z0;
+  label.side = bar.negative ? LabelSide::Below : LabelSide::Above;
+  label.anchor = plot.at(middle, bar.negative ? bar.rect.bottom() : bar.rect.y, z);
+  label.alike = true;
+  return label;
+}
+
+// On the front of its bar: in the middle of a stack's part, else at the end of the bar.
+LabelRequest labelInside(const Drawing& drawing, const Bar& bar, const Place& place,
+                         double labelHeight, bool alike) {
+  constexpr double kEdge = 2;  // of the bar that is seen around the label
+  const double width = bar.rect.width * (place.covered ? 0.5 : 1);
+  const double middle = bar.rect.x + width / 2;
+  const double fromEnd = kEdge + labelHeight / 2;
+  double y = bar.rect.center().y;
+  if (alike) y = bar.negative ? bar.rect.bottom() - fromEnd : bar.rect.y + fromEnd;
+  LabelRequest label;
+  label.side = LabelSide::Inside;
+  label.anchor = drawing.plot.at(middle, y, drawing.plot.isFlat() ? 0 : kBarLayer.z0);
+  label.room = {width - kEdge, bar.rect.height - (alike ? 2 * kEdge : 0)};
+  label.alike = alike;
+  return label;
+}
+
+void addLabel(Drawing& drawing, const Bar& bar, const Place& place, bool stacked) {
   const Plot& plot = drawing.plot;
   const double z = plot.isFlat() ? 0 : kBarLayer.z0;
   std::vector<Point> outline;
   for (const Point& corner : bar.rect.grown(stacked ? 0 : 1).corners())
     outline.push_back(plot.at(corner, z));
   drawing.mark(bar.series, bar.month, std::move(outline));
-  if (!plot.isFlat())
-    addHull(drawing, bar.rect);
-  else if (!drawing.options.overlapBars)
+  if (plot.isFlat())
     drawing.obstacles.push_back(bar.rect);
-  const double middle = bar.rect.center().x;
-  LabelRequest label;
-  label.text = drawing.labelText(bar.series, bar.month);
+  else
+    addBox(drawing.obstacles, plot, bar.rect);
+  const bool inside = stacked || drawing.labelsOnFront;
+  if (inside && bar.rect.height == 0) return;
+  const std::string text = drawing.labelText(bar.series, bar.month);
+  const double height =
+      drawing.canvas.boxOf(text, labelFont(drawing.options), drawing.options.labelRotation).height;
+  LabelRequest label =
+      inside ? labelInside(drawing, bar, place, height, !stacked) : labelBeyond(plot, bar, place);
+  label.text = text;
   label.weight = bar.rect.height;
   label.series = static_cast<int>(bar.series);
-  label.outside = plot.isFlat() && !stacked;
-  if (stacked) {
-    label.side = LabelSide::Inside;
-    label.anchor = plot.at(middle, bar.rect.center().y, z);
-    label.room = {bar.rect.width, bar.rect.height};
-  } else if (bar.negative) {
-    label.side = LabelSide::Below;
-    label.anchor = plot.at(middle, bar.rect.bottom(), z);
-  } else {
-    label.anchor = plot.at(middle, bar.rect.y, z);
-    if (seesTop(plot)) label.preferred = plot.at(middle, bar.rect.y, kBarLayer.z1);
-  }
   drawing.labels.push_back(std::move(label));
 }
 
@@ -148,7 +186,7 @@ void layoutBars(Drawing& drawing) {
       const Place place = columnPlace(drawing, c, columns.size());
       for (const Bar& bar : barsOf(drawing, columns[c], month, spans, stacked, place)) {
         addBar(drawing, bar, stacked);
-        addLabel(drawing, bar, columns[c].series.size() > 1);
+        addLabel(drawing, bar, place, columns[c].series.size() > 1);
       }
     }
 }

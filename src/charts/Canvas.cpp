@@ -62,8 +62,19 @@ void Canvas::textUpTo(Point place, const std::string& text, const Font& font, Co
   add(place, text, font, color, Align::End);
 }
 
+void Canvas::pattern(const std::vector<Point>& outline, Hue hue) {
+  if (hue == Hue::OtherYear) hatch(outline, theme_.inner, 1.3);
+}
+
+void Canvas::hatch(const std::vector<Point>& outline, Color color, double width) {
+  constexpr double kStep = 5;
+  for (const auto& [from, to] : charts::hatch(outline, kStep))
+    scene_.line({from, to}, Stroke{color, width, false});
+}
+
 std::string Canvas::fit(std::string text, Font& font, double width) const {
-  while (font.size > 7 && measure(text, font).width > width) font.size -= 1;
+  while (font.size > leastSize_ && measure(text, font).width > width)
+    font.size = std::max(font.size - 1, leastSize_);
   if (measure(text, font).width <= width) return text;
   std::u32string shortened = base::toUtf32(text);
   while (!shortened.empty()) {

@@ -11,8 +11,9 @@ namespace charts {
 // A scene in the making, with the colours and text sizes that belong to it.
 class Canvas {
  public:
-  Canvas(Scene& scene, const Theme& theme, const TextMeasure& measure)
-      : scene_(scene), theme_(theme), measure_(measure) {}
+  // leastSize: pixels below which no text is made smaller.
+  Canvas(Scene& scene, const Theme& theme, const TextMeasure& measure, double leastSize = 8)
+      : scene_(scene), theme_(theme), measure_(measure), leastSize_(leastSize) {}
 
   Scene& scene() const { return scene_; }
   const Theme& theme() const { return theme_; }
@@ -32,8 +33,13 @@ class Canvas {
   void textFrom(Point place, const std::string& text, const Font& font, Color color);
   void textUpTo(Point place, const std::string& text, const Font& font, Color color);
 
-  // The font made smaller, down to 7 pixels, until the text is no wider; then the text cut short
-  // with an ellipsis. May end as "".
+  // Strokes over an area that has been filled. The other year's are in the colour of the ground,
+  // which tells it apart on a grey print as well; the rest has none.
+  void pattern(const std::vector<Point>& outline, Hue hue);
+  void hatch(const std::vector<Point>& outline, Color color, double width = 1);
+
+  // The font made smaller, down to the least size, until the text is no wider; then the text cut
+  // short with an ellipsis. May end as "".
   std::string fit(std::string text, Font& font, double width) const;
 
  private:
@@ -42,6 +48,7 @@ class Canvas {
   Scene& scene_;
   const Theme& theme_;
   const TextMeasure& measure_;
+  double leastSize_;
 };
 
 // A circle as a polygon.

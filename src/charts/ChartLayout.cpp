@@ -32,7 +32,7 @@ std::string legendText(const ChartModel& model, const Series& series) {
 struct LegendEntry {
   std::string text;
   Font font;
-  Color color;
+  Hue hue = Hue::Electricity;
   double width = 0;
 };
 
@@ -42,8 +42,8 @@ std::vector<LegendEntry> legendOf(const Canvas& canvas, const ChartModel& model,
     Font font = kLegendFont;
     const std::string text =
         canvas.fit(legendText(model, series), font, room - kSwatch - kSwatchGap);
-    entries.push_back({text, font, canvas.theme().color(series.hue),
-                       kSwatch + kSwatchGap + canvas.measure(text, font).width});
+    entries.push_back(
+        {text, font, series.hue, kSwatch + kSwatchGap + canvas.measure(text, font).width});
   }
   return entries;
 }
@@ -55,8 +55,9 @@ double rowWidth(const std::vector<LegendEntry>& entries) {
 }
 
 void addEntry(Canvas& canvas, Point place, const LegendEntry& entry) {
-  canvas.scene().fill(Rect{place.x, place.y - kSwatch / 2, kSwatch, kSwatch}.corners(),
-                      entry.color);
+  const auto swatch = Rect{place.x, place.y - kSwatch / 2, kSwatch, kSwatch}.corners();
+  canvas.scene().fill(swatch, canvas.theme().color(entry.hue));
+  canvas.pattern(swatch, entry.hue);
   canvas.textFrom({place.x + kSwatch + kSwatchGap, place.y}, entry.text, entry.font,
                   canvas.theme().text);
 }
@@ -176,7 +177,8 @@ MonthNames monthNames(const Canvas& canvas, const ChartModel& model, double slot
 // Height of the tallest value label with its distance; 0 where none stands above its mark.
 double labelHeight(const Drawing& drawing) {
   const auto& series = drawing.model.series;
-  if (!drawing.options.labels || (isStacked(drawing.options.type) && series.size() > 1)) return 0;
+  if (!drawing.options.labels || drawing.labelsOnFront) return 0;
+  if (isStacked(drawing.options.type) && series.size() > 1) return 0;
   double tallest = 0;
   for (std::size_t s = 0; s < series.size(); ++s)
     for (std::size_t month = 0; month < kMonthCount; ++month)
@@ -327,11 +329,12 @@ void addMonths(Canvas& canvas, const Plot& plot, const ChartModel& model, const 
                     canvas.theme().quietText);
 }
 
-// False where the labels of a series found no room.
-bool drawOnAxes(Canvas& canvas, Rect room, const ChartModel& model, const ChartOptions& options,
-                const std::vector<int>& order) {
+// Returns how many labels found no room.
+std::size_t drawOnAxes(Canvas& canvas, Rect room, const ChartModel& model,
+                       const ChartOptions& options, bool labelsOnFront,
+                       const std::vector<int>& order) {
   Plot plot;
-  Drawing drawing{canvas, plot, model, options, order, {}, {}};
+  Drawing drawing{canvas, plot, model, options, order, {}, {}, labelsOnFront};
   const Rect whole = room;
   const double titleHeight = model.axisTitle.empty() ? 0 : 24;
   const double unitHeight = std::min(26.0, room.height * 0.2);
@@ -366,21 +369,52 @@ bool drawOnAxes(Canvas& canvas, Rect room, const ChartModel& model, const ChartO
     layoutAreas(drawing);
   // Areas and bars that meet at zero cover the line there.
   if (plot.isFlat() && isStacked(options.type)) addZeroLine(canvas, plot);
-  if (!options.labels) return true;
+  if (!options.labels) return 0;
   const double bottom = plot.front.bottom() + std::max(plot.depth.y, 0.0) + below;
   return placeLabels(canvas, {whole.x, whole.y, whole.width, bottom - whole.y}, drawing.labels,
                      drawing.obstacles, options);
 }
 
-// Labels that are too wide to stand side by side are turned, all of them.
+struct LabelAttempt {
+  ChartOptions options;
+  bool onFront = false;
+};
+
+// Ways to write the labels of bars, the best first: as wanted, turned, on the bars where they have
+// a front, and all of that small.
+std::vector<LabelAttempt> labelAttempts(const ChartOptions& options) {
+  constexpr double kSmall = 7;
+  std::vector<LabelAttempt> attempts = {{options}};
+  const bool bars = options.type == ChartType::Bar || options.type == ChartType::StackedBar;
+  if (!bars || !options.labels) return attempts;
+  const bool fronts = options.threeD && options.type == ChartType::Bar;
+  ChartOptions turned = options;
+  if (options.labelRotation == 0) turned.labelRotation = 90;
+  attempts.push_back({turned});
+  if (fronts) attempts.push_back({options, true});
+  if (fronts) attempts.push_back({turned, true});
+  turned.labelSize = std::min(turned.labelSize, kSmall);
+  attempts.push_back({turned});
+  if (fronts) attempts.push_back({turned, true});
+  return attempts;
+}
+
+// The first way in which no label is left out, else the one that leaves out the fewest.
 void layoutOnAxes(Canvas& canvas, const Rect& room, const ChartModel& model,
                   const ChartOptions& options, const std::vector<int>& order) {
   const Scene header = canvas.scene();
-  if (drawOnAxes(canvas, room, model, options, order) || options.labelRotation != 0) return;
-  ChartOptions turned = options;
-  turned.labelRotation = 90;
-  canvas.scene() = header;
-  drawOnAxes(canvas, room, model, turned, order);
+  std::optional<std::size_t> fewest;
+  Scene best;
+  for (const LabelAttempt& attempt : labelAttempts(options)) {
+    canvas.scene() = header;
+    const std::size_t missing =
+        drawOnAxes(canvas, room, model, attempt.options, attempt.onFront, order);
+    if (fewest && missing >= *fewest) continue;
+    fewest = missing;
+    best = std::move(canvas.scene());
+    if (missing == 0) break;
+  }
+  canvas.scene() = std::move(best);
 }
 
 }  // namespace
@@ -393,7 +427,7 @@ Scene layoutChart(const ChartModel& model, const ChartOptions& options, const Th
   scene.width = size.width;
   scene.height = size.height;
   scene.background = colors.outer;
-  Canvas canvas(scene, colors, measure);
+  Canvas canvas(scene, colors, measure, options.leastSize * 96 / 72);
   ChartModel shown = model;
   std::vector<int> order(model.series.size());
   for (std::size_t i = 0; i < order.size(); ++i) order[i] = static_cast<int>(i);

@@ -29,6 +29,7 @@ struct ChartOptions {
   bool labels = true;        // value labels
   int labelRotation = 0;     // 0, 90, 270 degrees
   double labelSize = 9;      // points
+  double leastSize = 6;      // points; no text is smaller, whatever else is wanted
   double labelDistance = 4;  // pixels between a value's mark and its label
   bool overlapBars = false;  // by 50 percent; flat bars only
   bool outlineBars = false;  // flat bars only

@@ -1,6 +1,7 @@
 #include "charts/Geometry.h"
 
 #include <cmath>
+#include <numbers>
 
 namespace charts {
 
@@ -13,6 +14,31 @@ bool isInside(const std::vector<Point>& outline, Point point) {
       inside = !inside;
   }
   return inside;
+}
+
+std::vector<std::pair<Point, Point>> hatch(const std::vector<Point>& outline, double step) {
+  if (outline.empty()) return {};
+  // A stroke is where x + y is the same everywhere.
+  const auto along = [](Point point) { return point.x + point.y; };
+  double first = along(outline[0]), last = first;
+  for (const Point& point : outline) {
+    first = std::min(first, along(point));
+    last = std::max(last, along(point));
+  }
+  const double apart = step * std::numbers::sqrt2;
+  std::vector<std::pair<Point, Point>> strokes;
+  for (double at = (std::floor(first / apart) + 1) * apart; at < last; at += apart) {
+    std::vector<Point> crossings;
+    for (std::size_t i = 0, j = outline.size() - 1; i < outline.size(); j = i++) {
+      const Point a = outline[j], b = outline[i];
+      if ((along(a) <= at) != (along(b) <= at))
+        crossings.push_back(a + (b - a) * ((at - along(a)) / (along(b) - along(a))));
+    }
+    std::sort(crossings.begin(), crossings.end(), [](Point a, Point b) { return a.x < b.x; });
+    for (std::size_t i = 0; i + 1 < crossings.size(); i += 2)
+      strokes.emplace_back(crossings[i], crossings[i + 1]);
+  }
+  return strokes;
 }
 
 Color mix(Color a, Color b, double share) {

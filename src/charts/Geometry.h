@@ -2,6 +2,7 @@
 
 #include <algorithm>
 #include <cstdint>
+#include <utility>
 #include <vector>
 
 // Points, rectangles and colours of a chart. The unit is the pixel at 96 per inch, y grows
@@ -55,6 +56,10 @@ struct Rect {
 
 // Is the point inside of the closed outline (even-odd rule)?
 bool isInside(const std::vector<Point>& outline, Point point);
+
+// Strokes at 45 degrees, rising to the right, within the closed outline; those of outlines that
+// meet go on in each other. The step is counted across the strokes.
+std::vector<std::pair<Point, Point>> hatch(const std::vector<Point>& outline, double step);
 
 struct Color {
   std::uint8_t red = 0;

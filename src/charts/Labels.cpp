@@ -46,13 +46,12 @@ bool allPreferredFit(const Canvas& canvas, const Rect& bounds,
 // Places in the order in which they are wanted.
 std::vector<Candidate> candidates(const LabelRequest& request, Size box, double distance) {
   if (request.side == LabelSide::Inside) {
-    // A little wider than its mark is still plain to see whose it is.
-    if (request.room.height < box.height || request.room.width * 1.4 < box.width) return {};
+    if (request.room.height < box.height || request.room.width < box.width) return {};
     return {{request.anchor, false}};
   }
   const double direction = directionOf(request);
   const double first = request.clearance + distance + box.height / 2;
-  if (request.outside) return {{request.anchor + Point{0, direction * first}, true}};
+  if (request.alike) return {{request.anchor + Point{0, direction * first}, true}};
   const double raised = first + std::min(box.height, 24.0) + 2 * kGap;
   const Point anchor = request.anchor;
   std::vector<Candidate> places;
@@ -69,24 +68,31 @@ double within(const Rect& bounds, double center, double width) {
   return std::clamp(center, bounds.x + width / 2, bounds.right() - width / 2);
 }
 
-// Labels of a series look alike: where one of those that stand outside has no room, all of them go.
-// A series of larger values comes first.
+bool hasRoom(const Rect& box, bool avoidsObstacles, const Rect& bounds,
+             const std::vector<Rect>& taken, const std::vector<Rect>& obstacles) {
+  return bounds.contains(box) && isFree(box, taken) && (!avoidsObstacles || isFree(box, obstacles));
+}
+
+// Labels of a series look alike: where one of them has no room, all of them go. A series of larger
+// values comes first.
 void dropSeriesWithoutRoom(const Canvas& canvas, const Rect& bounds,
                            std::vector<LabelRequest>& requests, std::vector<Rect> taken,
                            const std::vector<Rect>& obstacles, const ChartOptions& options) {
   std::vector<int> series;
   for (const LabelRequest& request : requests)
-    if (request.outside && std::find(series.begin(), series.end(), request.series) == series.end())
+    if (request.alike && std::find(series.begin(), series.end(), request.series) == series.end())
       series.push_back(request.series);
   for (const int one : series) {
     std::vector<Rect> boxes = taken;
     const bool fits = std::all_of(requests.begin(), requests.end(), [&](const auto& request) {
-      if (!request.outside || request.series != one) return true;
+      if (!request.alike || request.series != one) return true;
       const Size size = boxOf(canvas, request, options);
-      Point center = candidates(request, size, options.labelDistance).front().center;
+      const auto places = candidates(request, size, options.labelDistance);
+      if (places.empty()) return false;
+      Point center = places.front().center;
       center.x = within(bounds, center.x, size.width);
       const Rect box = Rect::around(center, size);
-      const bool free = bounds.contains(box) && isFree(box, boxes) && isFree(box, obstacles);
+      const bool free = hasRoom(box, places.front().avoidsObstacles, bounds, boxes, obstacles);
       boxes.push_back(box.grown(kGap));
       return free;
     });
@@ -94,7 +100,7 @@ void dropSeriesWithoutRoom(const Canvas& canvas, const Rect& bounds,
       taken = std::move(boxes);
     else
       std::erase_if(requests, [one](const LabelRequest& request) {
-        return request.outside && request.series == one;
+        return request.alike && request.series == one;
       });
   }
 }
@@ -102,16 +108,16 @@ void dropSeriesWithoutRoom(const Canvas& canvas, const Rect& bounds,
 }  // namespace
 
 Font labelFont(const ChartOptions& options) {
-  return {options.labelSize * 96 / 72, false};
+  return {std::max(options.labelSize, options.leastSize) * 96 / 72, false};
 }
 
-bool placeLabels(Canvas& canvas, const Rect& bounds, std::vector<LabelRequest> requests,
-                 const std::vector<Rect>& obstacles, const ChartOptions& options) {
+std::size_t placeLabels(Canvas& canvas, const Rect& bounds, std::vector<LabelRequest> requests,
+                        const std::vector<Rect>& obstacles, const ChartOptions& options) {
   std::stable_sort(requests.begin(), requests.end(),
                    [](const auto& a, const auto& b) { return a.weight > b.weight; });
   const Font font = labelFont(options);
   std::vector<Rect> taken = canvas.textBoxes();
-  const std::size_t before = requests.size();
+  std::size_t missing = requests.size();
   dropSeriesWithoutRoom(canvas, bounds, requests, taken, obstacles, options);
   if (!allPreferredFit(canvas, bounds, requests, obstacles, options))
     for (LabelRequest& request : requests) request.preferred.reset();
@@ -120,18 +126,18 @@ bool placeLabels(Canvas& canvas, const Rect& bounds, std::vector<LabelRequest> r
     auto places = candidates(request, size, options.labelDistance);
     for (Candidate& place : places) place.center.x = within(bounds, place.center.x, size.width);
     const auto chosen = std::find_if(places.begin(), places.end(), [&](const Candidate& place) {
-      const Rect box = Rect::around(place.center, size);
-      return bounds.contains(box) && isFree(box, taken) &&
-             (!place.avoidsObstacles || isFree(box, obstacles));
+      return hasRoom(Rect::around(place.center, size), place.avoidsObstacles, bounds, taken,
+                     obstacles);
     });
     if (chosen == places.end()) continue;
+    --missing;
     const Rect box = Rect::around(chosen->center, size);
     taken.push_back(box.grown(kGap));
     canvas.scene().fill(box.corners(), canvas.theme().labelFill);
     canvas.textAround(chosen->center, request.text, font, canvas.theme().labelText,
                       options.labelRotation);
   }
-  return requests.size() == before;
+  return missing;
 }
 
 }  // namespace charts

@@ -48,7 +48,7 @@ void addDeepLine(Drawing& drawing, std::size_t series) {
     for (const std::size_t i : drawingOrder(plot, run.size() - 1)) {
       addRibbon(scene, plot, run[i], run[i + 1], layer, color);
       scene.line({plot.at(run[i], layer.z0), plot.at(run[i + 1], layer.z0)},
-                 Stroke{shade(color, -0.25), 1.5, false});
+                 Stroke{shade(color, -0.25), 1.5, drawing.lineOf(series).dashed});
     }
   }
 }

@@ -11,7 +11,8 @@ namespace {
 constexpr double kPi = std::numbers::pi;
 constexpr double kArcStep = kPi / 60;
 constexpr double kShadeStep = kPi / 24;
-constexpr double kLeader = 16;  // from the rim to a label, sideways
+constexpr double kLeader = 16;   // from the rim to a label, sideways
+constexpr double kClear = 1.05;  // of the radius that labels keep away
 constexpr double kMinRadius = 12;
 constexpr double kNameHeight = 26;  // below a pie
 constexpr double kLeftOutHeight = 18;
@@ -162,8 +163,8 @@ double halfWidthAt(const Disc& disc, const SliceLabel& label) {
   const double top = disc.center.y + std::min(disc.thickness, 0.0);
   const double bottom = disc.center.y + std::max(disc.thickness, 0.0);
   const double beyond = std::max({top - label.y, label.y - bottom, 0.0}) - label.size.height / 2;
-  const double share = std::clamp(beyond / (half * 1.05), 0.0, 1.0);
-  return disc.radius * 1.05 * std::sqrt(1 - share * share);
+  const double share = std::clamp(beyond / (half * kClear), 0.0, 1.0);
+  return disc.radius * kClear * std::sqrt(1 - share * share);
 }
 
 Font sliceFont(const ChartOptions& options) {
@@ -192,12 +193,30 @@ Disc discIn(const Rect& room, double labelWidth, const ChartOptions& options) {
     disc.turn = options.view.rotation * kPi / 180;
     rim = 1.1 * options.view.depth / View3D::kMaxDepth * std::sin(elevation);
   }
-  const double sideways = room.width / 2 - labelWidth - kLeader - 4;
+  const double sideways = (room.width / 2 - labelWidth - kLeader - 4) / kClear;
   const double upwards = (room.height - 36) / (2 * disc.squash + std::fabs(rim));
   disc.radius = std::max(kMinRadius, std::min(sideways, upwards));
   disc.thickness = rim * disc.radius;
   disc.center = room.center() - Point{0, disc.thickness / 2};
   return disc;
+}
+
+// What has no slice: "ohne Apr -120,5; Aug -40", where that is too long "ohne 2 Monate unter 0".
+struct LeftOut {
+  std::string months;
+  std::string count;
+};
+
+LeftOut monthsLeftOut(const ChartModel& model, const Series& series) {
+  LeftOut text;
+  int count = 0;
+  for (std::size_t month = 0; month < kMonthCount; ++month)
+    if (const double value = series.values[month].value_or(0); value < 0) {
+      text.months += (count++ == 0 ? "ohne " : "; ") + model.labels[month] + " " + valueText(value);
+      text.count =
+          "ohne " + std::to_string(count) + (count == 1 ? " Monat" : " Monate") + " unter 0";
+    }
+  return text;
 }
 
 // A pie of one series before it is drawn. All pies of a chart get the radius of the smallest.
@@ -206,7 +225,7 @@ struct Pie {
   std::vector<Slice> slices;
   std::vector<SliceLabel> labels;  // empty where there is no room for them
   Disc disc;
-  std::string leftOut;  // the months that it does not show
+  LeftOut leftOut;  // the months that it does not show
 };
 
 void resize(Pie& pie, double radius) {
@@ -293,18 +312,8 @@ double drawPie(Canvas& canvas, Pie& pie, const ChartOptions& options, int origin
   return lowest;
 }
 
-// "ohne Apr -120,5; Aug -40": what has no slice.
-std::string monthsLeftOut(const ChartModel& model, const Series& series) {
-  std::string text;
-  for (std::size_t month = 0; month < kMonthCount; ++month)
-    if (const double value = series.values[month].value_or(0); value < 0)
-      text += (text.empty() ? "ohne " : "; ") + model.labels[month] + " " + valueText(value);
-  return text;
-}
-
 // Name and sum below a pie, and the months that it does not show.
-void addPieName(Canvas& canvas, const Rect& line, const Series& series,
-                const std::string& leftOut) {
+void addPieName(Canvas& canvas, const Rect& line, const Series& series, const LeftOut& leftOut) {
   double sum = 0;
   for (const auto& value : series.values) sum += value.value_or(0);
   Font font{13, true};
@@ -312,7 +321,8 @@ void addPieName(Canvas& canvas, const Rect& line, const Series& series,
       canvas.fit(series.name + "  " + valueText(sum) + " " + series.unit, font, line.width);
   canvas.textAround(line.center(), text, font, canvas.theme().text);
   Font small{12, false};
-  const std::string missing = canvas.fit(leftOut, small, line.width);
+  const bool fits = canvas.measure(leftOut.months, small).width <= line.width;
+  const std::string missing = canvas.fit(fits ? leftOut.months : leftOut.count, small, line.width);
   if (!missing.empty())
     canvas.textAround(line.center() + Point{0, kLeftOutHeight}, missing, small,
                       canvas.theme().quietText);
@@ -326,9 +336,9 @@ std::vector<Pie> piesIn(const Canvas& canvas, const Rect& room, const ChartModel
   const double width = room.width / static_cast<double>(columns);
   const double height = room.height / static_cast<double>(rows);
   const bool roomForLeftOut = height > kLeastForLeftOut;
-  const bool someLeftOut =
-      std::any_of(model.series.begin(), model.series.end(),
-                  [&model](const Series& series) { return !monthsLeftOut(model, series).empty(); });
+  const bool someLeftOut = std::any_of(
+      model.series.begin(), model.series.end(),
+      [&model](const Series& series) { return !monthsLeftOut(model, series).count.empty(); });
   std::vector<Pie> pies;
   double radius = 1e9;
   for (std::size_t i = 0; i < count; ++i) {

@@ -46,6 +46,7 @@ struct Drawing {
   std::vector<int> order;  // place in this model -> index of the series in the caller's model
   std::vector<LabelRequest> labels;
   std::vector<Rect> obstacles;  // marks that labels should leave free
+  bool labelsOnFront = false;   // labels of bars with depth stand on them instead of beyond them
 
   Color color(std::size_t series) const { return canvas.theme().color(model.series[series].hue); }
   void mark(std::size_t series, std::size_t month, std::vector<Point> outline) {

@@ -97,6 +97,82 @@ TEST(ChartLooks, LabelsOfBarsAreTurnedAlikeAndCutNoBar) {
   EXPECT_EQ(find(broad, "291,37")->rotation, 0) << "there is room for all";
 }
 
+// With depth they stand beyond their bars as well, or where those are in the way all of them on the
+// bars' fronts.
+TEST(ChartLooks, LabelsOfBarsWithDepthAreAllThereAndCutNone) {
+  ChartOptions options = optionsOf(ChartType::Bar);
+  options.threeD = true;
+  for (const charts::View3D view : {charts::View3D{}, {70, 40, -40}, {60, -30, 40}, {28, 0, 30}}) {
+    options.view = view;
+    for (const ChartModel& model : {sample::twoYears(), withDecimals()}) {
+      const Scene scene = layout(model, options);
+      EXPECT_EQ(labelBoxes(scene).size(), 24U) << view.elevation;
+      for (const Rect& box : labelBoxes(scene)) {
+        std::size_t cut = 0;
+        bool inside = false;
+        for (const charts::Mark& mark : scene.marks) {
+          const Rect bar = boxOf(mark.outline);
+          inside = inside || bar.contains(box);
+          cut += box.intersects(bar.grown(-1.5)) ? 1U : 0U;
+        }
+        EXPECT_TRUE(inside || cut == 0) << view.elevation;
+      }
+    }
+  }
+}
+
+// Seen from below the far edge of a negative bar is its lowest, and its label has room under it.
+TEST(ChartLooks, LabelsOfNegativeBarsHaveRoomSeenFromBelow) {
+  ChartModel model = sample::twoYears();
+  for (auto& series : model.series) series.values[4] = -131.5;
+  ChartOptions options = optionsOf(ChartType::Bar);
+  options.threeD = true;
+  options.view = {60, -30, 40};
+  const Scene scene = layout(model, options);
+  EXPECT_EQ(labelBoxes(scene).size(), 24U);
+  EXPECT_NE(find(scene, "-131,5"), nullptr);
+}
+
+std::size_t strokes(const Scene& scene, charts::Color color) {
+  std::size_t count = 0;
+  for (const auto& item : scene.items)
+    if (const auto* shape = std::get_if<Shape>(&item))
+      count +=
+          !shape->closed && shape->points.size() == 2 && shape->stroke->color == color ? 1U : 0U;
+  return count;
+}
+
+// Without colour, on a grey print, the other year's bars and areas are the hatched ones.
+TEST(ChartLooks, TheOtherYearsBarsAndAreasAreHatched) {
+  ChartOptions options = optionsOf(ChartType::Bar);
+  options.labels = options.legend = false;
+  const charts::Color ground = charts::Theme::light().inner;
+  const ChartModel one = charts::comparisonChart(sample::sampleYear(2025), std::nullopt, 1);
+  for (const ChartType type : {ChartType::Bar, ChartType::StackedBar, ChartType::StackedArea})
+    for (const bool threeD : {false, true}) {
+      options.type = type;
+      options.threeD = threeD;
+      EXPECT_GT(strokes(layout(sample::twoYears(), options), ground), 100U)
+          << static_cast<int>(type);
+      EXPECT_EQ(strokes(layout(one, options), ground), 0U) << static_cast<int>(type);
+    }
+  options.legend = true;
+  EXPECT_GT(strokes(layout(sample::twoYears(), optionsOf(ChartType::Line)), ground), 1U);
+}
+
+// Strokes end at the outline, whatever its form.
+TEST(ChartLooks, AHatchStaysWithinItsOutline) {
+  const std::vector<charts::Point> outline = {{0, 0},   {40, 10}, {80, 0},
+                                              {80, 60}, {40, 20}, {0, 60}};
+  const auto strokes = charts::hatch(outline, 3);
+  EXPECT_GT(strokes.size(), 20U);
+  for (const auto& [from, to] : strokes) {
+    EXPECT_NEAR(from.x + from.y, to.x + to.y, 1e-9) << "at 45 degrees";
+    for (const double share : {0.02, 0.5, 0.98})
+      EXPECT_TRUE(charts::isInside(outline, from + (to - from) * share)) << from.x << "," << from.y;
+  }
+}
+
 // Too narrow for any: a series has all of its labels or none.
 TEST(ChartLooks, LabelsOfASeriesAreAllThereOrNone) {
   const ChartModel all = charts::monthlyChart(sample::sampleYear(2025), charts::Selection::None);
@@ -216,6 +292,9 @@ TEST(ChartLooks, SharesOfAPieAddUpAndWhatItLeavesOutIsSaid) {
   EXPECT_EQ(shares, 11);
   EXPECT_NEAR(sum, 100, 0.6);
   EXPECT_NE(find(scene, "ohne Apr -120,5"), nullptr);
+  for (std::size_t i = 0; i < 9; ++i) model.series[0].values[i] = -120.5;
+  const Scene narrow = layout(model, options, {300, 300});
+  EXPECT_NE(find(narrow, "ohne 9 Monate unter 0"), nullptr) << "no name is cut off";
 }
 
 // kWh lie before m³: what is behind is seen as a line.
@@ -328,6 +407,19 @@ TEST(ChartLooks, BlanksSurviveInASvg) {
   Scene scene = layout(sample::twoYears(), optionsOf(ChartType::Pie));
   const std::string svg = charts::toSvg(scene, "T", "D");
   EXPECT_NE(svg.find("xml:space=\"preserve\">Jan  291<"), std::string::npos);
+}
+
+// What is chosen smaller, or made smaller for want of room, is not on paper.
+TEST(ChartLooks, NoTextIsSmallerThanTheLeastSize) {
+  ChartOptions options = optionsOf(ChartType::Bar);
+  options.labelSize = 6;
+  options.leastSize = 8.75;
+  for (const ChartType type : {ChartType::Bar, ChartType::Pie, ChartType::Line}) {
+    options.type = type;
+    const Scene scene = layout(sample::twoYears(), options, {400, 300});
+    for (const Text* text : textsOf(scene))
+      EXPECT_GE(text->font.size, 8.75 * 96 / 72 - 0.01) << text->text;
+  }
 }
 
 // A chart of a large screen on a sheet: its nine points are seven at least.

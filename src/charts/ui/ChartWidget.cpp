@@ -62,8 +62,10 @@ void ChartWidget::setOptions(const ChartOptions& options) {
   if (newType) describeForReaders();
 }
 
-Scene ChartWidget::sceneFor(Size size) const {
-  return layoutChart(model_, options_, Theme::light(), size, measure_);
+Scene ChartWidget::sceneFor(Size size, double leastSize) const {
+  ChartOptions options = options_;
+  options.leastSize = std::max(options.leastSize, leastSize);
+  return layoutChart(model_, options, Theme::light(), size, measure_);
 }
 
 Scene ChartWidget::picture() const {

@@ -20,8 +20,9 @@ class ChartWidget : public QWidget {
   void setOptions(const ChartOptions& options);
   const ChartOptions& options() const { return options_; }
 
-  // The chart on light ground for a sheet of that size, for pictures and paper.
-  Scene sceneFor(Size size) const;
+  // The chart on light ground for a sheet of that size, for pictures and paper; no text is smaller
+  // than that many points.
+  Scene sceneFor(Size size, double leastSize = 0) const;
   // As large as the widget.
   Scene picture() const;
   const Scene& shownScene() const { return scene_; }

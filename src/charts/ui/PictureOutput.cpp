@@ -16,6 +16,7 @@ namespace {
 
 constexpr double kScreenDpi = 96;
 constexpr double kPrintedBitmapDpi = 300;
+constexpr double kLeastPrinted = 7;  // points
 
 QByteArray toByteArray(const base::Bytes& bytes) {
   return {reinterpret_cast<const char*>(bytes.data()), static_cast<qsizetype>(bytes.size())};
@@ -92,9 +93,10 @@ bool printChart(const ChartWidget& chart, QPrinter& printer, PrintFit fit, Pictu
   const PrintPlacement placement =
       placeOnPage(fit, {page.width(), page.height()},
                   {chart.width() / kScreenDpi, chart.height() / kScreenDpi});
-  const Scene scene =
-      chart.sceneFor({placement.layout.width * kScreenDpi, placement.layout.height * kScreenDpi});
   const double enlarged = placement.target.width / placement.layout.width;
+  const Scene scene =
+      chart.sceneFor({placement.layout.width * kScreenDpi, placement.layout.height * kScreenDpi},
+                     kLeastPrinted / enlarged);
   painter.scale(printer.logicalDpiX() / kScreenDpi * enlarged,
                 printer.logicalDpiY() / kScreenDpi * enlarged);
   if (format == PictureFormat::EnhancedMetafile)
