@@ -5,6 +5,7 @@
 #include "analysis/Cost.h"
 #include "base/CsvRecord.h"
 #include "base/GermanNumber.h"
+#include "yearbook/Vat.h"
 
 namespace analysis {
 namespace {
@@ -16,7 +17,7 @@ double lastPrice(const Year& year, Meter meter) {
 }
 
 double withVat(double value, const Year& year, Energy energy) {
-  return value * (100 + yearbook::orZero(year.values.vat[meterOf(energy)])) / 100;
+  return yearbook::withVat(value, yearbook::orZero(year.values.vat[meterOf(energy)]));
 }
 
 Basis basisOf(const yearbook::FieldValues& values, Energy energy, double consumption,

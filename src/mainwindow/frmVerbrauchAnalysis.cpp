@@ -1,3 +1,4 @@
+#include "analysis/ui/AnalysisMenu.h"
 #include "analysis/ui/frmAlleJahre.h"
 #include "analysis/ui/frmPrognose.h"
 #include "analysis/ui/frmTarife.h"
@@ -8,12 +9,8 @@
 using namespace Qt::Literals::StringLiterals;
 
 void frmVerbrauch::buildAnalysisMenu() {
-  mnuAuswertung->setTitle(u"Aus&wertung"_s);
-  mnuAlleJahre->setText(u"&Alle Jahre..."_s);
-  mnuPrognose->setText(u"&Prognose..."_s);
-  mnuTarife->setText(u"&Tarife vergleichen..."_s);
+  analysis::buildMenu(mnuAuswertung, mnuAlleJahre, mnuPrognose, mnuTarife);
   mnuDiagrammAlle->setText(u"Alle Zähler im &Jahr..."_s);
-  mnuAuswertung->addActions({mnuAlleJahre, mnuPrognose, mnuTarife});
   mnuAuswertung->addSeparator()->setObjectName(u"sepDiagrammAlle"_s);
   mnuAuswertung->addAction(mnuDiagrammAlle);
   // What is being typed counts, and what is asked first is answered first.

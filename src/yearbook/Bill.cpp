@@ -2,6 +2,8 @@
 
 #include <algorithm>
 
+#include "yearbook/Vat.h"
+
 namespace yearbook {
 namespace {
 
@@ -52,7 +54,7 @@ Money vatOn(Money net, double percent) {
 }
 
 Money grossOf(Money net, double percent) {
-  return Money::roundHalfEven(net.toDouble() / 100 * (100 + percent));
+  return Money::roundHalfEven(withVat(net.toDouble(), percent));
 }
 
 Money FlatRate::amountBeyond(double consumption) const {

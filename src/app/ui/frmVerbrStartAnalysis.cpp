@@ -1,5 +1,6 @@
 #include <QMenuBar>
 
+#include "analysis/ui/AnalysisMenu.h"
 #include "analysis/ui/frmAlleJahre.h"
 #include "analysis/ui/frmPrognose.h"
 #include "analysis/ui/frmTarife.h"
@@ -12,11 +13,7 @@
 using namespace Qt::Literals::StringLiterals;
 
 void frmVerbrStart::buildAnalysisMenu() {
-  mnuAuswertung->setTitle(u"Aus&wertung"_s);
-  mnuAlleJahre->setText(u"&Alle Jahre..."_s);
-  mnuPrognose->setText(u"&Prognose..."_s);
-  mnuTarife->setText(u"&Tarife vergleichen..."_s);
-  mnuAuswertung->addActions({mnuAlleJahre, mnuPrognose, mnuTarife});
+  analysis::buildMenu(mnuAuswertung, mnuAlleJahre, mnuPrognose, mnuTarife);
   menuBar()->addMenu(mnuAuswertung);
   connect(mnuAlleJahre, &QAction::triggered, this, [this] {
     frmAlleJahre(services_, nullptr, this).exec();
