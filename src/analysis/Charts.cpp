@@ -48,26 +48,35 @@ void valueLabels(Sheet& sheet, const Bars& bars, int front) {
   for (int i = 0; i < count; ++i) {
     const auto& value = bars.values[static_cast<std::size_t>(i)];
     if (value)
-      sheet.text({sheet.slotCenter(i, count), sheet.y(std::max(0.0, *value)) - 2 * kLabelGap},
+      sheet.text({sheet.slotCenter(i, count), *value < 0 ? sheet.y(*value) + sheet.textHeight()
+                                                         : sheet.y(*value) - 2 * kLabelGap},
                  base::formatNumber(*value, bars.decimals), sheet.ink(), i == front, Align::Middle);
   }
 }
 
-double largestOf(const std::vector<std::optional<double>>& values) {
-  double largest = 0;
-  for (const auto& value : values) largest = std::max(largest, value.value_or(0));
-  return largest;
-}
+// From zero to the values on both of its sides; a corrected reading can make one negative.
+struct Range {
+  double low = 0, high = 0;
+  void take(double value) {
+    low = std::min(low, value);
+    high = std::max(high, value);
+  }
+};
 
-// Room above the largest value for its label.
-constexpr double kHeadroom = 1.08;
+Range rangeOf(const std::vector<std::optional<double>>& values) {
+  Range range;
+  for (const auto& value : values) range.take(value.value_or(0));
+  // Room above the largest value for its label.
+  constexpr double kHeadroom = 1.08;
+  range.high *= kHeadroom;
+  return range;
+}
 
 charts::Scene barChart(const Frame& frame, const std::vector<YearFigures>& years, const Bars& bars,
                        int front) {
   Sheet sheet(frame, bars.title);
-  double least = 0;
-  for (const auto& value : bars.values) least = std::min(least, value.value_or(0));
-  sheet.values(least, largestOf(bars.values) * kHeadroom, bars.unit);
+  const Range range = rangeOf(bars.values);
+  sheet.values(range.low, range.high, bars.unit);
   const int count = static_cast<int>(bars.values.size());
   const Color other = frame.theme.color(charts::Hue::OtherYear);
   for (int i = 0; i < count; ++i)
@@ -170,7 +179,8 @@ charts::Scene unitPrices(const Frame& frame, const std::vector<YearFigures>& yea
             2};
   for (const YearFigures& year : years) bars.values.push_back(year.meters[meter].grossPerUnit);
   Sheet sheet(frame, bars.title);
-  sheet.values(0, largestOf(bars.values) * kHeadroom, bars.unit);
+  const Range range = rangeOf(bars.values);
+  sheet.values(range.low, range.high, bars.unit);
   const int count = static_cast<int>(years.size());
   std::vector<Point> points;
   for (int i = 0; i < count; ++i)
@@ -186,17 +196,17 @@ charts::Scene unitPrices(const Frame& frame, const std::vector<YearFigures>& yea
 charts::Scene monthLines(const Frame& frame, const std::vector<YearFigures>& years, Meter meter,
                          int front, const std::vector<int>& chosen) {
   std::vector<PerMonth<std::optional<double>>> months;
-  double largest = 0;
+  Range range;
   for (const YearFigures& year : years) {
     months.push_back(calendarMonths(*year.year, meter));
-    for (const auto& month : months.back()) largest = std::max(largest, month.value_or(0));
+    for (const auto& month : months.back()) range.take(month.value_or(0));
   }
   Sheet sheet(frame, meterTitle(meter, "im Jahreslauf"), 48);
   const Color other = frame.theme.color(charts::Hue::OtherYear);
   const Color shade = charts::mix(sheet.ground(), other, 0.28);
   if (years.size() > 1)
     sheet.key({{KeyEntry::Mark::Filled, shade, "kleinster bis größter Verbrauch"}});
-  sheet.values(0, largest, std::string(factsOf(meter).unit));
+  sheet.values(range.low, range.high, std::string(factsOf(meter).unit));
   if (years.size() > 1) band(sheet, months, shade);
   sheet.names(calendarLabels());
   // The latest stays readable, the oldest fades halfway into the ground.
@@ -233,14 +243,17 @@ charts::Scene forecastMonths(const Frame& frame, const Forecast& forecast, Meter
   const Outlook& outlook = part->outlook;
   const auto reach = [&](int i) { return kEightOfTen * outlook.spread[i]; };
   const auto earlier = before ? calendarMonths(*before, meter) : PerMonth<std::optional<double>>();
-  double largest = 0;
-  for (int i = 0; i < kMonths; ++i)
-    largest = std::max({largest, outlook.months[i] + reach(i), earlier[i].value_or(0)});
+  Range range;
+  for (int i = 0; i < kMonths; ++i) {
+    range.take(outlook.months[i]);
+    if (i >= outlook.monthsRead) range.take(outlook.months[i] + reach(i));
+    range.take(earlier[i].value_or(0));
+  }
   std::vector<KeyEntry> key = {{KeyEntry::Mark::Filled, color, "abgelesen"},
                                {KeyEntry::Mark::Hatched, color, "erwartet, mit Spanne"}};
   if (before) key.push_back({KeyEntry::Mark::Line, sheet.ink(), before->label()});
   sheet.key(key);
-  sheet.values(0, largest, std::string(factsOf(meter).unit));
+  sheet.values(range.low, range.high, std::string(factsOf(meter).unit));
   const double width = kBarPart * sheet.plot().width / kMonths;
   std::vector<std::string> names;
   for (int i = 0; i < kMonths; ++i) {
@@ -287,22 +300,26 @@ charts::Scene tariffLines(const Frame& frame, const Comparison& comparison, int 
   }
   lines.push_back({"bisheriger Vertrag", value(comparison.present, none),
                    value(comparison.present, end), own, true, false});
-  double least = 0, largest = 0, room = 0;
+  Range range;
+  double room = 0;
   for (const Line& line : lines) {
-    least = std::min({least, line.atZero, line.atMost});
-    largest = std::max({largest, line.atZero, line.atMost});
+    range.take(line.atZero);
+    range.take(line.atMost);
     room = std::max(room, frame.measure.measure(line.name, {frame.textSize, true}).width);
   }
   const char* title = differences ? "Unterschied zum bisherigen Vertrag im Folgejahr, brutto"
                                   : "Kosten im Folgejahr, brutto";
   Sheet sheet(frame, title, std::min(room + 12, frame.size.width / 3), 2);
-  sheet.values(least, largest, "Euro");
+  sheet.values(range.low, range.high, "Euro");
   sheet.numbers(most, "Verbrauch im Jahr, kWh");
   const double at = sheet.across(comparison.basis.total() / most);
   sheet.line({{at, sheet.plot().y}, {at, sheet.plot().bottom()}}, sheet.quiet(), 1, true);
   sheet.text({at - kLabelGap, sheet.plot().y + sheet.textHeight()},
              "eigener Verbrauch " + base::formatNumber(comparison.basis.total(), 0), sheet.ink(),
              false, Align::End);
+  if (differences && comparison.offers.empty())
+    sheet.text(sheet.plot().center(), "Noch kein Angebot eingetragen.", sheet.quiet(), false,
+               Align::Middle);
   for (const Line& line : lines)
     sheet.line({{sheet.across(0), sheet.y(line.atZero)}, {sheet.across(1), sheet.y(line.atMost)}},
                line.color, line.strong ? 2.6 : 1.8, line.dashed);

@@ -130,7 +130,7 @@ void Sheet::bar(double center, double width, double value, Color color) {
 }
 
 void Sheet::hatchedBar(double center, double width, double value, Color color) {
-  const Rect bar{center - width / 2, y(value), width, y(0) - y(value)};
+  const Rect bar{center - width / 2, std::min(y(value), y(0)), width, std::fabs(y(value) - y(0))};
   if (bar.height <= 0) return;
   scene_.fill(bar.corners(), charts::mix(ground(), color, 0.12), charts::Stroke{color, 1.2});
   canvas_.hatch(bar.corners(), color);

@@ -13,6 +13,7 @@
 #include <QStyledItemDelegate>
 #include <QTreeWidget>
 
+#include "charts/ui/ScenePainter.h"
 #include "dialogs/Prompts.h"
 #include "reports/DetailTable.h"
 #include "reports/FlexGridHTML.h"
@@ -36,6 +37,16 @@ class RowDelegate final : public QStyledItemDelegate {
     return {hint.width(), option.fontMetrics.height() + kRoom};
   }
 };
+
+// What stands behind a number, without a heading of its own.
+bool isUnit(const reports::Grid& grid, int column) {
+  return grid.text(0, column).empty();
+}
+
+QColor quietColor(const QColor& text, const QColor& ground) {
+  constexpr double kText = 0.65;
+  return charts::toQColor(charts::mix(charts::fromQColor(ground), charts::fromQColor(text), kText));
+}
 
 bool isRight(const reports::Grid& grid, int column) {
   return grid.column(column).alignment == reports::Alignment::RightCenter;
@@ -139,6 +150,10 @@ void showHeadings(QTreeWidget* tree, const reports::Grid& grid) {
 void showRow(QTreeWidgetItem* item, const reports::Grid& grid, int row) {
   for (int column = 0; column < grid.columns(); ++column) {
     item->setText(column, QString::fromStdString(grid.text(row, column)).trimmed());
+    const QPalette palette = item->treeWidget()->palette();
+    if (isUnit(grid, column))
+      item->setForeground(column,
+                          quietColor(palette.color(QPalette::Text), palette.color(QPalette::Base)));
     if (isRight(grid, column)) item->setTextAlignment(column, Qt::AlignRight | Qt::AlignVCenter);
     if (!grid.cell(row, column).bold) continue;
     QFont font = QApplication::font();
@@ -148,8 +163,10 @@ void showRow(QTreeWidgetItem* item, const reports::Grid& grid, int row) {
 }
 
 void fitColumns(QTreeWidget* tree) {
-  constexpr int kApart = 6;
-  tree->header()->setStretchLastSection(false);
+  constexpr int kApart = 12, kRoom = 10;
+  QHeaderView* header = tree->header();
+  header->setStretchLastSection(false);
+  header->setMinimumHeight(tree->fontMetrics().height() + kRoom);
   for (int column = 0; column < tree->columnCount(); ++column) {
     tree->resizeColumnToContents(column);
     tree->setColumnWidth(column, tree->columnWidth(column) + kApart);
@@ -177,14 +194,9 @@ QIcon meterMark(const QPalette& palette, QColor color) {
 }
 
 void makeQuiet(QLabel* label) {
-  constexpr double kText = 0.65;
-  const QPalette palette = label->palette();
-  const QColor text = palette.color(QPalette::WindowText), ground = palette.color(QPalette::Window);
-  const auto mix = [&](int a, int b) { return static_cast<int>(a * kText + b * (1 - kText)); };
-  QPalette quiet = palette;
+  QPalette quiet = label->palette();
   quiet.setColor(QPalette::WindowText,
-                 QColor(mix(text.red(), ground.red()), mix(text.green(), ground.green()),
-                        mix(text.blue(), ground.blue())));
+                 quietColor(quiet.color(QPalette::WindowText), quiet.color(QPalette::Window)));
   label->setPalette(quiet);
 }
 
