@@ -85,7 +85,7 @@ Axis makeAxis(double smallest, double largest, int maxIntervals) {
   smallest = std::clamp(std::min(smallest, 0.0), -kLargest, 0.0);
   largest = std::clamp(std::max(largest, 0.0), 0.0, kLargest);
   const double range = largest - smallest;
-  if (!(range > 1e-9)) return axisOf(2, 0, 5);
+  if (!(range > 1e-9)) return maxIntervals < 5 ? axisOf(5, 0, 2) : axisOf(2, 0, 5);
   const int limit = std::max(maxIntervals, 2);
   double step = roundStep(range / limit);
   while (stepsBelow(smallest, step) + stepsAbove(largest, step) > limit)

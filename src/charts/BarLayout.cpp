@@ -137,7 +137,7 @@ LabelRequest labelBeyond(const Plot& plot, const Bar& bar, const Place& place) {
 // On the front of its bar: in the middle of a stack's part, else at the end of the bar.
 LabelRequest labelInside(const Drawing& drawing, const Bar& bar, const Place& place,
                          double labelHeight, bool alike) {
-  constexpr double kEdge = 2;  // of the bar that is seen around the label
+  constexpr double kEdge = 4;  // of the bar that is seen beside the label
   const double width = bar.rect.width * (place.covered ? 0.5 : 1);
   const double middle = bar.rect.x + width / 2;
   const double fromEnd = kEdge + labelHeight / 2;

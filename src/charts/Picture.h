@@ -17,6 +17,9 @@ enum class PrintFit { OneToOne = 1, Width = 2, Height = 3, Page = 4, Maximum = 5
 struct PrintPlacement {
   Rect target;
   Size layout;
+  double enlarged() const { return target.width / layout.width; }
+  // Points of the layout that are the least readable ones on paper.
+  double leastText() const { return 7 / enlarged(); }
 };
 // One to one keeps the natural size, the others enlarge or reduce it: to the page's width, its
 // height, or as far as both allow; maximum then takes the whole page. What would reach beyond the

@@ -165,6 +165,8 @@ TEST(ChartLooks, AHatchStaysWithinItsOutline) {
   const std::vector<charts::Point> outline = {{0, 0},   {40, 10}, {80, 0},
                                               {80, 60}, {40, 20}, {0, 60}};
   const auto strokes = charts::hatch(outline, 3);
+  EXPECT_NEAR(static_cast<double>(charts::hatch({{0, 0}, {60, 0}, {60, 60}, {0, 60}}, 3).size()),
+              60 * std::sqrt(2) / 3, 1);
   EXPECT_GT(strokes.size(), 20U);
   for (const auto& [from, to] : strokes) {
     EXPECT_NEAR(from.x + from.y, to.x + to.y, 1e-9) << "at 45 degrees";
@@ -430,7 +432,8 @@ TEST(ChartLooks, TextsAreReadOnPaperHoweverLargeTheWindowIs) {
          {charts::PrintFit::OneToOne, charts::PrintFit::Width, charts::PrintFit::Height,
           charts::PrintFit::Page, charts::PrintFit::Maximum}) {
       const auto placed = charts::placeOnPage(fit, page, natural);
-      EXPECT_GE(placed.target.width / placed.layout.width, 7.0 / 9) << natural.width;
+      EXPECT_GE(placed.enlarged(), 7.0 / 9) << natural.width;
+      EXPECT_NEAR(placed.leastText() * placed.enlarged(), 7, 1e-9);
       EXPECT_NEAR(placed.target.width / placed.layout.width,
                   placed.target.height / placed.layout.height, 1e-9);
       EXPECT_LE(placed.target.width, page.width + 1e-9);

@@ -16,7 +16,6 @@ namespace {
 
 constexpr double kScreenDpi = 96;
 constexpr double kPrintedBitmapDpi = 300;
-constexpr double kLeastPrinted = 7;  // points
 
 QByteArray toByteArray(const base::Bytes& bytes) {
   return {reinterpret_cast<const char*>(bytes.data()), static_cast<qsizetype>(bytes.size())};
@@ -93,10 +92,10 @@ bool printChart(const ChartWidget& chart, QPrinter& printer, PrintFit fit, Pictu
   const PrintPlacement placement =
       placeOnPage(fit, {page.width(), page.height()},
                   {chart.width() / kScreenDpi, chart.height() / kScreenDpi});
-  const double enlarged = placement.target.width / placement.layout.width;
+  const double enlarged = placement.enlarged();
   const Scene scene =
       chart.sceneFor({placement.layout.width * kScreenDpi, placement.layout.height * kScreenDpi},
-                     kLeastPrinted / enlarged);
+                     placement.leastText());
   painter.scale(printer.logicalDpiX() / kScreenDpi * enlarged,
                 printer.logicalDpiY() / kScreenDpi * enlarged);
   if (format == PictureFormat::EnhancedMetafile)
