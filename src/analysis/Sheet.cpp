@@ -13,6 +13,7 @@ using charts::Rect;
 
 constexpr double kMargin = 12;
 constexpr double kGap = 6;
+constexpr double kKeyMark = 10;
 
 }  // namespace
 
@@ -44,28 +45,46 @@ void Sheet::text(Point at, const std::string& text, Color color, bool bold, Alig
 }
 
 void Sheet::key(const std::vector<KeyEntry>& entries) {
-  constexpr double kMark = 10;
-  double x = scene_.width - kMargin;
-  double base = kMargin + textHeight() * 0.8;
+  constexpr double kApart = 2 * kMargin;
+  const double room = scene_.width - 2 * kMargin;
+  const auto widthOf = [&](const KeyEntry& entry) {
+    return kKeyMark + kGap + textWidth(entry.text) + kApart;
+  };
   double width = 0;
-  for (const KeyEntry& entry : entries) width += textWidth(entry.text) + kGap + kMark + 2 * kMargin;
-  // Beside the title, or below it where that is too long.
-  if (titleWidth_ + width > scene_.width - 2 * kMargin) base += textHeight();
-  for (auto entry = entries.rbegin(); entry != entries.rend(); ++entry) {
-    text({x, base}, entry->text, ink(), false, Align::End);
-    x -= textWidth(entry->text) + kGap + kMark;
-    const Rect mark{x, base - kMark, kMark, kMark};
-    if (entry->mark == KeyEntry::Mark::Line)
-      line({{x - kMark, base - kMark / 2}, {x + kMark, base - kMark / 2}}, entry->color, 2.4);
-    else if (entry->mark == KeyEntry::Mark::Filled)
-      scene_.fill(mark.corners(), entry->color);
-    else {
-      scene_.fill(mark.corners(), charts::mix(ground(), entry->color, 0.15),
-                  charts::Stroke{entry->color, 1});
-      canvas_.hatch(mark.corners(), entry->color);
+  for (const KeyEntry& entry : entries) width += widthOf(entry);
+  double base = kMargin + textHeight() * 0.8;
+  double x = scene_.width - kMargin - (width - kApart);
+  // Beside the title, or in lines of their own below it where that is too long.
+  const bool beside = titleWidth_ + width <= room;
+  if (!beside) x = scene_.width;
+  for (const KeyEntry& entry : entries) {
+    if (!beside && x + widthOf(entry) - kApart > scene_.width - kMargin) {
+      x = kMargin;
+      base += textHeight();
+      plot_.y += textHeight();
+      plot_.height -= textHeight();
     }
-    x -= 2 * kMargin;
+    addKey({x, base}, entry);
+    x += widthOf(entry);
   }
+}
+
+void Sheet::addKey(Point at, const KeyEntry& entry) {
+  const Rect mark{at.x, at.y - kKeyMark, kKeyMark, kKeyMark};
+  if (entry.mark == KeyEntry::Mark::Line)
+    line({{at.x, mark.center().y}, {mark.right(), mark.center().y}}, entry.color, 2.4);
+  else if (entry.mark == KeyEntry::Mark::Filled)
+    scene_.fill(mark.corners(), entry.color);
+  else {
+    scene_.fill(mark.corners(), charts::mix(ground(), entry.color, 0.15),
+                charts::Stroke{entry.color, 1});
+    canvas_.hatch(mark.corners(), entry.color);
+  }
+  charts::Font written = font();
+  const std::string words =
+      canvas_.fit(entry.text, written, scene_.width - kMargin - mark.right() - kGap);
+  scene_.items.emplace_back(
+      charts::Text{{mark.right() + kGap, at.y}, words, written, ink(), Align::Start, 0});
 }
 
 void Sheet::values(double smallest, double largest, const std::string& unit) {
@@ -75,12 +94,12 @@ void Sheet::values(double smallest, double largest, const std::string& unit) {
 }
 
 void Sheet::grid(const std::string& unit) {
-  double widest = textWidth(unit);
+  const std::string scaled = (axis_.scaleName.empty() ? "" : axis_.scaleName + ' ') + unit;
+  double widest = textWidth(scaled);
   for (const double tick : axis_.ticks()) widest = std::max(widest, textWidth(axis_.label(tick)));
   plot_.x += widest + kGap;
   plot_.width -= widest + kGap + labelRoom_;
-  const std::string scale = axis_.scaleName.empty() ? "" : axis_.scaleName + ' ';
-  text({plot_.x - kGap, plot_.y - textHeight() * 0.75}, scale + unit, quiet(), false, Align::End);
+  text({plot_.x - kGap, plot_.y - textHeight() * 0.75}, scaled, quiet(), false, Align::End);
   for (const double tick : axis_.ticks()) {
     const bool zero = tick == 0;
     line({{plot_.x, y(tick)}, {plot_.right(), y(tick)}}, zero ? theme_.axis : theme_.grid, 1);

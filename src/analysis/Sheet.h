@@ -27,6 +27,7 @@ class Sheet {
   // called.
   Sheet(const Frame& frame, const std::string& title, double labelRoom = 8, int linesBelow = 1);
 
+  // Before values(): it takes lines of its own where it has no room beside the title.
   void key(const std::vector<KeyEntry>& entries);
   void values(double smallest, double largest, const std::string& unit);
   // Names of the slots below the plot, as many as there is room for; the one in front bold.
@@ -62,6 +63,7 @@ class Sheet {
  private:
   charts::Font font(bool bold = false) const { return {textSize_, bold}; }
   void grid(const std::string& unit);
+  void addKey(charts::Point at, const KeyEntry& entry);
 
   charts::Scene scene_;
   const charts::Theme& theme_;

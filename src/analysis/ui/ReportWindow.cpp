@@ -13,11 +13,11 @@
 #include <QStyledItemDelegate>
 #include <QTreeWidget>
 
-#include "charts/ui/ScenePainter.h"
 #include "dialogs/Prompts.h"
 #include "reports/DetailTable.h"
 #include "reports/FlexGridHTML.h"
 #include "reports/GridText.h"
+#include "widgets/Tones.h"
 
 using namespace Qt::StringLiterals;
 
@@ -41,11 +41,6 @@ class RowDelegate final : public QStyledItemDelegate {
 // What stands behind a number, without a heading of its own.
 bool isUnit(const reports::Grid& grid, int column) {
   return grid.text(0, column).empty();
-}
-
-QColor quietColor(const QColor& text, const QColor& ground) {
-  constexpr double kText = 0.65;
-  return charts::toQColor(charts::mix(charts::fromQColor(ground), charts::fromQColor(text), kText));
 }
 
 bool isRight(const reports::Grid& grid, int column) {
@@ -150,10 +145,9 @@ void showHeadings(QTreeWidget* tree, const reports::Grid& grid) {
 void showRow(QTreeWidgetItem* item, const reports::Grid& grid, int row) {
   for (int column = 0; column < grid.columns(); ++column) {
     item->setText(column, QString::fromStdString(grid.text(row, column)).trimmed());
-    const QPalette palette = item->treeWidget()->palette();
     if (isUnit(grid, column))
       item->setForeground(column,
-                          quietColor(palette.color(QPalette::Text), palette.color(QPalette::Base)));
+                          widgets::toneOf(widgets::Tone::Quiet, item->treeWidget()->palette()));
     if (isRight(grid, column)) item->setTextAlignment(column, Qt::AlignRight | Qt::AlignVCenter);
     if (!grid.cell(row, column).bold) continue;
     QFont font = QApplication::font();
@@ -195,8 +189,7 @@ QIcon meterMark(const QPalette& palette, QColor color) {
 
 void makeQuiet(QLabel* label) {
   QPalette quiet = label->palette();
-  quiet.setColor(QPalette::WindowText,
-                 quietColor(quiet.color(QPalette::WindowText), quiet.color(QPalette::Window)));
+  quiet.setColor(QPalette::WindowText, widgets::toneOf(widgets::Tone::Quiet, quiet));
   label->setPalette(quiet);
 }
 

@@ -9,6 +9,7 @@
 #include "analysis/Charts.h"
 #include "base/GermanNumber.h"
 #include "charts/ui/ChartWidget.h"
+#include "widgets/Tones.h"
 
 using namespace Qt::StringLiterals;
 using analysis::Meter;
@@ -44,11 +45,6 @@ class Card final : public QFrame {
  private:
   Meter meter_;
 };
-
-QColor goodColor(const QPalette& palette) {
-  const bool dark = palette.color(QPalette::Base).lightness() < 128;
-  return dark ? QColor(0x7F, 0xD6, 0x9A) : QColor(0x1B, 0x6B, 0x35);
-}
 
 QLabel* cardLine(const QString& line, double size, bool bold) {
   auto* label = new QLabel(line);
@@ -94,7 +90,7 @@ QFrame* frmPrognose::buildCard(Utility utility) {
   auto* balance = cardLine(figure, 1.5, true);
   if (part.balance <= base::Money()) {
     QPalette good = balance->palette();
-    good.setColor(QPalette::Text, goodColor(good));
+    good.setColor(QPalette::Text, widgets::toneOf(widgets::Tone::Good, good));
     balance->setPalette(good);
   }
   lines->addWidget(balance);
