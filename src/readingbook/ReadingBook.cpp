@@ -9,6 +9,7 @@
 #include "base/TextCodec.h"
 #include "base/Trim.h"
 #include "readingbook/BookRecord.h"
+#include "yearbook/SideFileSize.h"
 
 namespace readingbook {
 namespace {
@@ -18,7 +19,6 @@ using base::Result;
 
 constexpr char kSuffix[] = "_Ablesungen.dat";
 // Forty years of daily readings are three million bytes.
-constexpr std::uint64_t kLargestFile = 64 << 20;
 
 // Old programs end a text with the last of them.
 constexpr std::string_view kLineEnds = "\r\n\x1a";
@@ -172,7 +172,7 @@ std::string bookPath(const std::string& yearPath) {
 }
 
 Result<ReadingBook> readBook(base::FileSystem& files, const std::string& path) {
-  const auto bytes = files.readText(path, kLargestFile);
+  const auto bytes = files.readText(path, yearbook::kLargestSideFile);
   if (bytes) return ReadingBook::fromText(*bytes);
   if (bytes.error().code == ErrorCode::NotFound) return ReadingBook();
   return base::Failure(bytes.error());

@@ -17,6 +17,28 @@ bool changesNothing(const Step& step) {
          step.before.flatRate == step.after.flatRate;
 }
 
+std::size_t sizeOfSides(const Step& step) {
+  std::size_t size = 0;
+  for (const SideChange& side : step.sides)
+    for (const auto* content : {&side.before, &side.after})
+      if (*content) size += (*content)->size();
+  return size;
+}
+
+// Large side files would fill the memory: beyond this the oldest steps are forgotten. The last one
+// always stays.
+void forgetOldest(std::vector<Step>& steps) {
+  constexpr std::size_t kMost = 64 << 20;
+  std::size_t size = 0;
+  auto first = steps.end();
+  while (first != steps.begin()) {
+    size += sizeOfSides(*(first - 1));
+    if (size > kMost && first != steps.end()) break;
+    --first;
+  }
+  steps.erase(steps.begin(), first);
+}
+
 }  // namespace
 
 std::vector<CellChange> netOf(const std::vector<CellChange>& changes) {
@@ -41,6 +63,7 @@ void StepHistory::add(Step step) {
   entryOpen_ = step.entry.has_value();
   if (!continues) {
     done_.push_back(std::move(step));
+    forgetOldest(done_);
     return;
   }
   Step& last = done_.back();

@@ -1,6 +1,7 @@
 #include <algorithm>
 
 #include "base/Paths.h"
+#include "yearbook/SideFileSize.h"
 #include "yearbook/YearSession.h"
 
 // How the open year changes: transactions, the side files that go with them, and the way back.
@@ -118,7 +119,11 @@ Result<std::vector<SideChange>> YearSession::changesOf(const std::vector<SideFil
   std::vector<SideChange> changes;
   for (const SideFile& side : sides) {
     SideChange change{side.path, std::nullopt, side.content};
-    if (auto content = files_.readText(side.path))
+    if (side.content && side.content->size() > kLargestSideFile)
+      return base::fail(
+          base::ErrorCode::InvalidValue,
+          "Die Datei wäre größer als " + std::to_string(kLargestSideFile >> 20) + " MB", side.path);
+    if (auto content = files_.readText(side.path, kLargestSideFile))
       change.before = std::move(*content);
     else if (content.error().code != base::ErrorCode::NotFound)
       return Failure(content.error());

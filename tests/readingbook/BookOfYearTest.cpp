@@ -109,6 +109,46 @@ TEST_F(BookOfYear, OneStepTakesTableMonthsAndBookBack) {
   EXPECT_FALSE(disk.exists(kBook));
 }
 
+// Forty years with readings of five meters on every day.
+TEST_F(BookOfYear, ALongBookCanBeChanged) {
+  ReadingBook book;
+  for (Meter meter : yearbook::kMeters) {
+    const std::chrono::sys_days first(std::chrono::year(1985) / 1 / 1);
+    for (int day = 0; day < 14610; ++day)
+      ASSERT_TRUE(book.add(meter, {Date(first + std::chrono::days(day)), day * 1500}));
+  }
+  const std::string text = book.text();
+  ASSERT_GT(text.size(), 2U << 20);
+  const auto year = emptied();
+  disk.put(kBook, base::asBytes(text));
+  auto read = readBook(*year);
+  ASSERT_TRUE(read);
+  ASSERT_TRUE(read->add(Meter::Gas, {std::chrono::year(2025) / 1 / 31, 30'000'000}));
+  ASSERT_TRUE(storeBook(*year, *read, "Ablesung"));
+  EXPECT_EQ(readBook(*year)->of(Meter::Gas).size(), 14611U);
+  ASSERT_TRUE(year->undo());
+  EXPECT_EQ(base::asText(disk.get(kBook)), text);
+}
+
+TEST_F(BookOfYear, ABookThatWouldBeTooLargeIsRefusedAndTheOldOneStays) {
+  const auto year = emptied();
+  disk.put(kBook, base::asBytes("Gas,31.12.2024,10114,Ablesung\r\n"));
+  ReadingBook book;
+  const std::chrono::sys_days first(std::chrono::year(1900) / 1 / 1);
+  for (int i = 0; i < 17; ++i)
+    ASSERT_TRUE(book.add(Meter::Gas,
+                         {Date(first + std::chrono::days(i)), i, {}, std::string(1 << 20, 'x')}));
+  const auto refused = storeBook(*year, book, "Ablesung");
+  ASSERT_FALSE(refused);
+  EXPECT_THAT(base::germanMessage(refused.error()), testing::HasSubstr("größer als 16 MB"));
+  EXPECT_EQ(readBook(*year)->of(Meter::Gas).size(), 1U);
+  const base::Bytes larger(17 << 20, 'x');
+  disk.put(kBook, larger);
+  EXPECT_FALSE(readBook(*year));
+  EXPECT_FALSE(storeBook(*year, ReadingBook(), "Ablesung")) << "what nobody has read stays";
+  EXPECT_TRUE(disk.get(kBook) == larger);
+}
+
 TEST_F(BookOfYear, AProblemKeepsTheWholeTableOut) {
   const auto year = emptied();
   const auto before = everything(*year);

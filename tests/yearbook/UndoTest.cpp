@@ -41,6 +41,24 @@ TEST_F(Undo, ANewlyOpenedYearHasNoStep) {
   EXPECT_TRUE(year->redo());
 }
 
+TEST_F(Undo, LargeSideFilesDoNotFillTheMemory) {
+  StepHistory history;
+  const std::string large(30 << 20, 'x');
+  for (const char* step : {"eins", "zwei", "drei"}) {
+    Step next;
+    next.name = step;
+    next.sides = {{"Buch", std::nullopt, large}};
+    history.add(std::move(next));
+  }
+  EXPECT_EQ(history.depth(), 2U);
+  EXPECT_EQ(history.last()->name, "drei");
+  Step huge;
+  huge.name = "riesig";
+  huge.sides = {{"Buch", large + large + large, std::nullopt}};
+  history.add(std::move(huge));
+  EXPECT_EQ(history.depth(), 1U) << "the last one can always be taken back";
+}
+
 TEST_F(Undo, OnePriceOverDifferingMonthsGivesTheMonthsBack) {
   ASSERT_TRUE(year->storeFreeKwh(0));
   year->endEntry();
