@@ -2,6 +2,7 @@
 
 #include "analysis/Forecast.h"
 #include "analysis/Year.h"
+#include "base/DataFiles.h"
 #include "reports/Grid.h"
 
 // Offers of suppliers beside the present contract.
@@ -33,7 +34,7 @@ struct OfferFile {
   std::vector<Offer> offers;
   std::vector<std::string> otherLines;  // bytes, without line end
 };
-inline constexpr std::string_view kOfferFile = "Tarife.dat";
+using base::kOfferFile;
 // No file: no offers. folder ends with the separator.
 base::Result<OfferFile> readOffers(base::FileSystem& files, const std::string& folder);
 base::Result<void> writeOffers(base::FileSystem& files, const std::string& folder,

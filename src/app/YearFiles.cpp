@@ -5,6 +5,7 @@
 #include "app/Backup.h"
 #include "app/DataFolder.h"
 #include "app/SafetyCopies.h"
+#include "base/DataFiles.h"
 #include "base/JointChange.h"
 #include "base/Paths.h"
 #include "jet/Database.h"
@@ -145,7 +146,9 @@ base::Result<std::vector<std::string>> deletedWith(const base::FileSystem& files
   if (prefix.empty()) return std::vector<std::string>();
   auto sides = listFiles(files, dataFolder, kSideExtension);
   if (sides)
-    std::erase_if(*sides, [&](const std::string& side) { return !side.starts_with(prefix); });
+    std::erase_if(*sides, [&](const std::string& side) {
+      return !side.starts_with(prefix) || base::equalsIgnoreCase(side, base::kOfferFile);
+    });
   return sides;
 }
 

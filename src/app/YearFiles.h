@@ -44,7 +44,8 @@ base::Result<void> createYear(base::FileSystem& files, const base::PathState& pa
 base::Result<void> CreateDefaultYearDatabase(base::FileSystem& files, const base::PathState& paths);
 
 // What goes with a year: every "*.dat" file whose name begins with the year's base name. Names of
-// up to four characters have no side files.
+// up to four characters have no side files. The household's offers belong to no year,
+// whatever a year is called.
 base::Result<std::vector<std::string>> deletedWith(const base::FileSystem& files,
                                                    const std::string& dataFolder,
                                                    const std::string& name);

@@ -8,6 +8,7 @@
 #include "app/DeletedYear.h"
 #include "app/OpeningCopy.h"
 #include "app/RunTimeError.h"
+#include "base/Paths.h"
 #include "support/TemporaryFolder.h"
 
 namespace {
@@ -81,6 +82,42 @@ TEST_F(YearFilesTest, DeletingTakesEverySideFileThatBeginsWithTheName) {
     put(data / name);
   ASSERT_TRUE(app::deleteYear(*files, data.path(), "Verbrauch.kwd"));
   EXPECT_EQ(in(data.path()), (Names{"pauschale.dat", "Verbrauch2.kwd", "verbrauch_Wasser.dat"}));
+}
+
+TEST_F(YearFilesTest, OffersStayWhenAYearOfTheirNameGoes) {
+  for (const char* name : {"Tarife.kwd", "Tarife_Gas.dat", "T.kwd"}) put(data / name);
+  put(data / "Tarife.dat", "Angebote");
+  for (const char* year : {"Tarife.kwd", "T.kwd"})
+    ASSERT_TRUE(app::deleteYear(*files, data.path(), year));
+  EXPECT_EQ(in(data.path()), Names{"Tarife.dat"});
+  put(programs / "Vorlverbr8.kwx", "leer");
+  put(data / "Tarife.kwd");
+  ASSERT_TRUE(app::createYear(*files, paths, data / "Tarife.kwd"));
+  EXPECT_EQ(get(data / "Tarife.dat"), "Angebote");
+}
+
+TEST_F(YearFilesTest, TheReadingBookGoesWithItsYear) {
+  put(data / "Haus.kwd", "Jahr");
+  put(data / "Haus_Ablesungen.dat", "Buch");
+  put(data / "Garten_Ablesungen.dat", "fremd");
+  const auto saved = app::backupNames(*files, data.path());
+  ASSERT_TRUE(saved);
+  ASSERT_TRUE(app::copyFiles(*files, data.path(), stick.path(), *saved));
+  EXPECT_EQ(get(stick / "Haus_Ablesungen.dat"), "Buch");
+  const base::FixedClock clock{std::chrono::year(2025) / 1 / 1};
+  app::SafetyCopies copies(*files, data.path(), clock);
+  const auto kept = app::keepBeforeDeleting(*files, copies, data.path(), "Haus.kwd");
+  ASSERT_TRUE(kept);
+  EXPECT_EQ(get(base::withSeparator(*kept) + "Haus_Ablesungen.dat"), "Buch");
+  ASSERT_TRUE(app::deleteYear(*files, data.path(), "Haus.kwd"));
+  EXPECT_EQ(get(data / "Haus_Ablesungen.dat"), "-");
+  EXPECT_EQ(get(data / "Garten_Ablesungen.dat"), "fremd");
+  const Names sides = app::sideFilesOf("Haus.kwd", in(stick.path()));
+  ASSERT_TRUE(app::restore(*files, stick.path(), data.path(), "Haus.kwd", sides));
+  EXPECT_EQ(get(data / "Haus_Ablesungen.dat"), "Buch");
+  put(programs / "Vorlverbr8.kwx", "leer");
+  ASSERT_TRUE(app::createYear(*files, paths, data / "Haus.kwd"));
+  EXPECT_EQ(get(data / "Haus_Ablesungen.dat"), "-") << "it is not the new year's";
 }
 
 TEST_F(YearFilesTest, NamesWithoutABaseHaveNoSideFiles) {
