@@ -39,4 +39,11 @@ void ProgramStyle::drawPrimitive(PrimitiveElement element, const QStyleOption* o
   painter->restore();
 }
 
+int ProgramStyle::pixelMetric(PixelMetric metric, const QStyleOption* option,
+                              const QWidget* widget) const {
+  constexpr int kHeaderMargin = 6;
+  return metric == PM_HeaderMargin ? kHeaderMargin
+                                   : QProxyStyle::pixelMetric(metric, option, widget);
+}
+
 }  // namespace widgets

@@ -16,6 +16,9 @@ class ProgramStyle final : public QProxyStyle {
                      const QWidget* widget) const override;
   void drawPrimitive(PrimitiveElement element, const QStyleOption* option, QPainter* painter,
                      const QWidget* widget) const override;
+  // Heads of tables stand as far from the line between columns as the cells do.
+  int pixelMetric(PixelMetric metric, const QStyleOption* option,
+                  const QWidget* widget) const override;
 };
 
 }  // namespace widgets

@@ -4,10 +4,8 @@
 #include <QClipboard>
 #include <QHBoxLayout>
 #include <QHeaderView>
-#include <QIcon>
 #include <QLabel>
 #include <QMimeData>
-#include <QPainter>
 #include <QPrinter>
 #include <QScreen>
 #include <QStyledItemDelegate>
@@ -165,26 +163,6 @@ void fitColumns(QTreeWidget* tree) {
     tree->resizeColumnToContents(column);
     tree->setColumnWidth(column, tree->columnWidth(column) + kApart);
   }
-}
-
-QIcon meterMark(const QPalette& palette, QColor color) {
-  constexpr int kRoom = 16, kMark = 10;
-  QIcon icon;
-  for (const int scale : {1, 2}) {
-    for (const QIcon::Mode mode : {QIcon::Normal, QIcon::Selected}) {
-      QPixmap picture(kRoom * scale, kRoom * scale);
-      picture.setDevicePixelRatio(scale);
-      picture.fill(Qt::transparent);
-      QPainter painter(&picture);
-      painter.setRenderHint(QPainter::Antialiasing);
-      painter.setBrush(color);
-      painter.setPen(mode == QIcon::Selected ? QPen(palette.color(QPalette::HighlightedText), 1.4)
-                                             : QPen(Qt::NoPen));
-      painter.drawRoundedRect(QRectF(3, 3, kMark, kMark), 2, 2);
-      icon.addPixmap(picture, mode);
-    }
-  }
-  return icon;
 }
 
 void makeQuiet(QLabel* label) {

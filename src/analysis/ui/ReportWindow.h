@@ -3,6 +3,7 @@
 #include "dialogs/Window.h"
 #include "reports/Grid.h"
 #include "reports/ui/PrintActions.h"
+#include "widgets/ColorMark.h"
 #include "widgets/control.h"
 
 class QBoxLayout;
@@ -54,8 +55,6 @@ void showHeadings(QTreeWidget* tree, const reports::Grid& grid);
 void showRow(QTreeWidgetItem* item, const reports::Grid& grid, int row);
 // Columns as wide as their content.
 void fitColumns(QTreeWidget* tree);
-// The meter's colour as a small mark.
-QIcon meterMark(const QPalette& palette, QColor color);
 // The darkest grey that is still quiet beside the text.
 void makeQuiet(QLabel* label);
 

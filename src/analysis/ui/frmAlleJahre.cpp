@@ -101,7 +101,7 @@ QWidget* frmAlleJahre::buildSegments() {
     for (const auto& year : figures_) used |= year.meters[meter].months > 0;
     if (used)
       add(static_cast<int>(meter) + 1, text(std::string(analysis::spokenName(meter))),
-          analysis::meterMark(palette(), charts::toQColor(theme.color(analysis::hueOf(meter)))));
+          widgets::colorMark(palette(), charts::toQColor(theme.color(analysis::hueOf(meter)))));
   }
   grpZaehler->button(0)->setChecked(true);
   layout->addStretch();
@@ -172,7 +172,7 @@ void frmAlleJahre::fill(int segment) {
       analysis::showRow(item, grid, row);
       if (!group) showName(item, text(grid.text(1, 0)), *year.year);
       item->setIcon(
-          0, analysis::meterMark(palette(), charts::toQColor(theme.color(analysis::hueOf(meter)))));
+          0, widgets::colorMark(palette(), charts::toQColor(theme.color(analysis::hueOf(meter)))));
       item->setData(0, kYearRole, i);
       item->setData(0, kMeterRole, index);
       // Meters keep their order below their year.

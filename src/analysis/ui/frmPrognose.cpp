@@ -169,7 +169,7 @@ void frmPrognose::fillTable() {
     analysis::showRow(item, grid, row++);
     item->setData(0, Qt::UserRole, static_cast<int>(meter));
     item->setIcon(
-        0, analysis::meterMark(palette(), charts::toQColor(theme.color(analysis::hueOf(meter)))));
+        0, widgets::colorMark(palette(), charts::toQColor(theme.color(analysis::hueOf(meter)))));
   }
   auto* sum = new QTreeWidgetItem(lstZaehler);
   analysis::showRow(sum, grid, grid.rows() - 1);

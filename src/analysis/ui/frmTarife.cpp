@@ -64,7 +64,7 @@ QWidget* frmTarife::buildHead() {
   for (const Energy energy : analysis::kEnergies) {
     auto* button = segment(grpEnergie, static_cast<int>(energy), u"optEnergie"_s,
                            text(std::string(nameOf(energy))), row);
-    button->setIcon(analysis::meterMark(
+    button->setIcon(widgets::colorMark(
         palette(), charts::toQColor(theme.color(analysis::hueOf(meterOf(energy))))));
   }
   grpEnergie->button(0)->setChecked(true);
@@ -208,8 +208,8 @@ void frmTarife::showTable() {
   };
   const charts::Theme theme = charts::themeOf(palette());
   add(-1)->setIcon(
-      0, analysis::meterMark(palette(),
-                             charts::toQColor(theme.color(analysis::hueOf(meterOf(energy_))))));
+      0, widgets::colorMark(palette(),
+                            charts::toQColor(theme.color(analysis::hueOf(meterOf(energy_))))));
   for (std::size_t i = 0; i < file_.offers.size(); ++i) {
     if (file_.offers[i].energy != energy_) continue;
     QTreeWidgetItem* item = add(static_cast<int>(i));
