@@ -75,9 +75,19 @@ class Planner {
     }
     if (calendarYear_) fromBook(meter, last);
     if (found && last < kMonths - 1 && !finished_[meter])
-      plan_.notes.push_back((last >= 0 ? monthOf(meter, last) + " ist der letzte Stand"
-                                       : std::string("Noch kein Monat ist abgelesen")) +
-                            " (" + std::string(factsOf(meter).name) + ").");
+      note(last >= 0 ? monthOf(meter, last) + " ist der letzte Stand"
+                     : std::string("Noch kein Monat ist abgelesen"),
+           std::string(factsOf(meter).name));
+  }
+
+  // Meters of which the same is to be said share a sentence.
+  void note(const std::string& what, const std::string& meter) {
+    for (std::string& known : plan_.notes)
+      if (known.starts_with(what)) {
+        known.insert(known.size() - 2, ", " + meter);
+        return;
+      }
+    plan_.notes.push_back(what + " (" + meter + ").");
   }
 
   // What the book knows of the year's last day counts where the last month has no reading; what
@@ -118,7 +128,8 @@ class Planner {
 
   void advances(Utility utility) {
     const yearbook::FieldValues& values = year_.values();
-    plan_.lastAdvances[utility] = unlessZero(values.advances[utility][kMonths - 1]);
+    auto& last = plan_.lastAdvances[utility];
+    for (int k = kMonths - 1; k >= 0 && !last; --k) last = unlessZero(values.advances[utility][k]);
     const Meter meter = factsOf(utility).mainMeter;
     const bool whole =
         orZero(year_.rows().of(meter).number(kMonths - 1, *factsOf(meter).reading)) > 0;

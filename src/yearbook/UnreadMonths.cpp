@@ -20,6 +20,9 @@ bool isRead(const Rows& rows, const FieldValues& values, int month) {
 }
 
 std::string sentence(const std::vector<std::string>& months) {
+  constexpr std::size_t kMostNamed = 3;
+  if (months.size() > kMostNamed)
+    return months.front() + " bis " + months.back() + " sind noch nicht abgelesen.";
   std::string text;
   for (std::size_t i = 0; i < months.size(); ++i)
     text += (i == 0 ? "" : i + 1 == months.size() ? " und " : ", ") + months[i];

@@ -47,8 +47,7 @@ TEST_F(Reminders, AYearOfMonthsInAnotherOrderHasItsOwnEnd) {
     ASSERT_TRUE((*session)->shiftStartMonth(utility, 7));
   session->reset();  // the file is locked while it is open
   endAt("Verbrauch2025.kwd", 3);
-  EXPECT_EQ(at(year(2026) / 2 / 1),
-            "Verbrauch2025: Oktober, November, Dezember und Januar sind noch nicht abgelesen.");
+  EXPECT_EQ(at(year(2026) / 2 / 1), "Verbrauch2025: Oktober bis Januar sind noch nicht abgelesen.");
 }
 
 TEST_F(Reminders, ContractsAreDueFromTwoMonthsBeforeToAMonthAfter) {

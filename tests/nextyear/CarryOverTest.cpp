@@ -109,7 +109,9 @@ TEST_F(CarryOver, AYearThatIsNotFinishedSaysSo) {
   Plan plan = planOf(*last);
   EXPECT_EQ(plan.startReadings[Meter::Gas]->value, 11141);
   EXPECT_EQ(plan.startReadings[Meter::Day]->source, "Stand Oktober");
-  EXPECT_THAT(plan.notes, testing::Contains("Oktober ist der letzte Stand (Gas)."));
+  EXPECT_THAT(plan.notes,
+              testing::ElementsAre(
+                  "Oktober ist der letzte Stand (Strom, Nachtstrom, Wasser, Abwasser, Gas)."));
   EXPECT_FALSE(plan.hasFittingAdvances());
   EXPECT_EQ(plan.advance(Utility::Gas, Advances::AsConsumed), Money::fromTenThousandths(1420000));
   // The last reading is that of the month in which the meter was changed.
@@ -135,9 +137,8 @@ TEST_F(CarryOver, WhatTheBookHoldsOfTheYearsEndGoesAlong) {
   EXPECT_EQ(plan.startReadings[Meter::Gas]->source, "Ablesebuch, 31.12.2025");
   EXPECT_EQ(plan.startReadings[Meter::Day]->value, 3);
   EXPECT_EQ(plan.startReadings[Meter::Water]->value, 553);
-  EXPECT_THAT(plan.notes, testing::ElementsAre("November ist der letzte Stand (Nachtstrom).",
-                                               "November ist der letzte Stand (Wasser).",
-                                               "November ist der letzte Stand (Abwasser)."));
+  EXPECT_THAT(plan.notes, testing::ElementsAre(
+                              "November ist der letzte Stand (Nachtstrom, Wasser, Abwasser)."));
   const auto next = open("Verbrauch.kwd");
   ASSERT_TRUE(carryOver(*next, plan, {}));
   EXPECT_EQ(disk.get("/daten/Verbrauch_Ablesungen.dat"), base::Bytes([] {
