@@ -4,7 +4,9 @@
 #include <QHeaderView>
 
 #include "base/Paths.h"
+#include "readings/ui/MeterLook.h"
 #include "widgets/Rule.h"
+#include "widgets/Tones.h"
 
 using namespace Qt::Literals::StringLiterals;
 using nextyear::Group;
@@ -47,7 +49,7 @@ void frmFortfuehren::setTexts() {
   trvAngaben->setHeaderLabels({u"Angabe"_s, from, to, u"Einheit"_s, u"Woher"_s});
   lblAbschlaege->setText(u"Abschläge:"_s);
   optWieZuletzt->setText(u"wie &zuletzt"_s);
-  optPassend->setText(u"&passend zum Verbrauch "_s + from);
+  optPassend->setText(u"&passend zum Verbrauch in "_s + QString(from).replace(u'&', u"&&"_s));
   optPassend->setEnabled(plan_.hasFittingAdvances());
   (optPassend->isEnabled() ? optPassend : optWieZuletzt)->setChecked(true);
   QStringList notes;
@@ -66,6 +68,7 @@ void frmFortfuehren::setTexts() {
 }
 
 void frmFortfuehren::arrange() {
+  readings::giveRoom(trvAngaben);
   trvAngaben->header()->setSectionResizeMode(QHeaderView::ResizeToContents);
   trvAngaben->header()->setStretchLastSection(true);
   for (const int column : {kFrom, kTo})
@@ -103,22 +106,36 @@ void frmFortfuehren::showLines() {
     head->setFlags(head->flags() | Qt::ItemIsUserCheckable);
     head->setCheckState(kWhat, shown_.has(group) ? Qt::Checked : Qt::Unchecked);
   }
-  for (const nextyear::Line& line : preview(plan_, shown_.advances)) {
-    auto* item = new QTreeWidgetItem(heads[static_cast<std::size_t>(line.group)]);
-    const std::string* texts[kColumns] = {&line.name, &line.from, &line.to, &line.unit,
-                                          &line.source};
-    for (int column = 0; column < kColumns; ++column) item->setText(column, utf8(*texts[column]));
-    for (const int column : {kFrom, kTo})
-      item->setTextAlignment(column, Qt::AlignRight | Qt::AlignVCenter);
-    QFont bold = trvAngaben->font();
-    bold.setBold(true);
-    item->setFont(kTo, bold);
-  }
+  for (const nextyear::Line& line : preview(plan_, shown_.advances))
+    showLine(heads[static_cast<std::size_t>(line.group)], line);
   for (const Group group : nextyear::kGroups) {
     QTreeWidgetItem* head = heads[static_cast<std::size_t>(group)];
     head->setExpanded(group < Group::FeesAndTaxes);
     head->setHidden(head->childCount() == 0);
+    const int count = head->childCount();
+    head->setText(kSource, group == Group::Prices ? u"für alle zwölf Monate"_s
+                           : head->isExpanded()   ? QString()
+                           : count == 1           ? u"1 Angabe"_s
+                                                  : u"%1 Angaben"_s.arg(count));
+    makeQuiet(head, kSource);
   }
+}
+
+void frmFortfuehren::makeQuiet(QTreeWidgetItem* item, int column) {
+  item->setForeground(column, widgets::toneOf(widgets::Tone::Quiet, trvAngaben->palette()));
+}
+
+void frmFortfuehren::showLine(QTreeWidgetItem* head, const nextyear::Line& line) {
+  auto* item = new QTreeWidgetItem(head);
+  const std::string* texts[kColumns] = {&line.name, &line.from, &line.to, &line.unit, &line.source};
+  for (int column = 0; column < kColumns; ++column) item->setText(column, utf8(*texts[column]));
+  for (const int column : {kFrom, kTo})
+    item->setTextAlignment(column, Qt::AlignRight | Qt::AlignVCenter);
+  for (const int column : {kFrom, kUnit, kSource}) makeQuiet(item, column);
+  if (line.meter) item->setIcon(kWhat, readings::markOf(*line.meter, palette()));
+  QFont bold = trvAngaben->font();
+  bold.setBold(true);
+  item->setFont(kTo, bold);
 }
 
 nextyear::Choice frmFortfuehren::choice() const {

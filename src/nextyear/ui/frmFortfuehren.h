@@ -32,6 +32,8 @@ class frmFortfuehren final : public readings::EntryWindow {
   void setTexts();
   void arrange();
   void showLines();
+  void showLine(QTreeWidgetItem* head, const nextyear::Line& line);
+  void makeQuiet(QTreeWidgetItem* item, int column);
   nextyear::Choice choice() const;
   void takeOver();
 

@@ -2,14 +2,16 @@
 
 #include <QGridLayout>
 #include <QHeaderView>
+#include <QStackedLayout>
 #include <algorithm>
 
 #include "base/DateText.h"
 #include "base/GermanNumber.h"
 #include "base/Paths.h"
 #include "readingbook/ui/frmTabelleEinlesen.h"
-#include "readings/ui/MeterRow.h"
+#include "readings/ui/MeterLook.h"
 #include "widgets/Rule.h"
+#include "widgets/Tones.h"
 
 using namespace Qt::Literals::StringLiterals;
 using readingbook::Entry;
@@ -22,7 +24,6 @@ namespace {
 
 enum EntryColumn { kDay, kReading, kSince, kRemark, kEntryColumns };
 enum MonthColumn { kMonth, kStored, kFromBook, kDifference, kMonthColumns };
-constexpr auto kRight = Qt::AlignRight | Qt::AlignVCenter;
 
 QString reading(readingbook::Thousandths value) {
   return QString::fromStdString(readingbook::formatReading(value));
@@ -36,21 +37,6 @@ QTableWidgetItem* cell(const QString& text, Qt::Alignment alignment = Qt::AlignL
   item->setTextAlignment(alignment | Qt::AlignVCenter);
   item->setFlags(Qt::ItemIsEnabled | Qt::ItemIsSelectable);
   return item;
-}
-
-void dress(QTableWidget* table, const QStringList& heads) {
-  table->setColumnCount(static_cast<int>(heads.size()));
-  table->setHorizontalHeaderLabels(heads);
-  table->verticalHeader()->hide();
-  table->setShowGrid(false);
-  table->setTabKeyNavigation(false);
-  table->setSelectionBehavior(QAbstractItemView::SelectRows);
-  table->setSelectionMode(QAbstractItemView::SingleSelection);
-  table->verticalHeader()->setDefaultSectionSize(table->fontMetrics().height() + 8);
-  table->horizontalHeader()->setHighlightSections(false);
-  table->horizontalHeaderItem(0)->setTextAlignment(Qt::AlignLeft | Qt::AlignVCenter);
-  for (int column = 1; column < heads.size(); ++column)
-    table->horizontalHeaderItem(column)->setTextAlignment(kRight);
 }
 
 QLabel* headLine(QLabel* label) {
@@ -94,7 +80,7 @@ void frmAblesebuch::setTexts() {
   txtStand->setAccessibleName(u"Stand"_s);
   txtNeuerAnfang->setAccessibleName(u"Anfangsstand des neuen Zählers"_s);
   txtAnmerkung->setAccessibleName(u"Anmerkung"_s);
-  lblFehler->setMark(MarkedLabel::Mark::Doubt);
+  lblFehler->setMark(MarkedLabel::Mark::Error);
   lblFehler->setWordWrap(true);
   lblVerteilung->setMark(MarkedLabel::Mark::Quiet);
   lblVerteilung->setWordWrap(true);
@@ -111,6 +97,8 @@ void frmAblesebuch::arrange() {
     QToolButton* button = optZaehler(i);
     const QString name = readings::spokenName(yearbook::kMeters[static_cast<std::size_t>(i)]);
     button->setText(name);
+    button->setIcon(readings::markOf(yearbook::kMeters[static_cast<std::size_t>(i)], palette()));
+    button->setToolButtonStyle(Qt::ToolButtonTextBesideIcon);
     button->setAccessibleName(name);
     button->setToolTip(u"Ablesungen "_s + name);
     button->setCheckable(true);
@@ -145,8 +133,8 @@ void frmAblesebuch::arrange() {
 
 QVBoxLayout* frmAblesebuch::arrangeEntries() {
   constexpr int kDigits = 11;
-  dress(grdAblesungen, {u"Datum"_s, u"Stand"_s, u"seit der letzten"_s, u"Anmerkung"_s});
-  grdAblesungen->horizontalHeaderItem(kRemark)->setTextAlignment(Qt::AlignLeft | Qt::AlignVCenter);
+  readings::dressTable(grdAblesungen,
+                       {u"Datum"_s, u"Stand"_s, u"seit der letzten"_s, u"Anmerkung"_s}, {kRemark});
   grdAblesungen->horizontalHeader()->setStretchLastSection(true);
   for (widgets::NumberField* field : {txtStand, txtNeuerAnfang}) {
     field->setDecimals(0, 3);
@@ -171,26 +159,51 @@ QVBoxLayout* frmAblesebuch::arrangeEntries() {
   entry->addWidget(lblNeuerAnfang, 1, 0);
   entry->addWidget(txtNeuerAnfang, 1, 1, 1, 3, Qt::AlignLeft);
   entry->addWidget(labelled(u"An&merkung"_s, txtAnmerkung), 2, 0);
-  entry->addWidget(txtAnmerkung, 2, 1);
-  entry->addWidget(cmdEintragen, 2, 2);
-  entry->addWidget(cmdLoeschen, 2, 3);
+  entry->addWidget(txtAnmerkung, 2, 1, 1, 2);
+  entry->addWidget(cmdEintragen, 2, 3);
   lblFehler->setMinimumHeight(2 * fontMetrics().height());
   auto* side = new QVBoxLayout;
   side->setSpacing(8);
-  side->addWidget(headLine(lblAblesungen));
-  side->addWidget(grdAblesungen, 1);
+  auto* head = new QHBoxLayout;
+  head->addWidget(headLine(lblAblesungen), 1);
+  head->addWidget(cmdLoeschen);
+  side->addLayout(head);
+  auto* area = new QWidget(this);
+  pages_ = new QStackedLayout(area);
+  pages_->addWidget(grdAblesungen);
+  pages_->addWidget(makeEmptyPage());
+  side->addWidget(area, 1);
   side->addLayout(entry);
   side->addWidget(lblFehler);
   return side;
 }
 
+// In the place of an empty table.
+QWidget* frmAblesebuch::makeEmptyPage() {
+  auto* page = new QWidget(this);
+  auto* text = new MarkedLabel(page);
+  text->setText(u"Noch keine Ablesung."_s);
+  text->setMark(MarkedLabel::Mark::Quiet);
+  cmdErste->setText(u"E&rste Ablesung eintragen"_s);
+  cmdErste->setToolTip(u"Zum Datum"_s);
+  auto* column = new QVBoxLayout(page);
+  column->addStretch();
+  column->addWidget(text, 0, Qt::AlignHCenter);
+  column->addWidget(cmdErste, 0, Qt::AlignHCenter);
+  column->addStretch();
+  return page;
+}
+
 QVBoxLayout* frmAblesebuch::arrangeMonths() {
-  dress(grdMonate, {u"Monat"_s, u"gespeichert"_s, u"aus dem Buch"_s, u"Unterschied"_s});
+  readings::dressTable(grdMonate,
+                       {u"Monat"_s, u"gespeichert"_s, u"aus dem Buch"_s, u"Unterschied"_s});
   grdMonate->horizontalHeader()->setSectionResizeMode(QHeaderView::ResizeToContents);
   grdMonate->horizontalHeader()->setStretchLastSection(true);
   auto* side = new QVBoxLayout;
   side->setSpacing(8);
-  side->addWidget(headLine(new QLabel(u"Monatsstände daraus"_s, this)));
+  QLabel* head = headLine(new QLabel(u"Monatsstände daraus"_s, this));
+  head->setMinimumHeight(cmdLoeschen->sizeHint().height());  // in line with the other side
+  side->addWidget(head);
   side->addWidget(grdMonate, 1);
   side->addWidget(lblVerteilung);
   return side;
@@ -207,6 +220,7 @@ void frmAblesebuch::connectControls() {
   txtNeuerAnfang->hide();
   QWidget* order[] = {txtDatum, txtStand, chkWechsel, txtNeuerAnfang, txtAnmerkung, cmdEintragen};
   for (std::size_t i = 1; i < std::size(order); ++i) setTabOrder(order[i - 1], order[i]);
+  connect(cmdErste, &QPushButton::clicked, this, [this] { txtDatum->setFocus(); });
   connect(cmdEintragen, &QPushButton::clicked, this, &frmAblesebuch::enter);
   connect(cmdLoeschen, &QPushButton::clicked, this, &frmAblesebuch::removeSelected);
   connect(cmdTabelle, &QPushButton::clicked, this, &frmAblesebuch::readTable);
@@ -232,22 +246,34 @@ std::optional<int> frmAblesebuch::calendarYear(std::optional<base::Date> typed) 
 
 void frmAblesebuch::load() {
   auto book = readingbook::readBook(session_);
-  if (book)
-    book_ = std::move(*book);
-  else
-    told(base::Failure(book.error()));
+  // What cannot be read must not be replaced by what is typed now.
+  for (QWidget* entry :
+       std::initializer_list<QWidget*>{txtDatum, txtStand, chkWechsel, txtNeuerAnfang, txtAnmerkung,
+                                       cmdEintragen, cmdErste, cmdTabelle})
+    entry->setEnabled(book.has_value());
+  if (!book) return showProblem(utf8(base::germanMessage(book.error())));
+  book_ = std::move(*book);
+  if (book_.kept().empty()) return showProblem({});
+  const auto kept = book_.kept().size();
+  const QString reason = utf8(book_.kept().front().reason);
   showProblem(
-      book_.kept().empty()
-          ? QString()
-          : u"%1 Zeilen der Datei zählen nicht mit; sie bleiben darin stehen. Die erste: %2"_s
-                .arg(book_.kept().size())
-                .arg(utf8(book_.kept().front().reason)));
+      kept == 1 ? u"Eine Zeile der Datei zählt nicht mit; sie bleibt darin stehen: %1"_s.arg(reason)
+                : u"%1 Zeilen der Datei zählen nicht mit; sie bleiben darin stehen. Die erste: %2"_s
+                      .arg(kept)
+                      .arg(reason));
 }
 
 void frmAblesebuch::showMeter() {
   const QString name = readings::spokenName(meter());
+  const QString unit = utf8(factsOf(meter()).unit);
   lblAblesungen->setText(u"Ablesungen "_s + name);
-  lblEinheit->setText(utf8(factsOf(meter()).unit));
+  lblEinheit->setText(unit);
+  grdAblesungen->horizontalHeaderItem(kReading)->setText(u"Stand "_s + unit);
+  for (int i = 0; i < optZaehler.size(); ++i) {
+    QFont font = optZaehler(i)->font();
+    font.setBold(optZaehler(i)->isChecked());
+    optZaehler(i)->setFont(font);
+  }
   showEntries();
   showMonths();
 }
@@ -270,9 +296,11 @@ void frmAblesebuch::showEntries() {
     if (entry.newStart)
       remark = u"Zählerwechsel, neuer Anfang %1. "_s.arg(reading(*entry.newStart)) + remark;
     grdAblesungen->setItem(line, kRemark, cell(remark));
+    grdAblesungen->item(line, kRemark)->setToolTip(remark);
   }
-  grdAblesungen->resizeColumnsToContents();
+  for (const int column : {kDay, kReading, kSince}) grdAblesungen->resizeColumnToContents(column);
   grdAblesungen->scrollToBottom();
+  pages_->setCurrentIndex(entries.empty() ? 1 : 0);
   cmdLoeschen->setEnabled(false);
 }
 
@@ -324,6 +352,10 @@ void frmAblesebuch::addMonthLine(int line, const QString& name,
     difference = (by > 0 ? u"+"_s : QString()) + units(by);
   }
   grdMonate->setItem(line, kDifference, cell(difference, Qt::AlignRight));
+  if (planned.differs()) return;
+  for (int column = 0; column < kMonthColumns; ++column)
+    grdMonate->item(line, column)
+        ->setForeground(widgets::toneOf(widgets::Tone::Quiet, grdMonate->palette()));
 }
 
 // With another meter change the months go together.

@@ -11,6 +11,7 @@
 #include "widgets/DateField.h"
 #include "widgets/control.h"
 
+class QStackedLayout;
 class QVBoxLayout;
 
 // The reading book of the open year: dated readings of a meter on the left, what the months get
@@ -33,6 +34,8 @@ class frmAblesebuch final : public readings::EntryWindow {
       widgets::control<widgets::NumberField>(this, "txtNeuerAnfang");
   widgets::EntryField* const txtAnmerkung =
       widgets::control<widgets::EntryField>(this, "txtAnmerkung");
+  // In the place of the table while the meter has no reading.
+  QPushButton* const cmdErste = widgets::control<QPushButton>(this, "cmdErste");
   QPushButton* const cmdEintragen = widgets::control<QPushButton>(this, "cmdEintragen");
   QPushButton* const cmdLoeschen = widgets::control<QPushButton>(this, "cmdLoeschen");
   readings::MarkedLabel* const lblFehler =
@@ -52,6 +55,7 @@ class frmAblesebuch final : public readings::EntryWindow {
   void setTexts();
   void arrange();
   QVBoxLayout* arrangeEntries();
+  QWidget* makeEmptyPage();
   QVBoxLayout* arrangeMonths();
   void connectControls();
 
@@ -75,4 +79,5 @@ class frmAblesebuch final : public readings::EntryWindow {
   readingbook::ReadingBook book_;
   readingbook::MonthsPlan plan_;
   bool filling_ = false;
+  QStackedLayout* pages_ = nullptr;
 };

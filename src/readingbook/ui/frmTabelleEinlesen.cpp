@@ -5,8 +5,10 @@
 #include <algorithm>
 
 #include "base/DateText.h"
-#include "readings/ui/MeterRow.h"
+#include "base/Paths.h"
+#include "readings/ui/MeterLook.h"
 #include "widgets/Rule.h"
+#include "widgets/Tones.h"
 
 using namespace Qt::Literals::StringLiterals;
 using readingbook::TableColumns;
@@ -17,6 +19,8 @@ namespace {
 
 constexpr std::uint64_t kLargestTable = 64 << 20;
 constexpr int kShownLines = 500;
+constexpr int kBoxLetters = 12;
+enum Column { kLine, kDay, kMeter, kReading, kNote };
 
 }  // namespace
 
@@ -27,6 +31,7 @@ frmTabelleEinlesen::frmTabelleEinlesen(const dialogs::Services& services,
   connect(cboDatum, &QComboBox::activated, this, &frmTabelleEinlesen::showPreview);
   for (QComboBox* box : cboZaehler)
     connect(box, &QComboBox::activated, this, &frmTabelleEinlesen::showPreview);
+  connect(cmdHilfe, &QPushButton::clicked, this, [this] { showHelp(); });
   connect(cmdUebernehmen, &QPushButton::clicked, this, &QDialog::accept);
 }
 
@@ -36,36 +41,47 @@ void frmTabelleEinlesen::arrange() {
   const auto add = [&](int place, const QString& name, QComboBox* box) {
     auto* label = new QLabel(name, this);
     label->setBuddy(box);
+    box->setMinimumContentsLength(kBoxLetters);
     box->setAccessibleName(u"Spalte "_s + QString(name).remove(u'&'));
     box->setToolTip(box->accessibleName());
-    box->setSizeAdjustPolicy(QComboBox::AdjustToContents);
+    box->setSizeAdjustPolicy(QComboBox::AdjustToMinimumContentsLengthWithIcon);
+    choice->setColumnStretch(2 * (place % 3) + 1, 1);
     choice->addWidget(label, place / 3, 2 * (place % 3));
     choice->addWidget(box, place / 3, 2 * (place % 3) + 1);
   };
   add(0, u"&Datum"_s, cboDatum);
   for (int i = 0; i < cboZaehler.size(); ++i)
     add(i + 1, readings::spokenName(yearbook::kMeters[static_cast<std::size_t>(i)]), cboZaehler(i));
-  grdVorschau->setColumnCount(5);
-  grdVorschau->setHorizontalHeaderLabels(
-      {u"Zeile"_s, u"Datum"_s, u"Zähler"_s, u"Stand"_s, u"Hinweis"_s});
-  grdVorschau->verticalHeader()->hide();
-  grdVorschau->setShowGrid(false);
-  grdVorschau->setTabKeyNavigation(false);
-  grdVorschau->setEditTriggers(QAbstractItemView::NoEditTriggers);
+  readings::dressTable(grdVorschau, {u"Zeile"_s, u"Datum"_s, u"Zähler"_s, u"Stand"_s, u"Hinweis"_s},
+                       {kDay, kMeter, kNote});
   grdVorschau->horizontalHeader()->setStretchLastSection(true);
   grdVorschau->setAccessibleName(u"Vorschau"_s);
   cmdUebernehmen->setText(u"Ü&bernehmen"_s);
   cmdUebernehmen->setToolTip(u"Die Ablesungen in das Ablesebuch eintragen"_s);
   cmdUebernehmen->setDefault(true);
   makeCloseButton(cmdSchliessen);
+  cmdHilfe->setText(u"&Hilfe"_s);
+  QFont big = lblDatei->font();
+  big.setBold(true);
+  big.setPointSizeF(big.pointSizeF() * 1.25);
+  lblDatei->setFont(big);
+  lblDatei->setTextFormat(Qt::PlainText);
+  lblWas->setText(
+      u"Zu jedem Zähler die Spalte seiner Stände wählen. Gespeichert wird erst mit "
+      u"Übernehmen, und bei einem Fehler nichts."_s);
+  lblWas->setMark(MarkedLabel::Mark::Quiet);
+  lblWas->setWordWrap(true);
+  lblErgebnis->setWordWrap(true);
   auto* window = new QVBoxLayout(this);
   window->setContentsMargins(16, 12, 16, 12);
   window->setSpacing(8);
+  window->addWidget(lblDatei);
+  window->addWidget(lblWas);
   window->addLayout(choice);
   window->addWidget(grdVorschau, 1);
   window->addWidget(lblErgebnis);
   window->addWidget(widgets::makeRule(this));
-  window->addLayout(readings::buttonRow({}, {cmdUebernehmen, cmdSchliessen}));
+  window->addLayout(readings::buttonRow({cmdHilfe}, {cmdUebernehmen, cmdSchliessen}));
   tameButtons();
   resize(720, 440);
 }
@@ -81,6 +97,7 @@ bool frmTabelleEinlesen::chooseFile() {
                            dialogs::Icon::Warning);
     return false;
   }
+  lblDatei->setText(utf8(base::fileName(path.toStdString())));
   rows_ = readingbook::readTable(*bytes);
   columns_ = readingbook::guessColumns(rows_, path.toStdString());
   offerColumns();
@@ -116,39 +133,65 @@ void frmTabelleEinlesen::showPreview() {
         cboZaehler(i)->currentIndex() - 1;
   const auto table = readingsOf(rows_, columns_);
   import_ = {};
-  if (auto import = readingbook::previewImport(session_, table)) import_ = std::move(*import);
+  if (auto import = readingbook::previewImport(session_, table))
+    import_ = std::move(*import);
+  else
+    import_.problems = {{0, base::germanReason(import.error())}};
+  if (!columns_.anyMeter()) import_.problems.clear();  // nothing has been looked for yet
   grdVorschau->setRowCount(0);
-  const auto addLine = [this](const QStringList& texts) {
-    const int line = grdVorschau->rowCount();
-    grdVorschau->insertRow(line);
-    for (int column = 0; column < texts.size(); ++column)
-      grdVorschau->setItem(line, column, new QTableWidgetItem(texts[column]));
-  };
-  for (const auto& problem : import_.problems)
-    addLine({problem.line > 0 ? QString::number(problem.line) : QString(),
-             {},
-             {},
-             {},
-             u"✕ "_s + utf8(problem.reason)});
-  for (const auto& row : table.entries) {
+  for (const auto& problem : import_.problems) showProblem(problem);
+  for (const auto& entry : table.entries) {
     if (grdVorschau->rowCount() >= kShownLines) break;
-    const QString change = row.entry.newStart
-                               ? u"Zählerwechsel, neuer Anfang "_s +
-                                     utf8(readingbook::formatReading(*row.entry.newStart))
-                               : QString();
-    addLine({QString::number(row.line), utf8(base::formatDate(row.entry.date)),
-             readings::spokenName(row.meter), utf8(readingbook::formatReading(row.entry.reading)),
-             change});
+    showEntry(entry);
   }
-  grdVorschau->resizeColumnsToContents();
-  const bool sound = import_.problems.empty() && import_.added > 0;
-  cmdUebernehmen->setEnabled(sound);
-  QString text = u"%1 Ablesungen sind neu"_s.arg(import_.added);
+  for (const int column : {kLine, kDay, kMeter, kReading})
+    grdVorschau->resizeColumnToContents(column);
+  showOutcome();
+}
+
+int frmTabelleEinlesen::addLine(const QStringList& texts) {
+  const int line = grdVorschau->rowCount();
+  grdVorschau->insertRow(line);
+  for (int column = 0; column < texts.size(); ++column) {
+    auto* item = new QTableWidgetItem(texts[column]);
+    item->setTextAlignment(Qt::AlignVCenter |
+                           (column == kReading ? Qt::AlignRight : Qt::AlignLeft));
+    grdVorschau->setItem(line, column, item);
+  }
+  return line;
+}
+
+void frmTabelleEinlesen::showProblem(const readingbook::TableProblem& problem) {
+  const QString text = u"✕ "_s + utf8(problem.reason);
+  const int line =
+      addLine({problem.line > 0 ? QString::number(problem.line) : QString(), {}, {}, {}, text});
+  QTableWidgetItem* note = grdVorschau->item(line, kNote);
+  note->setForeground(widgets::toneOf(widgets::Tone::Error, grdVorschau->palette()));
+  note->setToolTip(text);
+}
+
+void frmTabelleEinlesen::showEntry(const readingbook::TableEntry& row) {
+  QString note = utf8(row.entry.remark);
+  if (row.entry.newStart)
+    note = u"Zählerwechsel, neuer Anfang %1. "_s.arg(
+               utf8(readingbook::formatReading(*row.entry.newStart))) +
+           note;
+  const int line = addLine({QString::number(row.line), utf8(base::formatDate(row.entry.date)),
+                            readings::spokenName(row.meter),
+                            utf8(readingbook::formatReading(row.entry.reading)), note});
+  grdVorschau->item(line, kMeter)->setIcon(readings::markOf(row.meter, palette()));
+}
+
+void frmTabelleEinlesen::showOutcome() {
+  const auto failed = import_.problems.size();
+  cmdUebernehmen->setEnabled(failed == 0 && import_.added > 0);
+  QString text =
+      import_.added == 1 ? u"1 Ablesung ist neu"_s : u"%1 Ablesungen sind neu"_s.arg(import_.added);
   if (import_.alreadyThere > 0) text += u", %1 stehen schon im Buch"_s.arg(import_.alreadyThere);
-  if (!import_.problems.empty())
-    text = u"%1 Zeilen können nicht übernommen werden; dann wird nichts übernommen"_s.arg(
-        import_.problems.size());
+  if (failed > 0)
+    text = (failed == 1 ? u"1 Fehler"_s : u"%1 Fehler"_s.arg(failed)) +
+           u", so wird nichts übernommen"_s;
+  if (!columns_.anyMeter()) text = u"Noch ist keinem Zähler eine Spalte zugeordnet"_s;
   lblErgebnis->setText(text + u'.');
-  lblErgebnis->setMark(import_.problems.empty() ? MarkedLabel::Mark::Quiet
-                                                : MarkedLabel::Mark::Doubt);
+  lblErgebnis->setMark(failed == 0 ? MarkedLabel::Mark::Quiet : MarkedLabel::Mark::Error);
 }

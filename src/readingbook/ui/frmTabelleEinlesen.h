@@ -21,11 +21,14 @@ class frmTabelleEinlesen final : public readings::EntryWindow {
   // With the table's readings.
   const readingbook::ReadingBook& book() const { return import_.book; }
 
+  QLabel* const lblDatei = widgets::control<QLabel>(this, "lblDatei");
+  readings::MarkedLabel* const lblWas = widgets::control<readings::MarkedLabel>(this, "lblWas");
   QComboBox* const cboDatum = widgets::control<QComboBox>(this, "cboDatum");
   const widgets::ControlArray<QComboBox, 5> cboZaehler{this, "cboZaehler"};
   QTableWidget* const grdVorschau = widgets::control<QTableWidget>(this, "grdVorschau");
   readings::MarkedLabel* const lblErgebnis =
       widgets::control<readings::MarkedLabel>(this, "lblErgebnis");
+  QPushButton* const cmdHilfe = widgets::control<QPushButton>(this, "cmdHilfe");
   QPushButton* const cmdUebernehmen = widgets::control<QPushButton>(this, "cmdUebernehmen");
   QPushButton* const cmdSchliessen = widgets::control<QPushButton>(this, "cmdSchliessen");
 
@@ -33,6 +36,10 @@ class frmTabelleEinlesen final : public readings::EntryWindow {
   void arrange();
   void offerColumns();
   void showPreview();
+  int addLine(const QStringList& texts);
+  void showProblem(const readingbook::TableProblem& problem);
+  void showEntry(const readingbook::TableEntry& row);
+  void showOutcome();
 
   std::vector<readingbook::TableRow> rows_;
   readingbook::TableColumns columns_;

@@ -3,14 +3,9 @@
 #include <QApplication>
 #include <QEvent>
 
+#include "widgets/Tones.h"
+
 namespace readings {
-namespace {
-
-bool isDark(const QPalette& palette) {
-  return palette.color(QPalette::Window).lightness() < 128;
-}
-
-}  // namespace
 
 void MarkedLabel::setMark(Mark mark) {
   if (mark == mark_) return;
@@ -26,19 +21,24 @@ void MarkedLabel::changeEvent(QEvent* event) {
 void MarkedLabel::applyColor() {
   const QPalette ground = QApplication::palette(this);
   QPalette palette = ground;
+  const auto color = [&](widgets::Tone tone) {
+    palette.setColor(QPalette::WindowText, widgets::toneOf(tone, ground));
+  };
   switch (mark_) {
     case Mark::None:
       break;
     case Mark::Current:
       palette.setColor(QPalette::WindowText,
-                       isDark(ground) ? QColor(0x7A, 0xB4, 0xFF) : QColor(0, 0, 0xFF));
+                       widgets::isDark(ground) ? QColor(0x7A, 0xB4, 0xFF) : QColor(0, 0, 0xFF));
       break;
     case Mark::Doubt:
-      palette.setColor(QPalette::WindowText,
-                       isDark(ground) ? QColor(0xFF, 0xB3, 0x66) : QColor(0xA8, 0x3C, 0x00));
+      color(widgets::Tone::Doubt);
+      break;
+    case Mark::Error:
+      color(widgets::Tone::Error);
       break;
     case Mark::Quiet:
-      palette.setColor(QPalette::WindowText, ground.color(QPalette::PlaceholderText));
+      color(widgets::Tone::Quiet);
       break;
   }
   setPalette(palette);

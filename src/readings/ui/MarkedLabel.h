@@ -8,7 +8,7 @@ namespace readings {
 class MarkedLabel : public QLabel {
   Q_OBJECT
  public:
-  enum class Mark { None, Current, Doubt, Quiet };
+  enum class Mark { None, Current, Doubt, Error, Quiet };
 
   explicit MarkedLabel(QWidget* parent = nullptr) : QLabel(parent) {}
   void setMark(Mark mark);

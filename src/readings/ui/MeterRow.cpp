@@ -30,12 +30,6 @@ MarkedLabel* quiet(MarkedLabel* label) {
 
 }  // namespace
 
-QString spokenName(Meter meter) {
-  if (meter == Meter::Day) return u"Strom, Tag"_s;
-  if (meter == Meter::Night) return u"Strom, Nacht"_s;
-  return utf8(factsOf(meter).name);
-}
-
 MeterRow::MeterRow(Meter meter, QWidget* window, QGridLayout* grid, int firstLine)
     : QObject(window),
       lblZaehler(named<MarkedLabel>(window, "lblZaehler", meter)),
@@ -52,6 +46,8 @@ MeterRow::MeterRow(Meter meter, QWidget* window, QGridLayout* grid, int firstLin
       lblWechsel(named<MarkedLabel>(window, "lblWechsel", meter)),
       lblHinweis(named<MarkedLabel>(window, "lblHinweis", meter)),
       meter_(meter),
+      mark_(new QLabel(window)),
+      lblEinheit_(new QLabel(utf8(factsOf(meter).unit), window)),
       changeLine_(new QWidget(window)) {
   const QString name = spokenName(meter);
   lblZaehler->setText(name);
@@ -82,10 +78,14 @@ MeterRow::MeterRow(Meter meter, QWidget* window, QGridLayout* grid, int firstLin
 
 void MeterRow::place(QGridLayout* grid, int line) {
   constexpr auto kRight = Qt::AlignRight | Qt::AlignVCenter;
-  grid->addWidget(lblZaehler, line, kName);
+  auto* name = new QHBoxLayout;
+  name->setSpacing(2);
+  name->addWidget(mark_);
+  name->addWidget(lblZaehler, 1);
+  grid->addLayout(name, line, kName);
   grid->addWidget(quiet(lblDavor), line, kBefore, kRight);
   grid->addWidget(txtStand, line, kField);
-  grid->addWidget(new QLabel(utf8(factsOf(meter_).unit), lblZaehler->parentWidget()), line, kUnit);
+  grid->addWidget(lblEinheit_, line, kUnit);
   QFont bold = lblVerbrauch->font();
   bold.setBold(true);
   lblVerbrauch->setFont(bold);
@@ -117,21 +117,24 @@ void MeterRow::place(QGridLayout* grid, int line) {
 void MeterRow::setShown(bool shown) {
   shown_ = shown;
   for (QWidget* widget :
-       std::initializer_list<QWidget*>{lblZaehler, lblDavor, txtStand, lblVerbrauch, lblUeblich,
-                                       lblKosten, chkWechsel, lblHinweis})
+       std::initializer_list<QWidget*>{mark_, lblZaehler, lblDavor, txtStand, lblEinheit_,
+                                       lblVerbrauch, lblUeblich, lblKosten, lblHinweis})
     widget->setVisible(shown);
   if (chkWieWasser) chkWieWasser->setVisible(shown);
   showChangeLine();
 }
 
-void MeterRow::load(const MeterYear& year, int position, const QString& monthBefore, double vat) {
+void MeterRow::load(const MeterYear& year, int position, const QString& monthRead, double vat) {
   year_ = year;
   position_ = position;
   vat_ = vat;
   const MonthEntry stored = entryOf(year, position);
   const ReadingBefore before = readingBefore(year, position);
-  lblDavor->setText(before.reading != 0 ? number(before.reading) : QString());
-  lblDavor->setToolTip(before.position < 0 ? u"Anfangszählerstand"_s : u"Stand "_s + monthBefore);
+  constexpr int kMark = 16;
+  mark_->setPixmap(markOf(meter_, mark_->palette()).pixmap(kMark));
+  QString text = before.reading != 0 ? number(before.reading) : QString();
+  if (!text.isEmpty() && !monthRead.isEmpty()) text += u" (%1)"_s.arg(monthRead);
+  lblDavor->setText(text);
   txtStand->setValue(stored.reading != 0 ? std::optional(stored.reading) : std::nullopt);
   const QSignalBlocker quietly(chkWechsel);
   chkWechsel->setChecked(stored.changed);
@@ -147,11 +150,15 @@ void MeterRow::follow(const MeterRow* other) {
   txtStand->setReadOnly(other);
   txtStand->setFocusPolicy(other ? Qt::NoFocus : Qt::StrongFocus);
   txtStand->setFrame(!other);
-  chkWechsel->setEnabled(!other);
+  QPalette ground;
+  ground.setResolveMask(0);
+  if (other) ground.setBrush(QPalette::Base, Qt::transparent);
+  txtStand->setPalette(ground);
   showChangeLine();
 }
 
 void MeterRow::showChangeLine() {
+  chkWechsel->setVisible(shown_ && !followed_);
   changeLine_->setVisible(shown_ && !followed_ && chkWechsel->isChecked());
 }
 

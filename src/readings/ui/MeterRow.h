@@ -5,13 +5,11 @@
 #include "readings/MonthSheet.h"
 #include "readings/ui/EntryWindow.h"
 #include "readings/ui/MarkedLabel.h"
+#include "readings/ui/MeterLook.h"
 
 class QGridLayout;
 
 namespace readings {
-
-// "Strom, Tag", "Gas": a meter among the others.
-QString spokenName(Meter meter);
 
 // A meter's lines on the sheet of a month: reading, what follows from it, and a meter change.
 class MeterRow : public QObject {
@@ -39,8 +37,9 @@ class MeterRow : public QObject {
   bool isShown() const { return shown_; }
   void setShown(bool shown);
 
-  // The month of the stored year, which the window keeps.
-  void load(const MeterYear& year, int position, const QString& monthBefore, double vat);
+  // The month of the stored year, which the window keeps. monthRead is that of the last reading
+  // before it; "" when that is the month before, as the column's head has it.
+  void load(const MeterYear& year, int position, const QString& monthRead, double vat);
   // Another meter's entry instead of an own one; nullptr: its own.
   void follow(const MeterRow* other);
   MonthEntry entry() const;
@@ -59,6 +58,8 @@ class MeterRow : public QObject {
   void showChangeLine();
 
   const Meter meter_;
+  QLabel* const mark_;
+  QLabel* const lblEinheit_;
   const MeterRow* followed_ = nullptr;
   QWidget* changeLine_;
   MeterYear year_;

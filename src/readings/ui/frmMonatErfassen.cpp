@@ -125,6 +125,7 @@ QLayout* frmMonatErfassen::arrangeButtons() {
   cmdHilfe->setText(u"&Hilfe"_s);
   cmdUebernehmen->setText(u"Ü&bernehmen"_s);
   cmdUebernehmen->setToolTip(u"Alle Stände des Monats speichern"_s);
+  cmdUebernehmen->setDefault(true);
   makeCloseButton(cmdSchliessen);
   lblZustand->setMark(MarkedLabel::Mark::Quiet);
   auto* buttons = new QHBoxLayout;
@@ -167,8 +168,12 @@ void frmMonatErfassen::connectControls() {
       last = next;
     }
   }
-  setTabOrder(last, txtAnmerkung);
-  setTabOrder(txtAnmerkung, cmdUebernehmen);
+  // Enter goes from field to field; what is seldom needed comes behind the buttons.
+  setTabOrder({last, txtAnmerkung, cmdUebernehmen, cmdSchliessen, cmdHilfe, cmdWeitere});
+  last = cmdWeitere;
+  for (Meter meter : kMeters)
+    for (QCheckBox* box : {rows_[meter]->chkWieWasser, rows_[meter]->chkWechsel})
+      if (box) setTabOrder({std::exchange(last, box), box});
   for (int k = 0; k < kMonths; ++k)
     connect(optMonat(k), &QToolButton::clicked, this, [this, k] {
       if (mayClose()) chooseMonth(k);
@@ -228,6 +233,11 @@ int frmMonatErfassen::firstOpenMonth() const {
 void frmMonatErfassen::chooseMonth(int position) {
   month_ = yearbook::calendarMonth(session_.startMonth(kOrder), position);
   optMonat(position)->setChecked(true);
+  for (int k = 0; k < kMonths; ++k) {
+    QFont font = optMonat(k)->font();
+    font.setBold(k == position);
+    optMonat(k)->setFont(font);
+  }
   load();
   for (Meter meter : kMeters)
     if (rows_[meter]->isShown() && rows_[meter]->txtStand->valueOrZero() == 0) {
@@ -242,7 +252,8 @@ void frmMonatErfassen::load() {
   const int before = month_ == 1 ? kMonths : month_ - 1;
   lblMonat->setText(monthName(month_) +
                     (year ? u" %1"_s.arg(*year + (month_ < start ? 1 : 0)) : QString()));
-  head_[0]->setText(u"Stand davor"_s);
+  const bool first = month_ == start;
+  head_[0]->setText(first ? u"Anfangsstand"_s : u"Stand "_s + monthName(before));
   head_[1]->setText(u"Stand "_s + monthName(month_));
   bool asWater = true;
   for (Meter meter : kMeters) {
@@ -252,7 +263,9 @@ void frmMonatErfassen::load() {
     const int position = positionOf(meter);
     const auto names = session_.monthNames(utilityOf(meter));
     const int last = readings::readingBefore(stored, position).position;
-    rows_[meter]->load(stored, position, last < 0 ? monthName(before) : utf8(names[last]),
+    const bool asHead = last == position - 1 && (position == 0) == first;
+    const QString monthRead = last < 0 ? u"Anfang"_s : utf8(names[last]);
+    rows_[meter]->load(stored, position, asHead ? QString() : monthRead,
                        yearbook::orZero(session_.values().vat[meter]));
   }
   const auto water = readings::meterYear(session_, Meter::Water);
