@@ -41,7 +41,7 @@ int main(int, char** argv) {
     std::fprintf(stderr, "%s cannot be written\n", copy.c_str());
     return 1;
   }
-  std::optional<std::vector<double>> times;
+  std::optional<std::vector<bench::Measured>> times;
   {
     BareFiles bare{std::move(*journal), std::move(*data)};
     auto database = jet::Database::open(*files, copy);
@@ -61,6 +61,6 @@ int main(int, char** argv) {
   for (const std::string& path : {copy, paths[0], paths[1]})
     base::ignore(files->remove(path), "a copy that stays is overwritten by the next run");
   if (!times) return 1;
-  std::printf("ratio: %.2f\n", (*times)[1] / (*times)[0]);
+  bench::sayRatio("one field stored to two bare syncs", times->at(1), times->at(0), 1.5);
   return 0;
 }

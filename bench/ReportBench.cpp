@@ -37,6 +37,6 @@ int main(int, char** argv) {
       kRounds);
   base::ignore(files->remove(path), "a page that stays is replaced by the next run");
   if (!times) return 1;
-  std::printf("ratio: %.2f\n", times->at(2) / times->at(0));
+  bench::sayRatio("the overview as a file to its bytes put in place", times->at(2), times->at(0));
   return 0;
 }

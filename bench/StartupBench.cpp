@@ -112,9 +112,8 @@ int compare(const char* program, int runs) {
   server.terminate();
   server.waitForFinished();
   if (!times) return 1;
-  std::printf("ratio: time %.2f", times->at(1) / times->at(0));
-  if (*bareMemory > 0) std::printf(", memory %.2f (%.1f MB)", *memory / *bareMemory, *memory);
-  std::printf(" (wanted: 1.15)\n");
+  bench::sayRatio("start to a bare window", times->at(1), times->at(0), 1.15);
+  if (*bareMemory > 0) bench::sayRatio("memory to a bare window", {*memory}, {*bareMemory}, 1.15);
   return 0;
 }
 

@@ -63,23 +63,6 @@ bool makeYears(base::FileSystem& files, const std::string& original, const std::
   return files.replaceFile(year, *small) && files.replaceFile(bigYear, *big);
 }
 
-// Every field of every row of the five tables; the number of values keeps it honest.
-std::size_t readYear(base::FileSystem& files, const std::string& path) {
-  auto database = jet::Database::open(files, path);
-  if (!database) return 0;
-  std::size_t values = 0;
-  for (const yearbook::Table* table : yearbook::allTables()) {
-    auto rows = database->openTable(table->name);
-    if (!rows) return 0;
-    for (std::size_t row = 0; row < rows->count(); ++row) {
-      auto fields = rows->row(row);
-      if (!fields) return 0;
-      values += fields->size();
-    }
-  }
-  return values;
-}
-
 #ifdef KALVIRA_HAVE_LIBMDB
 std::size_t readTable(MdbHandle* mdb, const char* name) {
   MdbTableDef* table = mdb_read_table_by_name(mdb, const_cast<char*>(name), MDB_TABLE);
@@ -120,10 +103,11 @@ int main(int, char** argv) {
     std::fprintf(stderr, "%s cannot be made\n", bigYear.c_str());
     return 1;
   }
-  const std::size_t values = readYear(*files, year);
-  std::vector<bench::Work> works = {{"year", [&] { return readYear(*files, year) == values; }},
-                                    {"year with a big table beside its own",
-                                     [&] { return readYear(*files, bigYear) == values; }}};
+  const std::size_t values = bench::readYear(*files, year);
+  std::vector<bench::Work> works = {
+      {"year", [&] { return bench::readYear(*files, year) == values; }},
+      {"year with a big table beside its own",
+       [&] { return bench::readYear(*files, bigYear) == values; }}};
 #ifdef KALVIRA_HAVE_LIBMDB
   works.push_back({"year, libmdb", [&] { return readWithLibmdb(year) == values; }});
 #endif
@@ -131,9 +115,9 @@ int main(int, char** argv) {
   for (const std::string& path : {year, bigYear})
     base::ignore(files->remove(path), "a copy that stays is replaced by the next run");
   if (!times || values == 0) return 1;
-  std::printf("ratio of the big to the small year: %.2f\n", times->at(1) / times->at(0));
+  bench::sayRatio("a year with a big table to the year alone", times->at(1), times->at(0), 1.5);
   if (times->size() > 2)
-    std::printf("ratio to libmdb: %.2f\n", times->at(0) / times->at(2));
+    bench::sayRatio("opening and reading a year to libmdb", times->at(0), times->at(2), 0.2);
   else
     std::printf("built without libmdb (Debian: mdbtools-dev): nothing to compare with\n");
   return 0;
