@@ -15,7 +15,8 @@ zip_file=Kalvira-$version.zip
 deb_packages=(debhelper lintian cmark-gfm desktop-file-utils appstream)
 deb_try_packages=(mmdebstrap xvfb xdotool)
 windows_packages=(nsis zip cmark-gfm)
-windows_try_packages=(wine wine64 fonts-liberation xvfb xdotool mdbtools unzip)
+windows_try_packages=(wine wine64 fonts-liberation xvfb x11-xkb-utils evilwm xdotool mdbtools unzip
+  binutils imagemagick)
 
 # A result is named with what somebody else would compare.
 say_made() {
@@ -26,9 +27,9 @@ say_made() {
 }
 
 # The sample is made anew: somebody may have worked in it.
-build_afresh() {  # build_afresh PRESET
+build_afresh() {  # build_afresh PRESET TARGET...
   rm -rf "build/$1/bin/beispiel"
-  configure_and_build "$1" kalvira years laid_beside
+  configure_and_build "$@" years laid_beside
 }
 
 # All files of a folder get the one time; what order they lie in is up to whoever reads them.

@@ -13,7 +13,7 @@ debian_changelog() {
 make_deb() {
   local preset=$1 work=$out/deb
   install_missing "${build_packages[@]}" "${deb_packages[@]}" || return 75
-  build_afresh "$preset"
+  build_afresh "$preset" kalvira
   rm -rf "$work"
   mkdir -p "$work/kalvira/debian/source"
   cp packaging/debian/* "$work/kalvira/debian/"

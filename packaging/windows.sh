@@ -13,8 +13,8 @@ list_for_setup() {  # list_for_setup STAGE LISTS
     sed 's|/|\\|g' >"$lists/take-away.nsh"
 }
 
-make_windows() {
-  local preset=$1 work=$PWD/$out/windows qt stage
+build_windows() {  # build_windows PRESET, in build/mingw
+  local preset=$1 qt
   install_missing "${build_packages[@]}" "${mingw_packages[@]}" "${windows_packages[@]}"
   qt=$(tools/qt-mingw)
   build_afresh "$preset"
@@ -22,7 +22,10 @@ make_windows() {
   KALVIRA_QT_MINGW=$qt cmake --preset mingw -DCMAKE_WARN_DEPRECATED=OFF \
     -DKALVIRA_PICTURES="$PWD/build/$preset/resources" -DKALVIRA_YEARS="$PWD/build/$preset/bin" >/dev/null
   cmake --build --preset mingw
+}
 
+pack_windows() {  # pack_windows PRESET
+  local preset=$1 work=$PWD/$out/windows stage
   stage=$work/Kalvira
   rm -rf "$work"
   mkdir -p "$stage" "$work/lists"
@@ -39,4 +42,9 @@ make_windows() {
     -DICON="$PWD/build/$preset/resources/kalvira.ico" packaging/windows/kalvira.nsi
   (cd "$work" && find Kalvira | sort | zip -X -q -9 -@ "$OLDPWD/$out/$zip_file")
   say_made "$stage/kalvira.exe" "$out/$setup_file" "$out/$zip_file"
+}
+
+make_windows() {
+  build_windows "$1"
+  pack_windows "$1"
 }
