@@ -3,6 +3,7 @@
 #include <algorithm>
 
 #include "analysis/Cost.h"
+#include "analysis/Forecast.h"
 #include "base/GermanNumber.h"
 #include "base/Paths.h"
 #include "yearbook/Season.h"
@@ -61,6 +62,17 @@ MeterFigures meterFigures(const Year& year, const Year* before, Meter meter) {
   figures.gross = cost.gross;
   figures.grossPerUnit = perUnit(year, meter, figures);
   return figures;
+}
+
+bool hasSettings(const yearbook::FieldValues& values) {
+  const auto meter = [&](Meter m) {
+    return yearbook::orZero(values.startReadings[m]) != 0 ||
+           yearbook::orZero(values.prices[m]) != 0 || yearbook::orZero(values.vat[m]) != 0 ||
+           yearbook::orZero(values.baseFees[m]) != Money();
+  };
+  return std::any_of(kMeters.begin(), kMeters.end(), meter) ||
+         std::any_of(values.advanceSums.begin(), values.advanceSums.end(),
+                     [](Money sum) { return sum != Money(); });
 }
 
 std::string untilMonth(const Year& year, Meter meter) {
@@ -197,6 +209,15 @@ std::vector<YearFigures> figuresOf(const YearFolder& folder) {
   std::vector<YearFigures> figures;
   for (const Year& year : folder.years) figures.push_back(figuresOf(year, folder.yearBefore(year)));
   return figures;
+}
+
+std::string standOf(const Year& year) {
+  if (year.isEmpty()) return hasSettings(year.values) ? "noch keine Ablesung" : "leer";
+  const YearFigures figures = figuresOf(year, nullptr);
+  const std::string until = figures.until();
+  const std::string balance =
+      formatMoney(figures.balance) == "0,00" ? "ausgeglichen" : balanceText(figures.balance, 2);
+  return (until.empty() ? "vollständig" : until) + ", " + balance;
 }
 
 std::string_view priceUnit(Meter meter) {

@@ -110,6 +110,27 @@ std::string allowedYearName(std::string_view typed) {
   return kept;
 }
 
+std::string trimmedYearName(std::string_view typed) {
+  constexpr std::string_view kNoBreak = "\xC2\xA0";
+  const auto blanks = [&](std::string_view text, bool atEnd) {
+    if (text.empty()) return std::size_t{0};
+    if ((atEnd ? text.back() : text.front()) == ' ') return std::size_t{1};
+    return (atEnd ? text.ends_with(kNoBreak) : text.starts_with(kNoBreak)) ? kNoBreak.size() : 0;
+  };
+  while (const std::size_t front = blanks(typed, false)) typed.remove_prefix(front);
+  while (const std::size_t back = blanks(typed, true)) typed.remove_suffix(back);
+  return std::string(typed);
+}
+
+bool isNameTooLong(const base::FileSystem& files, const std::string& folder,
+                   const std::string& name) {
+  // The longest of the names that are made of it, and of those written beside it.
+  const std::string longest =
+      base::withSeparator(folder) + name + "_WechselNachtstrom.dat-vorhaben";
+  const auto found = files.info(longest);
+  return !found && found.error().code == base::ErrorCode::InvalidName;
+}
+
 base::Result<void> createYear(base::FileSystem& files, const base::PathState& paths,
                               const std::string& target) {
   const std::string folder(base::folderOf(target));

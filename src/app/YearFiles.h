@@ -35,6 +35,12 @@ base::Result<void> checkIsNoYear(base::FileSystem& files, const std::string& tar
 // The name without the characters that a year's name cannot have: \/<>*.?:;,| and control
 // characters.
 std::string allowedYearName(std::string_view typed);
+// Without blanks at both ends, which nobody sees in a list: two years could look alike.
+std::string trimmedYearName(std::string_view typed);
+
+// Whether the system can keep a year of that name in the folder with all that belongs to it.
+bool isNameTooLong(const base::FileSystem& files, const std::string& folder,
+                   const std::string& name);
 
 // A copy of the template, verified. An existing target is replaced, whole or not at all; its side
 // files go with it, for they would act on the new year.

@@ -2,43 +2,65 @@
 
 #include <QKeyEvent>
 #include <QPainter>
+#include <QScrollBar>
 #include <QSignalBlocker>
 #include <QStyledItemDelegate>
 
 #include "base/Paths.h"
+#include "widgets/Tones.h"
 
 namespace widgets {
 namespace {
 
-constexpr int kDescription = Qt::UserRole;
+constexpr int kContent = Qt::UserRole;
+constexpr int kAside = Qt::UserRole + 1;
+constexpr int kTold = Qt::UserRole + 2;  // since the folder was listed
 
-// The name as the style draws it, in the upper half; the description below it.
+// The name bold and a quiet remark beside it; what the file holds below, quiet as well.
 class TwoLines final : public QStyledItemDelegate {
  public:
   using QStyledItemDelegate::QStyledItemDelegate;
 
   QSize sizeHint(const QStyleOptionViewItem& option, const QModelIndex& index) const override {
     const QSize one = QStyledItemDelegate::sizeHint(option, index);
-    return {one.width(), one.height() + option.fontMetrics.lineSpacing()};
+    return {one.width(), 2 * option.fontMetrics.lineSpacing() + 3 * kGap};
   }
-  void paint(QPainter* painter, const QStyleOptionViewItem& option,
+  void paint(QPainter* painter, const QStyleOptionViewItem& given,
              const QModelIndex& index) const override {
-    QStyleOptionViewItem upper = option;
-    upper.displayAlignment = Qt::AlignLeft | Qt::AlignTop;
-    QStyledItemDelegate::paint(painter, upper, index);
+    QStyleOptionViewItem option = given;
+    initStyleOption(&option, index);
+    const QString name = option.text;
+    option.text.clear();
+    option.widget->style()->drawControl(QStyle::CE_ItemViewItem, &option, painter, option.widget);
     const bool selected = option.state.testFlag(QStyle::State_Selected);
-    QColor color = option.palette.color(selected ? QPalette::HighlightedText : QPalette::Text);
-    constexpr float kQuiet = 0.75F;
-    color.setAlphaF(selected ? 1.0F : kQuiet);
-    constexpr int kMargin = 3;
-    const QRect lower = option.rect.adjusted(kMargin, option.rect.height() / 2, -kMargin, 0);
-    const QString text = index.data(kDescription).toString();
+    const bool enabled = option.state.testFlag(QStyle::State_Enabled);
+    const QColor text = option.palette.color(enabled ? QPalette::Normal : QPalette::Disabled,
+                                             selected ? QPalette::HighlightedText : QPalette::Text);
+    const QColor quiet = selected || !enabled ? text : toneOf(Tone::Quiet, option.palette);
+    const QRect room = option.rect.adjusted(2 * kGap, kGap, -2 * kGap, -kGap);
+    const QString aside = index.data(kAside).toString();
     painter->save();
-    painter->setPen(color);
-    painter->setFont(option.font);
-    painter->drawText(lower, Qt::AlignLeft | Qt::AlignTop,
-                      option.fontMetrics.elidedText(text, Qt::ElideRight, lower.width()));
+    const int asideWidth = line(painter, room, option.font, quiet, aside, Qt::AlignRight);
+    QFont bold = option.font;
+    bold.setBold(true);
+    line(painter, room.adjusted(0, 0, -asideWidth - 2 * kGap, 0), bold, text, name, Qt::AlignLeft);
+    const QRect below = room.adjusted(0, option.fontMetrics.lineSpacing() + kGap, 0, 0);
+    line(painter, below, option.font, quiet, index.data(kContent).toString(), Qt::AlignLeft);
     painter->restore();
+  }
+
+ private:
+  static constexpr int kGap = 4;
+
+  // Gives the width that it takes.
+  static int line(QPainter* painter, const QRect& room, const QFont& font, const QColor& color,
+                  const QString& text, Qt::Alignment side) {
+    const QFontMetrics metrics(font);
+    const QString shown = metrics.elidedText(text, Qt::ElideMiddle, room.width());
+    painter->setFont(font);
+    painter->setPen(color);
+    painter->drawText(room, side | Qt::AlignTop, shown);
+    return metrics.horizontalAdvance(shown);
   }
 };
 
@@ -51,6 +73,9 @@ FileList::FileList(QWidget* parent) : QListWidget(parent) {
   setTextElideMode(Qt::ElideMiddle);
   nextDescription_.setSingleShot(true);
   connect(&nextDescription_, &QTimer::timeout, this, &FileList::describeNext);
+  connect(verticalScrollBar(), &QScrollBar::valueChanged, this, [this] {
+    if (describer_) nextDescription_.start();
+  });
   // A click on the name that is current already counts as a choice, too.
   connect(this, &QListWidget::itemClicked, this,
           [this](const QListWidgetItem* item) { Q_EMIT chosen(item->text()); });
@@ -68,7 +93,7 @@ void FileList::setFolder(const QString& folder) {
 }
 
 void FileList::refresh() {
-  fill(selectedName());
+  fill(selectedNames());
 }
 
 void FileList::setDescriber(Describer describer) {
@@ -76,26 +101,59 @@ void FileList::setDescriber(Describer describer) {
   setItemDelegate(new TwoLines(this));
 }
 
-void FileList::describeNext() {
+QListWidgetItem* FileList::nextInView() const {
+  const int height = viewport()->height();
   for (int i = 0; i < count(); ++i) {
-    QListWidgetItem* next = item(i);
-    if (next->data(kDescription).isValid()) continue;
-    const QString text = describer_(
-        QString::fromStdString(base::withSeparator(folder_.toStdString())) + next->text());
-    next->setData(kDescription, text);
-    next->setToolTip(text);
-    next->setData(Qt::AccessibleDescriptionRole, text);
-    nextDescription_.start();
-    return;
+    const QRect place = visualItemRect(item(i));
+    if (place.top() > height) break;
+    if (place.bottom() >= 0 && !item(i)->data(kTold).toBool()) return item(i);
   }
+  return nullptr;
 }
 
-void FileList::fill(const QString& selected) {
+void FileList::describeNext() {
+  QListWidgetItem* next = nextInView();
+  if (next == nullptr) return;
+  const QString path =
+      QString::fromStdString(base::withSeparator(folder_.toStdString())) + next->text();
+  const Description description = describer_(path);
+  known_.insert(path, description);
+  next->setData(kTold, true);
+  describe(next, description);
+  nextDescription_.start();
+}
+
+void FileList::describe(QListWidgetItem* item, const Description& description) const {
+  item->setData(kContent, description.content);
+  item->setData(kAside, description.aside);
+  const QString all = description.aside.isEmpty()
+                          ? description.content
+                          : description.content + QStringLiteral(", ") + description.aside;
+  item->setToolTip(toolTip().isEmpty() ? all : all + u'\n' + toolTip());
+  item->setData(Qt::AccessibleDescriptionRole, all);
+}
+
+void FileList::fill(const QStringList& selected) {
   const QSignalBlocker quiet(this);
   clear();
   if (lister_ && !folder_.isEmpty()) addItems(lister_(folder_));
+  const QString place = QString::fromStdString(base::withSeparator(folder_.toStdString()));
+  for (int i = 0; describer_ && i < count(); ++i)
+    if (const auto known = known_.constFind(place + item(i)->text()); known != known_.cend())
+      describe(item(i), *known);
   setCurrentRow(-1);
-  if (!selected.isEmpty()) selectName(selected);
+  for (const QString& name : selected) {
+    if (selectionMode() == SingleSelection || name == selected.first())
+      selectName(name);
+    else
+      for (QListWidgetItem* item : findItems(name, Qt::MatchExactly | Qt::MatchCaseSensitive))
+        item->setSelected(true);
+  }
+  if (describer_) nextDescription_.start();
+}
+
+void FileList::resizeEvent(QResizeEvent* event) {
+  QListWidget::resizeEvent(event);
   if (describer_) nextDescription_.start();
 }
 
@@ -118,9 +176,15 @@ QStringList FileList::names() const {
   return result;
 }
 
+QStringList FileList::selectedNames() const {
+  QStringList result;
+  for (int i = 0; i < count(); ++i)
+    if (item(i)->isSelected()) result += item(i)->text();
+  return result;
+}
+
 QString FileList::selectedName() const {
-  const QList<QListWidgetItem*> items = selectedItems();
-  return items.isEmpty() ? QString() : items.first()->text();
+  return selectedNames().value(0);
 }
 
 bool FileList::selectName(const QString& name) {

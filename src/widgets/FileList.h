@@ -1,5 +1,6 @@
 #pragma once
 
+#include <QHash>
 #include <QListWidget>
 #include <QTimer>
 #include <functional>
@@ -13,12 +14,17 @@ class FileList final : public QListWidget {
  public:
   using Lister = std::function<QStringList(const QString& folder)>;
 
-  // A line about a file, by its path.
-  using Describer = std::function<QString(const QString& path)>;
+  // What is told of a file: a line below its name, and a few words at the right of the name.
+  struct Description {
+    QString content;
+    QString aside;
+  };
+  using Describer = std::function<Description(const QString& path)>;
 
   explicit FileList(QWidget* parent = nullptr);
   void setLister(Lister lister) { lister_ = std::move(lister); }
-  // Shows a quiet line below each name. The lines come one after the other once the names stand.
+  // Shows quiet lines with each name. They come one after the other once the names stand, and only
+  // for names that are in view: it does not matter how many there are.
   void setDescriber(Describer describer);
 
   // Shows the folder; "" shows nothing. Nothing is selected afterwards.
@@ -28,8 +34,10 @@ class FileList final : public QListWidget {
   void refresh();
 
   QStringList names() const;
-  // "" when none is selected.
+  // "" when none is selected; of several the uppermost.
   QString selectedName() const;
+  // From top to bottom.
+  QStringList selectedNames() const;
   // Selects without chosen(); false when there is no such name (exact letter case).
   bool selectName(const QString& name);
 
@@ -41,13 +49,19 @@ class FileList final : public QListWidget {
 
  protected:
   void keyPressEvent(QKeyEvent* event) override;
+  void resizeEvent(QResizeEvent* event) override;
 
  private:
-  void fill(const QString& selected);
+  void fill(const QStringList& selected);
   void describeNext();
+  QListWidgetItem* nextInView() const;
+  void describe(QListWidgetItem* item, const Description& description) const;
+
   Lister lister_;
   Describer describer_;
   QTimer nextDescription_;
+  // By path, what was told last: shown until it is told anew, so that nothing flickers.
+  QHash<QString, Description> known_;
   QString folder_;
 };
 

@@ -81,10 +81,14 @@ void CopyWindow::addSideFiles(QLabel* heading, int stretch) {
   right_->addWidget(FilesWechsel, stretch);
 }
 
+QString CopyWindow::firstFolder() const {
+  return firstBackupFolder();
+}
+
 void CopyWindow::showEvent(QShowEvent* event) {
   Window::showEvent(event);
   if (event->spontaneous()) return;
-  showFolder(*Drive1, *Dir1, firstBackupFolder());
+  showFolder(*Drive1, *Dir1, firstFolder());
   activate();
   Dir1->setFocus();
 }
@@ -96,7 +100,7 @@ void CopyWindow::Drive1Change(const QString& root) {
     services_.prompts.tell(this, u"Laufwerksfehler!"_s, u"Error"_s);
 }
 
-void CopyWindow::run(const CopyTexts& texts,
+bool CopyWindow::run(const CopyTexts& texts,
                      const std::function<base::Result<void>(const CopyProgress& progress)>& copy) {
   base::Result<void> outcome;
   {
@@ -116,9 +120,12 @@ void CopyWindow::run(const CopyTexts& texts,
     QApplication::restoreOverrideCursor();
   }
   const bool cancelled = !outcome && outcome.error().code == base::ErrorCode::Cancelled;
-  if (!outcome && !cancelled) return tellFileError(services_, this, outcome.error());
-  services_.prompts.tell(this, outcome ? texts.done : texts.cancelled, texts.title,
-                         dialogs::Icon::Information);
+  if (!outcome && !cancelled)
+    tellFileError(services_, this, outcome.error());
+  else
+    services_.prompts.tell(this, outcome ? texts.done : texts.cancelled, texts.title,
+                           dialogs::Icon::Information);
+  return outcome.has_value();
 }
 
 }  // namespace app

@@ -40,6 +40,8 @@ class CopyWindow : public dialogs::Window {
   // What is listed is not a choice.
   static void onlyShow(widgets::FileList* list);
 
+  // The folder with which the window comes up.
+  virtual QString firstFolder() const;
   // When the window has come up, with its first folder.
   virtual void activate() = 0;
   // When another folder is chosen.
@@ -50,8 +52,9 @@ class CopyWindow : public dialogs::Window {
     QString done;
     QString cancelled;
   };
-  // Copies, shows how far it is when that takes longer than a moment, and tells how it ended.
-  void run(const CopyTexts& texts,
+  // Copies, shows how far it is when that takes longer than a moment, and tells how it ended. True
+  // when all is copied.
+  bool run(const CopyTexts& texts,
            const std::function<base::Result<void>(const CopyProgress& progress)>& copy);
 
   void showEvent(QShowEvent* event) override;

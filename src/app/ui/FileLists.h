@@ -12,8 +12,13 @@ namespace app {
 
 // The files with the extension (".kwd").
 widgets::FileList::Lister filesOf(const base::FileSystem& files, std::string_view extension);
-// "12 Monate Strom, 9 Wasser, Stand 21.11.2026 17:27", or why it cannot be looked into.
-QString describeYear(base::FileSystem& files, const QString& path);
+// For choosing one of several copies of a year: "12 Monate Strom, 9 Wasser, Stand 21.11.2026
+// 17:27", or why it cannot be looked into. Nothing is opened for writing.
+widgets::FileList::Description describeCopy(base::FileSystem& files, const QString& path);
+// For choosing a year: "bis Oktober, Guthaben 119,73 Euro" and when it was changed last.
+widgets::FileList::Description describeYear(base::FileSystem& files, const QString& path);
+// A name in which bytes were found that are no UTF-8: it cannot be given back to the system.
+bool isUnreadableName(const QString& name);
 // The subfolders that are not hidden.
 widgets::FolderList::Lister subfoldersOf(const base::FileSystem& files);
 

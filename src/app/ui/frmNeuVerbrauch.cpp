@@ -96,14 +96,24 @@ void frmNeuVerbrauch::showEvent(QShowEvent* event) {
 void frmNeuVerbrauch::showNameHint() {
   const auto years =
       app::filesWithExtension(services_.files, services_.paths.DataFolder, app::kYearExtension);
-  const auto similar = app::yearsWithCommonBeginning(txtBenutzer->text().toStdString(), years);
+  const auto similar =
+      app::yearsWithCommonBeginning(app::trimmedYearName(txtBenutzer->text().toStdString()), years);
   lblNamensHinweis->setText(QString::fromStdString(app::namesHint(similar)));
 }
 
 void frmNeuVerbrauch::Command1Click() {
-  const QString name = txtBenutzer->text();
+  const QString name =
+      QString::fromStdString(app::trimmedYearName(txtBenutzer->text().toStdString()));
   if (name.isEmpty()) {
     services_.prompts.tell(this, u"Sie müssen erst einen neuen Datei-Namen eingeben!"_s);
+    txtBenutzer->setFocus();
+    return;
+  }
+  if (app::isNameTooLong(services_.files, services_.paths.DataFolder, name.toStdString())) {
+    services_.prompts.tell(this,
+                           u"Der Name ist zu lang: mit dem Ordner und den Dateien, die zu einem "
+                           "Jahr gehören, ist er länger, als Dateien hier heißen können."_s,
+                           u"Eingabe Name"_s, Icon::Warning);
     txtBenutzer->setFocus();
     return;
   }
@@ -122,6 +132,7 @@ void frmNeuVerbrauch::Command1Click() {
     app::tellFileError(services_, this, created.error());
     return;
   }
+  made_ = target.toStdString();
   services_.prompts.tell(this, u"Neue Datenbank wurde angelegt unter  \n"_s + target);
   accept();
 }

@@ -22,6 +22,9 @@ class frmNeuVerbrauch final : public dialogs::Window {
   QPushButton* const Command1 = widgets::control<QPushButton>(this, "Command1");
   QPushButton* const Command2 = widgets::control<QPushButton>(this, "Command2");
 
+  // The path of the year that was made; "" when none was.
+  const std::string& made() const { return made_; }
+
  protected:
   void showEvent(QShowEvent* event) override;
 
@@ -32,4 +35,6 @@ class frmNeuVerbrauch final : public dialogs::Window {
   void showNameHint();
   // True when the target may be written.
   bool mayReplace(const QString& target);
+
+  std::string made_;
 };

@@ -20,7 +20,9 @@ frmRuecksichern::frmRuecksichern(const dialogs::Services& services, QWidget* par
   setTexts();
   buildLayout();
   File3->setDescriber(
-      [&files = services.files](const QString& path) { return app::describeYear(files, path); });
+      [&files = services.files](const QString& path) { return app::describeCopy(files, path); });
+  File3->setSelectionMode(QAbstractItemView::ExtendedSelection);
+  File3->setToolTip(u"Mit Strg oder Umschalt lassen sich mehrere auswählen"_s);
   connect(File3, &widgets::FileList::chosen, this, &frmRuecksichern::File3Click);
   connect(cmdSicherungen, &QPushButton::clicked, this, &frmRuecksichern::showSafetyCopies);
   connect(Command1, &QPushButton::clicked, this, &frmRuecksichern::Command1Click);
@@ -71,16 +73,25 @@ void frmRuecksichern::Dir1Change() {
 }
 
 void frmRuecksichern::File3Click(const QString& name) {
-  lblFilename->setText(name);
-  lblFilename->setToolTip(name);
+  const QStringList chosen = File3->selectedNames();
+  lblFilename->setText(chosen.size() > 1 ? chosen.join(u", "_s) : name);
+  lblFilename->setToolTip(lblFilename->text());
   Command1->setText(u"Ausgewählte Datei wiederherstellen"_s);
+  clicked_ = chosen.isEmpty() ? QStringList{name} : chosen;
   markSideFiles();
 }
 
-std::vector<std::string> frmRuecksichern::sideFiles() const {
+std::vector<std::string> frmRuecksichern::sideFilesOf(const QString& year) const {
   std::vector<std::string> listed;
   for (const QString& name : FilesWechsel->names()) listed.push_back(name.toStdString());
-  return app::sideFilesOf(lblFilename->text().toStdString(), listed);
+  return app::sideFilesOf(year.toStdString(), listed);
+}
+
+std::vector<std::string> frmRuecksichern::sideFiles() const {
+  std::vector<std::string> all;
+  for (const QString& year : clicked_)
+    for (std::string& side : sideFilesOf(year)) all.push_back(std::move(side));
+  return all;
 }
 
 // Those that will come along stand out.
@@ -116,12 +127,31 @@ void frmRuecksichern::Command1Click() {
       Button::Ok)
     return;
   enterDataFolder();
-  const std::string year = File3->selectedName().toStdString();
-  if (!year.empty() && !app::keepBefore(services_, this, app::CopyMoment::Restoring, year)) return;
+  const QStringList years = File3->selectedNames();
+  if (years.isEmpty() && sideFiles().empty()) {
+    services_.prompts.tell(this, u"Es ist keine Datei ausgewählt. Es wurde nichts kopiert."_s,
+                           title, Icon::Information);
+    return;
+  }
+  for (const QString& year : years)
+    if (!app::keepBefore(services_, this, app::CopyMoment::Restoring, year.toStdString())) return;
   run({title, u"Die oben ausgewählten, markierten Daten wurden wiederhergestellt."_s,
-       u"Das Wiederherstellen wurde abgebrochen. Es ist alles, wie es war."_s},
-      [&](const app::CopyProgress& progress) {
-        return app::restore(services_.files, Dir1->path().toStdString(), services_.paths.DataFolder,
-                            year, sideFiles(), progress);
-      });
+       years.size() > 1
+           ? u"Das Wiederherstellen wurde abgebrochen. Jahre, die schon zurück sind, bleiben es."_s
+           : u"Das Wiederherstellen wurde abgebrochen. Es ist alles, wie es war."_s},
+      [&](const app::CopyProgress& progress) { return restore(years, progress); });
+}
+
+// Each year with its files, or, where none is selected, the files of the year that is named.
+base::Result<void> frmRuecksichern::restore(const QStringList& years,
+                                            const app::CopyProgress& progress) {
+  const std::string from = Dir1->path().toStdString();
+  const std::string& to = services_.paths.DataFolder;
+  if (years.isEmpty()) return app::restore(services_.files, from, to, {}, sideFiles(), progress);
+  for (const QString& year : years)
+    if (auto back = app::restore(services_.files, from, to, year.toStdString(), sideFilesOf(year),
+                                 progress);
+        !back)
+      return back;
+  return {};
 }

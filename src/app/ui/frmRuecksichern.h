@@ -2,7 +2,7 @@
 
 #include "app/ui/CopyWindow.h"
 
-// Restore: brings one saved year database and its side files back into the data folder. The saved
+// Restore: brings saved year databases and their side files back into the data folder. The saved
 // files may be a backup, a safety copy, or the data of an earlier version of the program.
 class frmRuecksichern final : public app::CopyWindow {
   Q_OBJECT
@@ -26,6 +26,10 @@ class frmRuecksichern final : public app::CopyWindow {
   void File3Click(const QString& name);
   void Command1Click();
   void showSafetyCopies();
+  std::vector<std::string> sideFilesOf(const QString& year) const;
   std::vector<std::string> sideFiles() const;
   void markSideFiles();
+  base::Result<void> restore(const QStringList& years, const app::CopyProgress& progress);
+
+  QStringList clicked_;  // the years that lblFilename names
 };

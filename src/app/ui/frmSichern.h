@@ -11,12 +11,15 @@ class frmSichern final : public app::CopyWindow {
 
   widgets::FileList* const FileVerbrauch =
       widgets::control<widgets::FileList>(this, "FileVerbrauch");
+  QPushButton* const cmdNeuerOrdner = widgets::control<QPushButton>(this, "cmdNeuerOrdner");
   QLabel* const lblWechsel = widgets::control<QLabel>(this, "lblWechsel");
 
  protected:
+  QString firstFolder() const override;
   void activate() override;
   void Dir1Change() override;
 
  private:
   void Command1Click();
+  void makeFolder();
 };

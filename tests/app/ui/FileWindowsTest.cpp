@@ -2,6 +2,7 @@
 
 #include <QApplication>
 #include <QTest>
+#include <filesystem>
 
 #include "StartFixture.h"
 #include "app/ui/OpenYearKeeper.h"
@@ -113,6 +114,27 @@ TEST_F(NewYear, MissingTemplateIsToldAndKeepsTheOldYear) {
   EXPECT_TRUE(window.isVisible());
 }
 
+TEST_F(NewYear, BlanksAroundANameAreNotPartOfIt) {
+  prompts.acceptTellings();
+  create(u"   \u00A0"_s);
+  EXPECT_EQ(prompts.take().text, u"Sie müssen erst einen neuen Datei-Namen eingeben!"_s);
+  prompts.answer(Button::Yes);
+  create(u"  Haus 2026 "_s);
+  EXPECT_EQ(inDataFolder(), std::vector<std::string>{"Haus 2026.kwd"});
+  EXPECT_EQ(window.made(), dataFolder() + "Haus 2026.kwd");
+}
+
+// Letters of two bytes each: the year itself would fit, its longest side file would not.
+TEST_F(NewYear, ANameThatIsTooLongIsSaidToBeThat) {
+  prompts.acceptTellings();
+  create(QString(120, u'ä'));
+  EXPECT_TRUE(prompts.take().text.startsWith(u"Der Name ist zu lang"_s));
+  EXPECT_TRUE(inDataFolder().empty());
+  prompts.answer(Button::Yes);
+  create(QString(100, u'ä'));
+  EXPECT_EQ(inDataFolder().size(), 1U);
+}
+
 TEST_F(NewYear, TypedDotsAndSlashesAreSwallowed) {
   QTest::keyClicks(window.txtBenutzer, u"Haus.20/26\"x"_s);
   EXPECT_EQ(window.txtBenutzer->text(), u"Haus2026\"x"_s);
@@ -174,6 +196,37 @@ TEST_F(CopyWindows, BackupCopiesAllYearsAndSideFilesIntoTheChosenFolder) {
             (std::vector<std::string>{"A.kwd", "A_WechselGas.dat", "B.KWD", "pauschale.dat"}));
 }
 
+TEST_F(CopyWindows, BackupComesUpWhereItWentLastTime) {
+  put("A.kwd");
+  {
+    frmSichern window(services);
+    show(window);
+    choose(window.Dir1, u"Stick"_s);
+    prompts.answerInput(u" Neu/er "_s);
+    window.cmdNeuerOrdner->click();
+    EXPECT_EQ(window.Dir1->path().toStdString(), stick("Neuer/"));
+    EXPECT_EQ(window.Command1->text(), u"In links ausgewähltes Verzeichnis Sichern"_s);
+    prompts.answerInput(u"Neuer"_s);
+    window.Dir1->setPath(window.Dir1->root(), QString::fromStdString(stick()));
+    window.cmdNeuerOrdner->click();
+    EXPECT_EQ(prompts.last().title, u"Neuer Ordner"_s);
+    EXPECT_TRUE(prompts.last().text.startsWith(u"Fehler # 58"_s));
+    choose(window.Dir1, u"Neuer"_s);
+    window.Command1->click();
+  }
+  EXPECT_TRUE(files->exists(stick("Neuer/A.kwd")));
+  {
+    frmSichern window(services);
+    window.show();
+    EXPECT_EQ(window.Dir1->path().toStdString(), stick("Neuer/"));
+    EXPECT_EQ(window.Command1->text(), u"Wählen Sie zuerst links ein Verzeichnis aus"_s);
+  }
+  std::filesystem::remove_all(stick());
+  frmSichern window(services);
+  window.show();
+  EXPECT_FALSE(window.Dir1->path().contains(u"Stick"_s)) << "the stick is not there";
+}
+
 TEST_F(CopyWindows, BackupStopsAtTheFirstFileThatFails) {
   for (const char* name : {"A.kwd", "B.kwd", "C.kwd"}) put(name, name);
   EXPECT_TRUE(files->makeFolder(stick("B.kwd")));
@@ -220,6 +273,33 @@ TEST_F(CopyWindows, RestoreAsksAndBringsTheYearWithItsOwnSideFiles) {
   const std::string copy =
       dataFolder() + "Sicherungen/2024-03-01 00.00.00 vor dem Wiederherstellen/Haus.kwd";
   EXPECT_EQ(files->readText(copy), "heute");
+}
+
+TEST_F(CopyWindows, SeveralYearsComeBackAtOnceAndNoneIsNotSaidToHaveCome) {
+  for (const char* name : {"A.kwd", "A_WechselGas.dat", "B.kwd", "C.kwd", "C_WechselGas.dat"})
+    save(name, "gesichert");
+  put("C.kwd", "heute");
+  frmRuecksichern window(services);
+  show(window);
+  choose(window.Dir1, u"Stick"_s);
+  prompts.answer(Button::Ok);
+  window.Command1->click();
+  EXPECT_EQ(prompts.last().text, u"Es ist keine Datei ausgewählt. Es wurde nichts kopiert."_s);
+  EXPECT_EQ(inDataFolder(), std::vector<std::string>{"C.kwd"});
+  const auto clickYear = [&](int row, Qt::KeyboardModifiers keys) {
+    QTest::mouseClick(window.File3->viewport(), Qt::LeftButton, keys,
+                      window.File3->visualItemRect(window.File3->item(row)).center());
+  };
+  clickYear(0, {});
+  clickYear(2, Qt::ControlModifier);
+  EXPECT_EQ(window.lblFilename->text(), u"A.kwd, C.kwd"_s);
+  prompts.answer(Button::Ok);
+  window.Command1->click();
+  EXPECT_EQ(prompts.last().text,
+            u"Die oben ausgewählten, markierten Daten wurden wiederhergestellt."_s);
+  EXPECT_EQ(inDataFolder(), (std::vector<std::string>{"A.kwd", "A_WechselGas.dat", "C.kwd",
+                                                      "C_WechselGas.dat", "Sicherungen"}));
+  EXPECT_EQ(files->readText(dataFolder() + "C.kwd"), "gesichert");
 }
 
 TEST_F(CopyWindows, EachCopySaysWhatIsInIt) {
