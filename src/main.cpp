@@ -11,6 +11,7 @@ int main(int argc, char** argv) {
   if (line.action == app::CommandLine::Action::Windows) {
     QApplication application(argc, argv);
     app::Program program(application, line);
+    if (program.handedOver()) return 0;
     program.start();
     return QApplication::exec();
   }

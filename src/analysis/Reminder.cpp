@@ -36,19 +36,36 @@ std::vector<Ending> endings(const std::vector<Offer>& offers, base::Date today) 
   return due;
 }
 
-// Years of which something may be due: this one, the one before and the next, and those whose name
-// does not say.
-std::vector<Year> presentYears(base::FileSystem& files, const std::string& folder,
-                               base::Date today) {
-  std::vector<Year> years;
-  const bool flatRate = yearbook::readFlatRate(files, folder);
+// Names of years of which something may be due: this one, the one before and the next, and those
+// whose name does not say. The latest changed are enough, so that a long list costs no more than a
+// short one.
+std::vector<std::string> presentNames(base::FileSystem& files, const std::string& folder,
+                                      base::Date today) {
+  constexpr std::size_t kMost = 40;
+  std::vector<std::pair<std::chrono::system_clock::time_point, std::string>> found;
   for (const std::string& name : files.list(folder).value_or(std::vector<std::string>())) {
     if (!base::hasExtension(name, ".kwd")) continue;
     const auto number = yearInName(name);
     if (number && std::abs(*number - static_cast<int>(today.year())) > 1) continue;
-    // One that cannot be read is told about when it is opened.
-    if (auto year = readYear(files, folder + name, flatRate)) years.push_back(std::move(*year));
+    if (const auto info = files.info(folder + name)) found.emplace_back(info->modified, name);
   }
+  std::stable_sort(found.begin(), found.end(),
+                   [](const auto& a, const auto& b) { return a.first > b.first; });
+  if (found.size() > kMost) found.resize(kMost);
+  std::vector<std::string> names;
+  names.reserve(found.size());
+  for (auto& [modified, name] : found) names.push_back(std::move(name));
+  std::sort(names.begin(), names.end());
+  return names;
+}
+
+std::vector<Year> presentYears(base::FileSystem& files, const std::string& folder,
+                               base::Date today) {
+  std::vector<Year> years;
+  const bool flatRate = yearbook::readFlatRate(files, folder);
+  // One that cannot be read is told about when it is opened.
+  for (const std::string& name : presentNames(files, folder, today))
+    if (auto year = readYear(files, folder + name, flatRate)) years.push_back(std::move(*year));
   std::stable_sort(years.begin(), years.end(),
                    [](const Year& a, const Year& b) { return a.start < b.start; });
   return years;

@@ -4,6 +4,7 @@
 #include <QKeyEvent>
 #include <QLabel>
 #include <QPushButton>
+#include <QScreen>
 #include <QScrollArea>
 #include <QVBoxLayout>
 
@@ -54,7 +55,9 @@ HelpWindow::HelpWindow(const Content& content, QWidget* parent) : QWidget(parent
   close->setFocus();
   // High enough for the text where the screen is; the page scrolls elsewhere.
   const int width = 720 + 2 * 16 + 20;
-  resize(width, qMin(page->heightForWidth(width) + 70, 680));
+  constexpr QSize kDecoration(16, 40);
+  resize(QSize(width, qMin(page->heightForWidth(width) + 70, 680))
+             .boundedTo(screen()->availableSize() - kDecoration));
 }
 
 void HelpWindow::showInFront() {

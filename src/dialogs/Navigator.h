@@ -1,5 +1,7 @@
 #pragma once
 
+#include <string>
+
 namespace dialogs {
 
 // The ways between the windows that would point up the layers: from the main window back to the
@@ -7,8 +9,11 @@ namespace dialogs {
 class Navigator {
  public:
   virtual ~Navigator() = default;
-  // The new-database window over the main window, as the start window's action opens it.
-  virtual void showNewDatabase() = 0;
+  // The new-database window over the main window, as the start window's action opens it. Gives the
+  // path of the year that was made; "" when none was.
+  virtual std::string showNewDatabase() = 0;
+  // The year at that path takes the place of the one that is open.
+  virtual void openInstead(const std::string& path) = 0;
   // Closes start and main window, shows the start window afresh.
   virtual void restartAtStartWindow() = 0;
   // The picture windows.

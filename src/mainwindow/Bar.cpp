@@ -3,29 +3,51 @@
 #include <QAccessible>
 #include <QHBoxLayout>
 #include <QPainter>
+#include <QVBoxLayout>
+#include <algorithm>
 
 using namespace Qt::Literals::StringLiterals;
 
 namespace mainwindow {
+
+Bar::Bar(QWidget* parent) : QFrame(parent) {
+  hide();
+}
+
+void Bar::want(bool wanted) {
+  if (wanted == wanted_) return;
+  wanted_ = wanted;
+  Q_EMIT wantedChanged();
+}
+
+void Bar::captionClose(QToolButton* close) {
+  close->setText(u"✕"_s);
+  close->setAutoRaise(true);
+  close->setAccessibleName(u"Hinweis schließen"_s);
+  close->setToolTip(close->accessibleName());
+}
 
 void Bar::arrange(QLabel* text, QPushButton* way, QToolButton* close) {
   auto* row = new QHBoxLayout(this);
   row->setContentsMargins(12, 3, 8, 3);
   text->setWordWrap(true);
   text->setTextInteractionFlags(Qt::TextSelectableByMouse);
-  close->setText(u"✕"_s);
-  close->setAutoRaise(true);
-  close->setAccessibleName(u"Hinweis schließen"_s);
-  close->setToolTip(close->accessibleName());
+  captionClose(close);
   row->addWidget(text, 1);
   row->addWidget(way);
   row->addWidget(close);
-  hide();
 }
 
 void Bar::announce(QWidget* text) {
-  QAccessibleEvent alert(text, QAccessible::Alert);
+  toAnnounce_ = text;
+  if (!isVisible()) return;
+  QAccessibleEvent alert(std::exchange(toAnnounce_, nullptr), QAccessible::Alert);
   QAccessible::updateAccessibility(&alert);
+}
+
+void Bar::showEvent(QShowEvent* event) {
+  QFrame::showEvent(event);
+  if (toAnnounce_ != nullptr) announce(toAnnounce_);
 }
 
 void Bar::paintEvent(QPaintEvent*) {
@@ -36,6 +58,23 @@ void Bar::paintEvent(QPaintEvent*) {
   tint.setAlpha(34);
   painter.fillRect(rect(), tint);
   painter.fillRect(QRect(0, 0, kStripe, height()), accent);
+}
+
+BarPlace::BarPlace(QWidget* parent, const QList<Bar*>& bars) : QWidget(parent), bars_(bars) {
+  auto* rows = new QVBoxLayout(this);
+  rows->setContentsMargins(0, 0, 0, 0);
+  rows->setSpacing(0);
+  for (Bar* bar : bars_) {
+    rows->addWidget(bar);
+    connect(bar, &Bar::wantedChanged, this, &BarPlace::showFirst);
+  }
+  showFirst();
+}
+
+void BarPlace::showFirst() {
+  const auto first =
+      std::find_if(bars_.begin(), bars_.end(), [](Bar* bar) { return bar->isWanted(); });
+  for (Bar* bar : bars_) bar->setVisible(first != bars_.end() && bar == *first);
 }
 
 }  // namespace mainwindow

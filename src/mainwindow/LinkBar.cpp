@@ -11,7 +11,7 @@ LinkBar::LinkBar(QWidget* parent) : Bar(parent) {
   cmdDorthin->setAccessibleName(u"Dorthin"_s);
   connect(cmdAblesenZu, &QToolButton::clicked, this, [this] {
     closed_ = lblAblesen->text();
-    hide();
+    want(false);
   });
 }
 
@@ -23,7 +23,7 @@ void LinkBar::offer(const QString& text, const QString& way, QAction* action) {
   cmdDorthin->setText(QString(way).replace(u'&', u"&&"_s));
   if (!way.isEmpty()) cmdDorthin->setAccessibleName(way);
   cmdDorthin->setToolTip(way);
-  setVisible(wanted);
+  want(wanted);
   if (news) announce(lblAblesen);
 }
 

@@ -12,13 +12,13 @@ UndoBar::UndoBar(QWidget* parent) : Bar(parent) {
   cmdRueckgaengig->setAccessibleName(u"Rückgängig"_s);
   cmdRueckgaengig->setToolTip(u"Was vorher da war, kommt zurück (Strg+Z)"_s);
   cmdHinweisZu->setToolTip(u"Hinweis schließen; zurück geht es weiter mit Strg+Z"_s);
-  connect(cmdHinweisZu, &QToolButton::clicked, this, &QWidget::hide);
+  connect(cmdHinweisZu, &QToolButton::clicked, this, [this] { want(false); });
 }
 
 void UndoBar::offer(const QString& text) {
-  if (text == lblGeaendert->text() && isVisible() == !text.isEmpty()) return;
+  if (text == lblGeaendert->text() && isWanted() == !text.isEmpty()) return;
   lblGeaendert->setText(text);
-  setVisible(!text.isEmpty());
+  want(!text.isEmpty());
   if (text.isEmpty()) return;
   announce(lblGeaendert);
 }

@@ -18,6 +18,7 @@
 #include "yearbook/ui/WriteWatch.h"
 
 using namespace Qt::Literals::StringLiterals;
+using mainwindow::NoticeFrom;
 using yearbook::Utility;
 
 frmVerbrauch::frmVerbrauch(dialogs::Services& services,
@@ -43,6 +44,7 @@ frmVerbrauch::frmVerbrauch(dialogs::Services& services,
   connectEntryWindows();
   connectBookWindows();
   connectCharts();
+  addKeys();
   connect(editor_, &yearbook::YearEditor::changed, this, &frmVerbrauch::followModes);
   connect(editor_, &yearbook::YearEditor::changed, this, &frmVerbrauch::followSteps);
   connect(editor_, &yearbook::YearEditor::changed, this, &frmVerbrauch::followReadings);
@@ -54,8 +56,8 @@ frmVerbrauch::frmVerbrauch(dialogs::Services& services,
         offerIndexRepair();
       },
       Qt::QueuedConnection);
-  connect(new yearbook::WriteWatch(*editor_, TabStrip), &yearbook::WriteWatch::noticed, lblHinweis,
-          &mainwindow::Notice::say);
+  connect(new yearbook::WriteWatch(*editor_, TabStrip), &yearbook::WriteWatch::noticed, fraHinweis,
+          [this](const QString& notice) { fraHinweis->say(NoticeFrom::Storing, notice); });
   editor_->showAll();
   takeFittingSize();
 }
@@ -78,9 +80,8 @@ void frmVerbrauch::buildPages() {
   auto* rows = new QVBoxLayout(central);
   rows->setContentsMargins(0, 0, 0, 0);
   rows->setSpacing(0);
-  rows->addWidget(lblHinweis);
-  rows->addWidget(fraGeaendert);
-  rows->addWidget(fraAblesen);
+  rows->addWidget(new mainwindow::BarPlace(
+      central, {fraHinweis, fraGeaendert, fraNeuesJahr, fraErsteSchritte, fraAblesen}));
   rows->addWidget(TabStrip, 1);
   setCentralWidget(central);
 }
@@ -103,7 +104,9 @@ void frmVerbrauch::takeFittingSize() {
 void frmVerbrauch::showEvent(QShowEvent* event) {
   QMainWindow::showEvent(event);
   // After the first picture: what it asks shall not keep the window from appearing.
-  if (!event->spontaneous()) QTimer::singleShot(0, this, &frmVerbrauch::reactivate);
+  if (event->spontaneous()) return;
+  focusMonthlyJob();
+  QTimer::singleShot(0, this, &frmVerbrauch::reactivate);
 }
 
 void frmVerbrauch::closeEvent(QCloseEvent* event) {
@@ -124,7 +127,8 @@ void frmVerbrauch::offerIndexRepair() {
   const auto tables = yearbook::tablesWithDamagedIndex(session_->database());
   if (tables.empty() || indexRepairDeclined_) return;
   if (session_->readOnlyReason()) {
-    lblHinweis->add(QString::fromStdString(yearbook::damagedIndexNotice(tables)));
+    fraHinweis->say(NoticeFrom::Index,
+                    QString::fromStdString(yearbook::damagedIndexNotice(tables)));
     indexRepairDeclined_ = true;
     return;
   }
@@ -176,7 +180,7 @@ void frmVerbrauch::followSteps() {
   };
   follow(mnuUndo, u"&Rückgängig"_s, history.last());
   follow(mnuRedo, u"&Wiederherstellen"_s, history.next());
-  const bool fresh = history.depth() > stepsOffered_ || fraGeaendert->isVisible();
+  const bool fresh = history.depth() > stepsOffered_ || fraGeaendert->isWanted();
   const bool wayBack = history.last() && !history.next() && fresh;
   fraGeaendert->offer(wayBack ? QString::fromStdString(history.last()->notice) : QString());
   stepsOffered_ = history.depth();
@@ -191,8 +195,9 @@ void frmVerbrauch::mnuPauschaleClick(bool checked) {
   const auto saved = session_->storeFlatRate(checked);
   editor_->showAll();
   if (!saved)
-    lblHinweis->say(u"Die Einstellung der Pauschale gilt nur, bis das Programm endet: "_s +
-                    QString::fromStdString(base::germanReason(saved.error())));
+    fraHinweis->say(NoticeFrom::FlatRate,
+                    u"Die Einstellung der Pauschale gilt nur, bis das Programm endet: "_s +
+                        QString::fromStdString(base::germanReason(saved.error())));
 }
 
 void frmVerbrauch::mnuNachtstromClick() {

@@ -8,8 +8,10 @@
 #include <memory>
 
 #include "dialogs/Services.h"
+#include "mainwindow/FirstStepsPanel.h"
 #include "mainwindow/LinkBar.h"
-#include "mainwindow/Notice.h"
+#include "mainwindow/NewYearBar.h"
+#include "mainwindow/NoticeBar.h"
 #include "mainwindow/UndoBar.h"
 #include "reports/ui/DetailPage.h"
 #include "reports/ui/OverviewPage.h"
@@ -38,8 +40,11 @@ class frmVerbrauch final : public QMainWindow {
 
   yearbook::YearSession& session() { return *session_; }
 
-  mainwindow::Notice* const lblHinweis = new mainwindow::Notice(this);
+  mainwindow::NoticeBar* const fraHinweis = new mainwindow::NoticeBar(this);
+  QLabel* const lblHinweis = fraHinweis->lblHinweis;
   mainwindow::UndoBar* const fraGeaendert = new mainwindow::UndoBar(this);
+  mainwindow::NewYearBar* const fraNeuesJahr = new mainwindow::NewYearBar(this);
+  mainwindow::FirstStepsPanel* const fraErsteSchritte = new mainwindow::FirstStepsPanel(this);
   mainwindow::LinkBar* const fraAblesen = new mainwindow::LinkBar(this);
   QTabWidget* const TabStrip = widgets::control<QTabWidget>(this, "TabStrip");
   yearbook::ElectricityPage* const Frame1 = new yearbook::ElectricityPage(TabStrip, *editor_);
@@ -86,6 +91,8 @@ class frmVerbrauch final : public QMainWindow {
   void showEvent(QShowEvent* event) override;
   // Stays when what is being typed has to be refused.
   void closeEvent(QCloseEvent* event) override;
+  // Enter presses the button that has the focus.
+  void keyPressEvent(QKeyEvent* event) override;
 
  private:
   QMenu* menu(const char* name);
@@ -110,6 +117,11 @@ class frmVerbrauch final : public QMainWindow {
   void showProjection();
   void showCarryOver();
   void followReadings();
+  void followFirstSteps(const std::optional<std::string>& before);
+  void goToStep(yearbook::FirstStep step);
+  void addKeys();
+  void print();
+  void focusMonthlyJob();
   void showChart(const QString& mode);
   void showComparison(yearbook::Utility utility);
 
@@ -132,5 +144,6 @@ class frmVerbrauch final : public QMainWindow {
   void clearSelected();
 
   bool indexRepairDeclined_ = false;
+  bool guided_ = false;  // the first steps were shown, and go on when the first month is read
   std::size_t stepsOffered_ = 0;  // the depth of the history that the bar speaks of
 };

@@ -168,8 +168,12 @@ void frmVerbrauch::setUtilityButtonsEnabled(bool enabled) {
 
 void frmVerbrauch::connectMenus() {
   connect(mnuNew, &QAction::triggered, this, [this] {
-    services_.navigator.showNewDatabase();
+    if (const std::string made = services_.navigator.showNewDatabase(); !made.empty())
+      fraNeuesJahr->offer(made);
     reactivate();
+  });
+  connect(fraNeuesJahr->cmdNeuesJahr, &QPushButton::clicked, this, [this] {
+    if (finishEntry()) services_.navigator.openInstead(fraNeuesJahr->path());
   });
   connect(mnuOpen, &QAction::triggered, this, [this] {
     if (finishEntry()) services_.navigator.restartAtStartWindow();

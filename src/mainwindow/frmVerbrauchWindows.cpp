@@ -55,6 +55,9 @@ void frmVerbrauch::connectBookWindows() {
     connect(months->recordMonth, &QPushButton::clicked, mnuMonatErfassen, &QAction::trigger);
   opens<frmAblesebuch>(mnuAblesebuch);
   connect(mnuFortfuehren, &QAction::triggered, this, &frmVerbrauch::showCarryOver);
+  connect(fraErsteSchritte->cmdAusVorjahr, &QPushButton::clicked, mnuFortfuehren,
+          &QAction::trigger);
+  connect(fraErsteSchritte, &mainwindow::FirstStepsPanel::chosen, this, &frmVerbrauch::goToStep);
   connect(fraAblesen->cmdDorthin, &QPushButton::clicked, this, [this] { fraAblesen->follow(); });
 }
 
@@ -91,6 +94,7 @@ void frmVerbrauch::followReadings() {
   const auto before = unread.empty() && nextyear::isEmpty(*session_)
                           ? nextyear::yearBefore(*session_)
                           : std::nullopt;
+  followFirstSteps(before);
   if (before)
     fraAblesen->offer(u"Dieses Jahr ist noch leer."_s,
                       u"Aus %1 übernehmen…"_s.arg(

@@ -1,13 +1,47 @@
 #include "widgets/ProgramStyle.h"
 
+#include <QButtonGroup>
 #include <QPainter>
 #include <QPointer>
+#include <QRadioButton>
 #include <QStyleOption>
 
 #include "widgets/LateIcon.h"
 #include "widgets/Tones.h"
 
 namespace widgets {
+namespace {
+
+QList<QAbstractButton*> groupOf(const QRadioButton* option) {
+  if (option->group() != nullptr) return option->group()->buttons();
+  if (!option->autoExclusive() || option->parentWidget() == nullptr) return {};
+  QList<QAbstractButton*> group;
+  for (auto* sibling :
+       option->parentWidget()->findChildren<QRadioButton*>(QString(), Qt::FindDirectChildrenOnly))
+    if (sibling->group() == nullptr && sibling->autoExclusive()) group.append(sibling);
+  return group;
+}
+
+void stopAt(const QRadioButton* chosen) {
+  for (QAbstractButton* option : groupOf(chosen)) {
+    const bool stops = option == chosen;
+    const int policy =
+        stops ? option->focusPolicy() | Qt::TabFocus : option->focusPolicy() & ~Qt::TabFocus;
+    option->setFocusPolicy(Qt::FocusPolicy(policy));
+  }
+}
+
+}  // namespace
+
+void ProgramStyle::polish(QWidget* widget) {
+  QProxyStyle::polish(widget);
+  auto* option = qobject_cast<QRadioButton*>(widget);
+  if (option == nullptr) return;
+  if (option->isChecked()) stopAt(option);
+  QObject::connect(option, &QRadioButton::toggled, option, [option](bool chosen) {
+    if (chosen) stopAt(option);
+  });
+}
 
 QIcon ProgramStyle::standardIcon(StandardPixmap which, const QStyleOption* option,
                                  const QWidget* widget) const {

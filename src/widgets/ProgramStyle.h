@@ -4,14 +4,16 @@
 
 namespace widgets {
 
-// The system's style, or the one of that name, with two changes. In dark its field lines are darker
-// than their ground: fields, check boxes and radio buttons get a line that can be seen. And the
-// arrow of menu bars and toolbars that are too narrow is fetched when it is drawn: the style
+// The system's style, or the one of that name, with three changes. In dark its field lines are
+// darker than their ground: fields, check boxes and radio buttons get a line that can be seen. And
+// the arrow of menu bars and toolbars that are too narrow is fetched when it is drawn: the style
 // decodes it for every bar, seen or not, and the first decoded picture makes Qt load all its
-// picture plug-ins.
+// picture plug-ins. And Tab goes to the chosen option of a group, as everywhere, not to the first.
 class ProgramStyle final : public QProxyStyle {
  public:
+  using QProxyStyle::polish;
   using QProxyStyle::QProxyStyle;
+  void polish(QWidget* widget) override;
   QIcon standardIcon(StandardPixmap which, const QStyleOption* option,
                      const QWidget* widget) const override;
   void drawPrimitive(PrimitiveElement element, const QStyleOption* option, QPainter* painter,

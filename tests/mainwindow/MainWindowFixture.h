@@ -14,6 +14,7 @@
 #include "support/MemoryFileSystem.h"
 #include "support/ui/FakeNavigator.h"
 #include "support/ui/FakePrompts.h"
+#include "widgets/UserSettings.h"
 
 // The main window on a year of the sample household or on an empty one, shown and settled.
 class MainWindowFixture : public testing::Test {
@@ -22,7 +23,10 @@ class MainWindowFixture : public testing::Test {
   static constexpr const char* kSample = "/daten/Verbrauch2025.kwd";
   static constexpr const char* kEmpty = "/daten/Verbrauch.kwd";
 
-  MainWindowFixture() { paths.DataFolder = kFolder; }
+  MainWindowFixture() {
+    paths.DataFolder = kFolder;
+    widgets::userSettings().clear();
+  }
 
   void makeSample() { ASSERT_TRUE(sample::makeBoth(disk, kFolder, support::emptyYear())); }
 

@@ -37,7 +37,8 @@ class SilentPrompts final : public dialogs::Prompts {
 // Leads nowhere.
 class Standstill final : public dialogs::Navigator, public dialogs::Shell, public app::YearOpener {
  public:
-  void showNewDatabase() override {}
+  std::string showNewDatabase() override { return {}; }
+  void openInstead(const std::string&) override {}
   void restartAtStartWindow() override {}
   void showHelp() override {}
   void showMeterChangeHelp() override {}
@@ -48,6 +49,7 @@ class Standstill final : public dialogs::Navigator, public dialogs::Shell, publi
   void openYear() override {}
   void openYearAt(const QString&) override {}
   void openYearOver(QWidget*) override {}
+  void openFile(const std::string&) override {}
 };
 
 // The sample household on a disk in memory, always the same: the finished years 2024 and 2025, an

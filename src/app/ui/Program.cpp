@@ -7,6 +7,7 @@
 #include "app/SafetyCopies.h"
 #include "app/YearFiles.h"
 #include "app/ui/OpenYearKeeper.h"
+#include "app/ui/RunningProgram.h"
 #include "app/ui/WindowNavigator.h"
 #include "base/GermanDate.h"
 #include "base/Paths.h"
@@ -31,6 +32,7 @@ struct Program::Parts {
   WindowNavigator navigator;
   OpenYearKeeper keeper;
   dialogs::Services services{paths, *files, clock, prompts, shell, navigator, &keeper};
+  RunningProgram running;
 
   YearWindow openYear(QWidget* parent);
   std::string openingProblem(const base::Error& error) const;
@@ -62,7 +64,9 @@ YearWindow Program::Parts::openYear(QWidget* parent) {
     return {};
   }
   auto* window = new frmVerbrauch(services, std::move(*year), parent);
-  return {window, [window](const QString& text) { window->lblHinweis->add(text); }};
+  return {window, [window](const QString& text) {
+            window->fraHinweis->say(mainwindow::NoticeFrom::SafetyCopy, text);
+          }};
 }
 
 Program::Program(QApplication& application, const CommandLine& line)
@@ -89,8 +93,15 @@ Program::~Program() {
   parts_->navigator.end();
 }
 
+// Who names a data folder wants it in a window of its own.
+bool Program::handedOver() const {
+  const CommandLine& line = parts_->line;
+  return !line.file.empty() && line.dataFolder.empty() && RunningProgram::handOver(line.file);
+}
+
 void Program::start() {
   Parts& parts = *parts_;
+  parts.running.listen([&parts](const std::string& path) { parts.navigator.openFile(path); });
   if (parts.line.file.empty()) {
     parts.navigator.showStartWindow();
     return;

@@ -15,6 +15,9 @@ class Program {
   Program(QApplication& application, const CommandLine& line);
   ~Program();
 
+  // True when a program that runs already opens the year that the command line names.
+  bool handedOver() const;
+
   // The start window, or the year that the command line names; a year that cannot be opened is
   // explained, and the start window comes instead.
   void start();

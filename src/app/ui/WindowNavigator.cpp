@@ -8,6 +8,9 @@
 #include "app/StrayJournal.h"
 #include "app/YearFiles.h"
 #include "app/ui/FileBoxes.h"
+#include "app/ui/RecentYears.h"
+#include "app/ui/YearDrop.h"
+#include "base/CurrentFolder.h"
 #include "base/Paths.h"
 #include "dialogs/Prompts.h"
 
@@ -51,6 +54,7 @@ void WindowNavigator::begin(dialogs::Services& services, const SystemFacts& fact
 
 void WindowNavigator::showStartWindow() {
   start_ = new frmVerbrStart(*services_, facts_, *this);
+  takeDrops(start_);
   start_->show();
 }
 
@@ -67,6 +71,8 @@ QWidget* WindowNavigator::makeMainWindow(QWidget* parent) {
   year.window->setAttribute(Qt::WA_DeleteOnClose);
   followSafetyCopy(copy, year);
   main_ = year.window;
+  takeDrops(main_);
+  rememberYear(QString::fromStdString(path));
   return year.window;
 }
 
@@ -127,8 +133,52 @@ void WindowNavigator::openYearOver(QWidget* start) {
   if (const auto next = std::exchange(afterYear_, nullptr)) next();
 }
 
-void WindowNavigator::showNewDatabase() {
-  showNewDatabaseWindow(*services_, frontWindow());
+void WindowNavigator::takeDrops(QWidget* window) {
+  new YearDrop(window, [this](const std::string& path) { openFile(path); });
+}
+
+void WindowNavigator::bringToFront() {
+  QWidget* front = main_ ? main_.data() : static_cast<QWidget*>(start_.data());
+  if (front == nullptr) return;
+  front->setWindowState(front->windowState() & ~Qt::WindowMinimized);
+  front->raise();
+  front->activateWindow();
+  QApplication::alert(front);
+}
+
+void WindowNavigator::openFile(const std::string& path) {
+  constexpr int kMoment = 300;
+  if (const QWidget* modal = QApplication::activeModalWidget(); modal && modal != main_) {
+    const bool tries = !std::exchange(waiting_, path).empty();
+    if (tries) return;
+    QApplication::alert(QApplication::activeModalWidget());
+    QTimer::singleShot(kMoment, qApp, [this] { openFile(std::exchange(waiting_, {})); });
+    return;
+  }
+  if (path.empty()) return;
+  if (!main_) return openAt(path);
+  if (services_->paths.YearDatabasePath == path) return bringToFront();
+  leaveYear([this, path] { openAt(path); });
+}
+
+// When it cannot be opened everything stays where it was.
+void WindowNavigator::openAt(const std::string& path) {
+  const base::PathState before = services_->paths;
+  SystemFacts itsOwnFolder = facts_;
+  itsOwnFolder.chosenDataFolder.clear();
+  settleFoldersAt(services_->paths, services_->files, itsOwnFolder, path);
+  openYear();
+  if (main_) {
+    if (isNamedAsYear(path)) stayInFolder(std::string(base::folderOf(path)));
+    return bringToFront();
+  }
+  services_->paths = before;
+  base::ignore(base::makeCurrent(before.DataFolder), "what is read or written names its folder");
+  if (!start_) showStartWindow();
+}
+
+std::string WindowNavigator::showNewDatabase() {
+  return showNewDatabaseWindow(*services_, frontWindow());
 }
 
 // Later, for the caller is a handler of the window that goes. The start window stays until the call

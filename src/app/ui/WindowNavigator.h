@@ -38,8 +38,13 @@ class WindowNavigator final : public dialogs::Navigator, public YearOpener {
   void openYear() override;
   void openYearAt(const QString& action) override;
   void openYearOver(QWidget* start) override;
+  // From wherever it comes: dropped, recently opened, handed over by another start of the program.
+  // Its folder is the data folder then. A year that is open comes to the front; while a window asks
+  // or takes entries it waits.
+  void openFile(const std::string& path) override;
 
-  void showNewDatabase() override;
+  std::string showNewDatabase() override;
+  void openInstead(const std::string& path) override { openFile(path); }
   void restartAtStartWindow() override;
   void showHelp() override;
   void showMeterChangeHelp() override;
@@ -47,6 +52,9 @@ class WindowNavigator final : public dialogs::Navigator, public YearOpener {
 
  private:
   QWidget* makeMainWindow(QWidget* parent);
+  void openAt(const std::string& path);
+  void bringToFront();
+  void takeDrops(QWidget* window);
   void leaveYear(std::function<void()> next);
   void offerWaitingChange(QWidget* owner, const std::string& folder, const std::string& name);
   void followSafetyCopy(const std::shared_ptr<OpeningCopy>& copy, const YearWindow& year);
@@ -58,6 +66,7 @@ class WindowNavigator final : public dialogs::Navigator, public YearOpener {
   QPointer<QWidget> main_;
   bool yearOverStart_ = false;  // openYearOver() has not returned
   std::function<void()> afterYear_;
+  std::string waiting_;  // the file that is opened as soon as no other window is in the way
   QPointer<frmHilfe> help_;
   QPointer<frmHilfeZaehlerWechs> meterChangeHelp_;
 };

@@ -13,6 +13,7 @@
 #include "app/ui/frmRuecksichern.h"
 #include "app/ui/frmSichern.h"
 #include "base/CurrentFolder.h"
+#include "base/Paths.h"
 #include "dialogs/Prompts.h"
 #include "dialogs/Shell.h"
 #include "dialogs/WindowPlace.h"
@@ -28,10 +29,11 @@ void PlayClick(dialogs::Services& services) {
   services.shell.playSound(QString::fromStdString(services.paths.ProgramFolder) + u"click.wav"_s);
 }
 
-void showNewDatabaseWindow(dialogs::Services& services, QWidget* owner) {
+std::string showNewDatabaseWindow(dialogs::Services& services, QWidget* owner) {
   PlayClick(services);
   frmNeuVerbrauch window(services, owner);
   window.exec();
+  return window.made();
 }
 
 }  // namespace app
@@ -44,6 +46,8 @@ frmVerbrStart::frmVerbrStart(dialogs::Services& services, const app::SystemFacts
   setAttribute(Qt::WA_DeleteOnClose);
   filFiles->setLister(app::filesOf(services.files, app::kYearExtension));
   FilesWechsel->setLister(app::filesOf(services.files, app::kSideExtension));
+  filFiles->setDescriber(
+      [&files = services.files](const QString& path) { return app::describeYear(files, path); });
   setTexts();
   buildMenus();
   buildLayout();
@@ -75,6 +79,8 @@ void frmVerbrStart::activate() {
   const QString standard = QString::fromUtf8(app::kDefaultYear.data(), app::kDefaultYear.size());
   if (filFiles->selectName(standard)) filFilesClick(standard);
   showReminder();
+  offerLastYear();
+  followFolder();
   if (problem) tellLater(*problem);
 }
 
@@ -105,6 +111,7 @@ void frmVerbrStart::filFilesClick(const QString& name) {
 
 void frmVerbrStart::filFilesDblClick(const QString& name) {
   filFilesClick(name);
+  if (app::isUnreadableName(name)) return mnuOpenClick();
   const QPointer<frmVerbrStart> self = this;
   opener_.openYearOver(this);
   // The main window can end the program, or replace this window by a fresh one.
@@ -122,6 +129,14 @@ void frmVerbrStart::cmdHausratClick() {
 
 void frmVerbrStart::mnuOpenClick() {
   if (!hasSelection()) return;
+  if (app::isUnreadableName(lblFilename->text())) {
+    services_.prompts.tell(
+        this,
+        u"Der Name dieser Datei enthält Zeichen, die nicht in UTF-8 geschrieben sind. Sie lässt "
+        "sich öffnen, wenn sie umbenannt ist."_s,
+        u"Jahr öffnen"_s, Icon::Warning);
+    return;
+  }
   app::selectYear(services_.paths, services_.files, lblFilename->text().toStdString());
   app::PlayClick(services_);
   opener_.openYear();
@@ -147,11 +162,12 @@ void frmVerbrStart::Option1Click(int index) {
     default:
       break;
   }
-  Option1(5)->setChecked(true);
+  for (widgets::ActionOption* option : Option1) option->setChecked(option == Option1(5));
 }
 
 void frmVerbrStart::mnuAnlegenClick() {
-  app::showNewDatabaseWindow(services_, this);
+  const std::string made = app::showNewDatabaseWindow(services_, this);
+  if (!made.empty()) newYear_ = QString::fromStdString(std::string(base::fileName(made)));
   filFiles->refresh();
   activate();
 }
@@ -227,6 +243,7 @@ void frmVerbrStart::mnuPfadLRVClick() {
   // A year of the same name here is another one.
   filFiles->setFolder({});
   lblFilename->clear();
+  newYear_.clear();
   activate();
   QString text = u"Der Pfad zur Datenbank wurde geändert auf:  "_s +
                  QString::fromStdString(services_.paths.DataFolder);

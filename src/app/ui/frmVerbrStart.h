@@ -1,12 +1,16 @@
 #pragma once
 
 #include <QAction>
+#include <QFileSystemWatcher>
+#include <QFrame>
 #include <QLabel>
 #include <QMainWindow>
 #include <QMenu>
 #include <QPointer>
 #include <QPushButton>
+#include <QTimer>
 #include <optional>
+#include <string>
 
 #include "app/DataFolder.h"
 #include "dialogs/HelpWindows.h"
@@ -18,6 +22,7 @@
 namespace mainwindow {
 class LinkBar;
 }
+class QBoxLayout;
 
 namespace app {
 
@@ -32,12 +37,16 @@ class YearOpener {
   virtual void openYearAt(const QString& action) = 0;
   // The main window over the start window; returns when it has closed.
   virtual void openYearOver(QWidget* start) = 0;
+  // The same as openYear() for a year that may lie in another folder, which is the data folder
+  // then.
+  virtual void openFile(const std::string& path) = 0;
 };
 
 // Plays the click that goes with opening.
 void PlayClick(dialogs::Services& services);
-// The new-database window, modal over the owner.
-void showNewDatabaseWindow(dialogs::Services& services, QWidget* owner);
+// The new-database window, modal over the owner. Gives the path of the year that was made, "" when
+// none was.
+std::string showNewDatabaseWindow(dialogs::Services& services, QWidget* owner);
 
 }  // namespace app
 
@@ -45,7 +54,8 @@ void showNewDatabaseWindow(dialogs::Services& services, QWidget* owner);
 // saves them.
 //
 // It looks at the folder again ("activation") after it was shown and after another window that it
-// opened has closed, never after a message box.
+// opened has closed, never after a message box. In between the list follows the folder by itself,
+// without touching the choice.
 class frmVerbrStart final : public QMainWindow {
   Q_OBJECT
  public:
@@ -56,6 +66,8 @@ class frmVerbrStart final : public QMainWindow {
   widgets::FileList* const filFiles = widgets::control<widgets::FileList>(this, "filFiles");
   // The side files of all years; not shown.
   widgets::FileList* const FilesWechsel = widgets::control<widgets::FileList>(this, "FilesWechsel");
+  // The year last worked in, or the one made just now; hidden while the folder has neither.
+  QPushButton* const cmdWeiter = widgets::control<QPushButton>(this, "cmdWeiter");
   QLabel* const lblAuswahl = widgets::control<QLabel>(this, "lblAuswahl");
   QLabel* const lblFilename = widgets::control<QLabel>(this, "lblFilename");
   QPushButton* const cmdHausrat = widgets::control<QPushButton>(this, "cmdHausrat");
@@ -69,6 +81,7 @@ class frmVerbrStart final : public QMainWindow {
   QAction* const mnuOpen = entry("mnuOpen");
   QAction* const mnuAnlegen = entry("mnuAnlegen");
   QAction* const mnuDatDel = entry("mnuDatDel");
+  QMenu* const mnuZuletzt = menu("mnuZuletzt");
   QAction* const mnuClose = entry("mnuClose");
   QMenu* const mnuVerbrDat = menu("mnuVerbrDat");
   QAction* const mnuSichern = entry("mnuSichern");
@@ -86,6 +99,10 @@ class frmVerbrStart final : public QMainWindow {
 
  protected:
   void showEvent(QShowEvent* event) override;
+  // Enter presses the button that has the focus, F5 looks at the folder again.
+  void keyPressEvent(QKeyEvent* event) override;
+  // Two captions ask for Alt+V: it presses the button.
+  bool eventFilter(QObject* watched, QEvent* event) override;
 
  private:
   QMenu* menu(const char* name);
@@ -100,10 +117,16 @@ class frmVerbrStart final : public QMainWindow {
   void showReminder();
   void followReminder();
   void buildOptions();
+  void arrangeButtons(QBoxLayout* actions);
   void connectControls();
 
   void load();
   void refillLists();
+  void followFolder();
+  void lookAgain();
+  void offerLastYear();
+  void cmdWeiterClick();
+  void fillRecentYears();
   void filFilesClick(const QString& name);
   void filFilesDblClick(const QString& name);
   void cmdHausratClick();
@@ -130,4 +153,9 @@ class frmVerbrStart final : public QMainWindow {
   QPointer<frmHilfe> help_;
   mainwindow::LinkBar* fraAblesen_ = nullptr;
   QString dueYear_;  // of the reminder
+  QFileSystemWatcher folderWatch_;
+  QTimer folderChanged_;
+  QFrame* const belowWeiter_ = new QFrame(this);
+  QString lastYear_;  // what cmdWeiter opens
+  QString newYear_;   // made in this window
 };

@@ -1,9 +1,11 @@
+#include <QBoxLayout>
 #include <QGridLayout>
 #include <QMenuBar>
 #include <QVBoxLayout>
 
 #include "app/ui/frmVerbrStart.h"
 #include "dialogs/LookMenu.h"
+#include "widgets/MenuKey.h"
 #include "widgets/Pictures.h"
 
 using namespace Qt::Literals::StringLiterals;
@@ -26,7 +28,9 @@ void frmVerbrStart::buildMenus() {
   mnuAnlegen->setText(u"Neue Datei anlegen"_s);
   mnuDatDel->setText(u"Datei löschen"_s);
   mnuClose->setText(u"Fenster schließen"_s);
+  mnuZuletzt->setTitle(u"&Zuletzt geöffnet"_s);
   mnuDatei->addActions({mnuOpen, mnuAnlegen, mnuDatDel});
+  mnuDatei->addMenu(mnuZuletzt);
   mnuDatei->addSeparator()->setObjectName(u"mnuSep3"_s);
   mnuDatei->addAction(mnuClose);
 
@@ -81,8 +85,10 @@ void frmVerbrStart::buildOptions() {
   Option1(2)->setIcon(widgets::icon(u"speichern"_s));
   for (const int index : {0, 1, 2}) {
     Option1(index)->setIconSize(QSize(24, 24));
-    Option1(index)->setMinimumHeight(40);
+    Option1(index)->setMinimumHeight(36);
   }
+  // Each is reached by Tab; in a group only the chosen one is. The window unchecks them.
+  for (widgets::ActionOption* option : Option1) option->setAutoExclusive(false);
   // Members without an action of their own are not offered.
   for (const int index : {3, 4, 5}) Option1(index)->hide();
   Option1(5)->setChecked(true);
@@ -92,24 +98,12 @@ void frmVerbrStart::buildLayout() {
   buildOptions();
   FilesWechsel->hide();
   Label1->setWordWrap(true);
-  // Set off by size alone: a bold face would be the second font file before the first window.
-  QFont large = font();
-  large.setPointSizeF(large.pointSizeF() * 1.15);
-  filFiles->setFont(large);
-  filFiles->setSpacing(3);
-  lblFilename->setFont(large);
   lblFilename->setTextFormat(Qt::PlainText);
   lblFilename->setWordWrap(true);
-  lblFilename->setMinimumHeight(lblFilename->fontMetrics().lineSpacing() * 2);
   lblFilename->setAlignment(Qt::AlignTop | Qt::AlignLeft);
   // A long name without blanks must not push the window off the screen.
   for (QLabel* label : {lblFilename, lblGeloescht, lblDatenordner})
     label->setSizePolicy(QSizePolicy::Ignored, QSizePolicy::Preferred);
-  cmdHausrat->setIcon(widgets::icon(u"jahr"_s));
-  cmdHausrat->setIconSize(QSize(32, 32));
-  cmdHausrat->setMinimumHeight(56);
-  cmdHausrat->setMinimumWidth(cmdHausrat->sizeHint().width() + 32);
-  cmdHausrat->setDefault(true);
   lblGeloescht->setTextFormat(Qt::PlainText);
   lblGeloescht->setTextInteractionFlags(Qt::TextSelectableByMouse);
   lblGeloescht->setWordWrap(true);
@@ -120,18 +114,12 @@ void frmVerbrStart::buildLayout() {
   lblDatenordner->setForegroundRole(QPalette::PlaceholderText);
 
   auto* actions = new QVBoxLayout;
-  actions->setSpacing(10);
-  actions->addWidget(lblAuswahl);
-  actions->addWidget(lblFilename);
-  actions->addWidget(cmdHausrat);
-  actions->addSpacing(14);
-  for (const int index : {0, 1, 2}) actions->addWidget(Option1(index));
-  actions->addStretch();
+  arrangeButtons(actions);
 
   auto* page = new QWidget;
   auto* grid = new QGridLayout(page);
-  grid->setContentsMargins(20, 16, 20, 14);
-  grid->setHorizontalSpacing(22);
+  grid->setContentsMargins(16, 12, 16, 12);
+  grid->setHorizontalSpacing(16);
   grid->setVerticalSpacing(12);
   grid->addWidget(Label1, 0, 0, 1, 2);
   grid->addWidget(filFiles, 1, 0);
@@ -146,11 +134,39 @@ void frmVerbrStart::buildLayout() {
   rows->addWidget(makeReminder());
   rows->addWidget(page, 1);
   setCentralWidget(window);
-  setTabOrder(filFiles, cmdHausrat);
+  setTabOrder(filFiles, cmdWeiter);
+  setTabOrder(cmdWeiter, cmdHausrat);
   setTabOrder(cmdHausrat, Option1(0));
   setTabOrder(Option1(0), Option1(1));
   setTabOrder(Option1(1), Option1(2));
-  resize(660, 440);
+  resize(760, 490);
+}
+
+void frmVerbrStart::arrangeButtons(QBoxLayout* actions) {
+  QFont head = font();
+  head.setBold(true);
+  cmdWeiter->setFont(head);
+  cmdWeiter->setIcon(widgets::icon(u"jahr"_s));
+  cmdWeiter->setIconSize(QSize(24, 24));
+  cmdWeiter->setMinimumHeight(48);
+  belowWeiter_->setFrameShape(QFrame::HLine);
+  belowWeiter_->setFrameShadow(QFrame::Sunken);
+  head.setPointSizeF(head.pointSizeF() * 1.25);
+  lblFilename->setFont(head);
+  lblFilename->setMinimumHeight(lblFilename->fontMetrics().lineSpacing());
+  cmdHausrat->setIcon(widgets::icon(u"öffnen"_s));
+  cmdHausrat->setIconSize(QSize(24, 24));
+  cmdHausrat->setMinimumHeight(36);
+  cmdHausrat->setMinimumWidth(cmdHausrat->sizeHint().width() + 32);
+
+  actions->setSpacing(8);
+  actions->addWidget(cmdWeiter);
+  actions->addWidget(belowWeiter_);
+  actions->addWidget(lblAuswahl);
+  actions->addWidget(lblFilename);
+  actions->addWidget(cmdHausrat);
+  for (const int index : {0, 1, 2}) actions->addWidget(Option1(index));
+  actions->addStretch();
 }
 
 void frmVerbrStart::connectControls() {
@@ -160,6 +176,18 @@ void frmVerbrStart::connectControls() {
   for (int index = 0; index < Option1.size(); ++index)
     connect(Option1(index), &QAbstractButton::clicked, this,
             [this, index] { Option1Click(index); });
+  connect(cmdWeiter, &QPushButton::clicked, this, &frmVerbrStart::cmdWeiterClick);
+  // The captions of the button and of a menu share a letter.
+  cmdHausrat->installEventFilter(this);
+  menuBar()->installEventFilter(this);
+  widgets::addMenuKey(*this);
+  constexpr int kQuiet = 300;  // milliseconds after the last change
+  folderChanged_.setSingleShot(true);
+  folderChanged_.setInterval(kQuiet);
+  connect(&folderChanged_, &QTimer::timeout, this, &frmVerbrStart::lookAgain);
+  connect(&folderWatch_, &QFileSystemWatcher::directoryChanged, &folderChanged_,
+          qOverload<>(&QTimer::start));
+  connect(mnuDatei, &QMenu::aboutToShow, this, &frmVerbrStart::fillRecentYears);
   connect(mnuOpen, &QAction::triggered, this, &frmVerbrStart::mnuOpenClick);
   connect(mnuAnlegen, &QAction::triggered, this, &frmVerbrStart::mnuAnlegenClick);
   connect(mnuDatDel, &QAction::triggered, this, &frmVerbrStart::mnuDatDelClick);

@@ -10,7 +10,7 @@ using analysis::Reminder;
 QWidget* frmVerbrStart::makeReminder() {
   fraAblesen_ = new mainwindow::LinkBar(this);
   connect(fraAblesen_->cmdDorthin, &QPushButton::clicked, this, &frmVerbrStart::followReminder);
-  return fraAblesen_;
+  return new mainwindow::BarPlace(this, {fraAblesen_});
 }
 
 void frmVerbrStart::showReminder() {

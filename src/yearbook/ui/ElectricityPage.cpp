@@ -24,8 +24,8 @@ ElectricityPage::ElectricityPage(QWidget* parent, YearEditor& editor)
   bindFields();
   bindDate();
   showNight(true);
-  chainFields({txtAnfStandST, txtTPreis, txtAnfStandSN, txtGrundgebS, txtMwStS, txtDatumStrom,
-               txtKwImJahrFrei},
+  chainFields({cmdEingabeVerbrauchS, txtAnfStandST, txtTPreis, txtAnfStandSN, txtGrundgebS,
+               txtMwStS, txtDatumStrom, txtKwImJahrFrei},
               *months);
   connect(&editor, &YearEditor::changed, this, &ElectricityPage::showValues);
 }

@@ -22,7 +22,8 @@ GasPage::GasPage(QWidget* parent, YearEditor& editor)
   result_->addButton(comparisonButton(cmdDiagrVergleichG));
   bindFields();
   placeMeters({gas_, nullptr, contract_, months, result_});
-  chainFields({txtAnfStandG, txtFaktor, txtPreisGas, txtGrundgebG, txtMwStG}, *months);
+  chainFields({cmdEingabeVerbrauchG, txtAnfStandG, txtFaktor, txtPreisGas, txtGrundgebG, txtMwStG},
+              *months);
   connect(&editor, &YearEditor::changed, this, &GasPage::showValues);
 }
 

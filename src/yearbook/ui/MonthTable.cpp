@@ -127,7 +127,7 @@ void MonthTable::buildSums(QGridLayout* grid) {
   zeroAdvances->setText(u"&Alle Monate auf 0,00 setzen"_s);
   zeroAdvances->setAccessibleName(u"Abschläge: Alle Monate auf 0,00 setzen"_s);
   grid->addWidget(zeroAdvances, kButtonRow, kBar, 1, kColumns - kBar, Qt::AlignRight);
-  recordMonth->setText(u"Monat erfassen…"_s);
+  recordMonth->setText(u"&Monat erfassen…"_s);
   recordMonth->setToolTip(u"Die Stände aller Zähler für einen Monat eingeben (Strg+M)"_s);
   recordMonth->setAccessibleName(u"Monat erfassen"_s);
   grid->addWidget(recordMonth, kButtonRow, kMonth, 1, kBar - kMonth, Qt::AlignLeft);

@@ -92,9 +92,11 @@ QPushButton* UtilityPage::button(QPushButton* made, const QString& caption,
 }
 
 void UtilityPage::entryButtons(QPushButton* readings, const QString& readingsTip,
-                               QPushButton* prices, const QString& pricesTip) const {
-  button(readings, u"Eingabe Zählerstand..."_s, readingsTip);
-  button(prices, u"Preise je Monat..."_s, pricesTip);
+                               QPushButton* prices, const QString& pricesTip) {
+  // Of two meters the first has the letters.
+  const bool first = std::exchange(lettersLeft_, false);
+  button(readings, first ? u"Eingabe &Zählerstand..."_s : u"Eingabe Zählerstand..."_s, readingsTip);
+  button(prices, first ? u"&Preise je Monat..."_s : u"Preise je Monat..."_s, pricesTip);
 }
 
 QPushButton* UtilityPage::comparisonButton(QPushButton* made) const {

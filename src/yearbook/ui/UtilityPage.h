@@ -55,7 +55,7 @@ class UtilityPage : public QScrollArea {
   QPushButton* button(QPushButton* made, const QString& caption, const QString& toolTip) const;
   // The ways to a meter's readings and prices, and to another year.
   void entryButtons(QPushButton* readings, const QString& readingsTip, QPushButton* prices,
-                    const QString& pricesTip) const;
+                    const QString& pricesTip);
   QPushButton* comparisonButton(QPushButton* made) const;
 
   void addMeterLines(FigureGroup* frame, const MeterFrame& fields, Meter meter) const;
@@ -76,7 +76,8 @@ class UtilityPage : public QScrollArea {
   };
   // Side by side, one below the other where the page is too narrow for that.
   void placeMeters(const Parts& parts);
-  // Tab goes through these fields in order, then through the twelve advance payments.
+  // Tab goes through these in order, then through the twelve advance payments. The job of every
+  // month comes first.
   void chainFields(const std::vector<QWidget*>& fields, const MonthTable& months);
   void resizeEvent(QResizeEvent* event) override;
 
@@ -92,6 +93,7 @@ class UtilityPage : public QScrollArea {
   Parts parts_{};
   int leastSideBySide_ = 0;
   bool below_ = false;
+  bool lettersLeft_ = true;  // the first meter's buttons have not been captioned
 };
 
 // Two or three buttons side by side at the foot of a meter's frame.

@@ -24,7 +24,8 @@ WaterPage::WaterPage(QWidget* parent, YearEditor& editor)
   result_->addButton(comparisonButton(cmdDiagrVergleichW));
   bindFields();
   placeMeters({water_, wasteWater_, contract_, months, result_});
-  chainFields({txtAnfStandW, txtAnfStandAbW, txtGrundgebW, txtMwStW, txtGrundgebAbW, txtMwStAbW},
+  chainFields({cmdEingabeVerbrauchW, txtAnfStandW, txtAnfStandAbW, txtGrundgebW, txtMwStW,
+               txtGrundgebAbW, txtMwStAbW},
               *months);
   connect(&editor, &YearEditor::changed, this, &WaterPage::showValues);
 }

@@ -13,6 +13,7 @@
 #include "support/TemporaryFolder.h"
 #include "support/ui/FakeNavigator.h"
 #include "support/ui/FakePrompts.h"
+#include "widgets/UserSettings.h"
 
 class FakeOpener final : public app::YearOpener {
  public:
@@ -22,9 +23,11 @@ class FakeOpener final : public app::YearOpener {
     ++openedOver;
     if (whileOver) whileOver();
   }
+  void openFile(const std::string& path) override { openedFiles.push_back(path); }
   int opened = 0;
   QString openedAt;
   int openedOver = 0;
+  std::vector<std::string> openedFiles;
   std::function<void()> whileOver;
 };
 
@@ -32,6 +35,7 @@ class FakeOpener final : public app::YearOpener {
 class StartFixture : public testing::Test {
  protected:
   StartFixture() {
+    widgets::userSettings().clear();
     facts.programFolder = program.path();
     facts.environment = environmentAt(home.path());
     EXPECT_TRUE(files->replaceFile(program / "Vorlverbr8.kwx", base::asBytes("leer")));

@@ -3,13 +3,17 @@
 #include <gtest/gtest.h>
 
 #include <QApplication>
+#include <QDialog>
+#include <QDropEvent>
 #include <QMainWindow>
+#include <QMimeData>
 #include <QTest>
 #include <QTimer>
 
 #include "../MidChange.h"
 #include "StartFixture.h"
 #include "app/StrayJournal.h"
+#include "app/ui/RecentYears.h"
 
 using dialogs::Button;
 using namespace Qt::Literals::StringLiterals;
@@ -193,6 +197,72 @@ TEST_F(Navigation, ARenamedYearIsOfferedTheChangeThatWasInterrupted) {
   }
   navigator.openYear();
   EXPECT_TRUE(prompts.shown.empty());
+}
+
+// From another folder, over a year that is open; when it cannot be opened all is as before.
+TEST_F(Navigation, AFileFromElsewhereTakesOver) {
+  EXPECT_TRUE(files->makeFolder(home / "Stick"));
+  const std::string year = home / "Stick/Haus.kwd";
+  EXPECT_TRUE(files->replaceFile(year, base::asBytes("Jahr")));
+  opens = false;
+  navigator.openFile(year);
+  settle();
+  EXPECT_EQ(paths.DataFolder, dataFolder());
+  EXPECT_NE(visible<frmVerbrStart>(), nullptr);
+
+  opens = true;
+  visible<frmVerbrStart>()->cmdHausrat->click();
+  settle();
+  const QPointer<QMainWindow> first = visible<QMainWindow>();
+  navigator.openFile(year);
+  settle();
+  EXPECT_TRUE(first.isNull());
+  const QPointer<QMainWindow> second = visible<QMainWindow>();
+  ASSERT_FALSE(second.isNull());
+  EXPECT_EQ(paths.YearDatabasePath, year);
+  EXPECT_EQ(paths.DataFolder, home / "Stick/");
+  EXPECT_EQ(app::recentYears().value(0), QString::fromStdString(year));
+  navigator.openFile(year);
+  settle();
+  EXPECT_FALSE(second.isNull()) << "it is open already";
+}
+
+TEST_F(Navigation, AFileWaitsForTheWindowThatTakesEntries) {
+  put("Haus.kwd");
+  QDialog entry;
+  entry.setModal(true);
+  entry.show();
+  settle();
+  navigator.openFile(dataFolder() + "Verbrauch.kwd");
+  navigator.openFile(dataFolder() + "Haus.kwd");
+  QTest::qWait(400);
+  EXPECT_EQ(visible<QMainWindow>(), nullptr);
+  entry.close();
+  ASSERT_TRUE(QTest::qWaitFor([] { return visible<QMainWindow>() != nullptr; }));
+  EXPECT_EQ(paths.YearDatabasePath, dataFolder() + "Haus.kwd") << "the last one counts";
+}
+
+TEST_F(Navigation, AYearThatIsDroppedOpensAndAnotherFileDoesNot) {
+  put("Haus.kwd");
+  auto* list = visible<frmVerbrStart>()->filFiles->viewport();
+  const auto drop = [&](const std::vector<std::string>& names) {
+    QMimeData data;
+    QList<QUrl> urls;
+    for (const std::string& name : names)
+      urls += QUrl::fromLocalFile(QString::fromStdString(dataFolder() + name));
+    data.setUrls(urls);
+    QDragEnterEvent enter({5, 5}, Qt::CopyAction, &data, Qt::LeftButton, Qt::NoModifier);
+    QApplication::sendEvent(list, &enter);
+    QDropEvent event({5, 5}, Qt::CopyAction, &data, Qt::LeftButton, Qt::NoModifier);
+    QApplication::sendEvent(list, &event);
+    settle();
+  };
+  drop({"Haus_WechselGas.dat"});
+  drop({"Haus.kwd", "Verbrauch.kwd"});
+  EXPECT_EQ(visible<QMainWindow>(), nullptr);
+  drop({"Haus.kwd"});
+  ASSERT_NE(visible<QMainWindow>(), nullptr);
+  EXPECT_EQ(paths.YearDatabasePath, dataFolder() + "Haus.kwd");
 }
 
 }  // namespace

@@ -1,0 +1,107 @@
+#include <QKeyEvent>
+#include <QShortcut>
+
+#include "base/Paths.h"
+#include "mainwindow/frmVerbrauch.h"
+#include "widgets/MenuKey.h"
+
+// Where the hand goes: the first steps of an empty year, and the keys.
+
+using namespace Qt::Literals::StringLiterals;
+using yearbook::FirstStep;
+using yearbook::Utility;
+
+namespace {
+
+// What a step is entered with on a utility's page; the first that stands on it and is empty.
+struct StepFields {
+  QWidget* page;
+  yearbook::PerFirstStep<QList<QWidget*>> fields;
+};
+
+QWidget* firstEmpty(const QList<QWidget*>& fields) {
+  for (QWidget* field : fields) {
+    const auto* edit = qobject_cast<QLineEdit*>(field);
+    const auto* number = qobject_cast<widgets::NumberField*>(field);
+    const bool empty = number ? number->value().value_or(0) == 0 : edit && edit->text().isEmpty();
+    if (empty && field->isEnabled()) return field;
+  }
+  return fields.first();
+}
+
+}  // namespace
+
+// In an empty year, and on until all is done once it has been shown.
+void frmVerbrauch::followFirstSteps(const std::optional<std::string>& before) {
+  const auto done = yearbook::firstStepsDone(editor_->values());
+  guided_ = guided_ || !done[FirstStep::FirstReading];
+  if (!guided_) return fraErsteSchritte->takeAway();
+  fraErsteSchritte->offer(
+      done, before ? QString::fromStdString(base::baseName(std::string(base::fileName(*before))))
+                   : QString());
+}
+
+// On the page in front, if it lacks that; else on the first that does.
+void frmVerbrauch::goToStep(FirstStep step) {
+  if (step == FirstStep::FirstReading) return mnuMonatErfassen->trigger();
+  const yearbook::PerUtility<StepFields> pages = {{{
+      {Frame1,
+       {{{{Frame1->txtAnfStandST},
+          {Frame1->txtTPreis},
+          {Frame1->txtGrundgebS, Frame1->txtMwStS},
+          {Frame1->months->advance(0)},
+          {}}}}},
+      {Frame2,
+       {{{{Frame2->txtAnfStandW, Frame2->txtAnfStandAbW},
+          {Frame2->cmdPreisJeEinheitW},
+          {Frame2->txtGrundgebW, Frame2->txtMwStW},
+          {Frame2->months->advance(0)},
+          {}}}}},
+      {Frame3,
+       {{{{Frame3->txtAnfStandG},
+          {Frame3->txtPreisGas, Frame3->txtFaktor},
+          {Frame3->txtGrundgebG, Frame3->txtMwStG},
+          {Frame3->months->advance(0)},
+          {}}}}},
+  }}};
+  Utility target = selectedUtility().value_or(Utility::Electricity);
+  for (const Utility utility : yearbook::kUtilities)
+    if (isDone(step, editor_->values(), target) && !isDone(step, editor_->values(), utility))
+      target = utility;
+  TabStrip->setCurrentWidget(pages[target].page);
+  firstEmpty(pages[target].fields[step])->setFocus(Qt::TabFocusReason);
+}
+
+// In a year that is under way the hand lies on the job of every month; an empty one begins with
+// its first field.
+void frmVerbrauch::focusMonthlyJob() {
+  if (yearbook::firstStepsDone(editor_->values())[FirstStep::StartReadings])
+    Frame1->cmdEingabeVerbrauchS->setFocus(Qt::OtherFocusReason);
+  else
+    Frame1->txtAnfStandST->setFocus(Qt::OtherFocusReason);
+}
+
+void frmVerbrauch::addKeys() {
+  widgets::addMenuKey(*this);
+  connect(new QShortcut(QKeySequence::Print, this), &QShortcut::activated, this,
+          &frmVerbrauch::print);
+}
+
+// The page in front, if it can be printed; else the overview is shown first.
+void frmVerbrauch::print() {
+  if (TabStrip->currentWidget() == Frame4)
+    Frame4->cmdDrucken->click();
+  else if (TabStrip->currentWidget() == fraDrucke)
+    fraDrucke->Command11->click();
+  else
+    showPrintPage();
+}
+
+void frmVerbrauch::keyPressEvent(QKeyEvent* event) {
+  auto* button = qobject_cast<QAbstractButton*>(focusWidget());
+  const bool enter = event->key() == Qt::Key_Return || event->key() == Qt::Key_Enter;
+  if (enter && button != nullptr)
+    button->click();
+  else
+    QMainWindow::keyPressEvent(event);
+}

@@ -1,0 +1,170 @@
+// Where the main window leads the hand: first steps, bars, keys.
+
+#include <QMenuBar>
+
+#include "MainWindowFixture.h"
+#include "yearbook/FirstSteps.h"
+
+using yearbook::FirstStep;
+
+namespace {
+
+using namespace Qt::Literals::StringLiterals;
+
+class Guide : public MainWindowFixture {
+ protected:
+  // An empty year whose question for the first reading has been answered.
+  void openFirst() {
+    prompts.answerInput(u"0"_s);
+    openEmpty();
+    window->activateWindow();
+    ASSERT_TRUE(QTest::qWaitForWindowActive(window.get()));
+  }
+  mainwindow::FirstStepsPanel& steps() { return *window->fraErsteSchritte; }
+  QString ticked() {
+    QString marks;
+    for (const QToolButton* step : steps().cmdSchritt)
+      marks += step->text().startsWith(u'✓') ? u'x' : u'-';
+    return marks;
+  }
+};
+
+TEST_F(Guide, AnEmptyYearIsFilledStepByStep) {
+  openFirst();
+  ASSERT_TRUE(steps().isVisible());
+  EXPECT_EQ(ticked(), u"-----"_s) << "a house without electricity has not said anything yet";
+  const struct {
+    QLineEdit* field;
+    const char* typed;
+    const char* marks;
+  } path[] = {{window->Frame1->txtAnfStandST, "44309", "x----"},
+              {window->Frame1->txtTPreis, "28,9", "xx---"},
+              {window->Frame1->txtGrundgebS, "120", "xx---"},
+              {window->Frame1->txtMwStS, "19", "xxx--"},
+              {window->Frame1->months->advance(0), "136", "xxxx-"}};
+  for (const auto& step : path) {
+    steps().cmdZumFeld->click();
+    EXPECT_EQ(window->focusWidget(), step.field) << step.field->objectName().toStdString();
+    type(step.field, QString::fromLatin1(step.typed));
+    EXPECT_EQ(ticked(), QString::fromLatin1(step.marks));
+  }
+  EXPECT_TRUE(steps().cmdSchritt(4)->font().bold());
+  const auto readMonth = [&](const QString& reading) {
+    QTimer::singleShot(0, window.get(), [reading] {
+      auto* sheet = qobject_cast<QDialog*>(QApplication::activeModalWidget());
+      ASSERT_TRUE(sheet && sheet->objectName() == u"frmMonatErfassen"_s);
+      QTest::keyClicks(sheet->findChild<QLineEdit*>(u"txtStand_0"_s), reading);
+      sheet->findChild<QPushButton*>(u"cmdUebernehmen"_s)->click();
+      sheet->close();
+    });
+    steps().cmdZumFeld->click();
+  };
+  readMonth(u"44500"_s);
+  EXPECT_FALSE(steps().isWanted()) << "all is done";
+}
+
+TEST_F(Guide, TheStepLeadsToTheUtilityThatLacksIt) {
+  openFirst();
+  window->TabStrip->setCurrentWidget(window->Frame3);
+  steps().cmdSchritt(0)->click();
+  EXPECT_EQ(window->focusWidget(), window->Frame3->txtAnfStandG);
+  type(window->Frame3->txtAnfStandG, u"900"_s);
+  steps().cmdSchritt(0)->click();
+  EXPECT_EQ(window->focusWidget(), window->Frame1->txtAnfStandST) << "gas has its reading";
+  window->TabStrip->setCurrentWidget(window->Frame2);
+  steps().cmdSchritt(1)->click();
+  EXPECT_EQ(window->focusWidget(), window->Frame2->cmdPreisJeEinheitW);
+}
+
+TEST_F(Guide, DismissedStepsStayAwayAndAFilledYearHasNone) {
+  openFirst();
+  steps().cmdNichtMehr->click();
+  EXPECT_FALSE(steps().isVisible());
+  openWindow(kEmpty);
+  EXPECT_FALSE(steps().isWanted());
+  widgets::userSettings().clear();
+  openSample();
+  EXPECT_FALSE(steps().isWanted());
+  disk.protect(kEmpty);
+  openWindow(kEmpty);
+  EXPECT_FALSE(steps().isWanted()) << "it can only be read";
+}
+
+TEST_F(Guide, AnEmptyYearBesideAFilledOneCanBeginWithIt) {
+  makeSample();
+  disk.put("/daten/Verbrauch2026.kwd", support::emptyYear());
+  prompts.answerInput(u"0"_s);
+  openWindow("/daten/Verbrauch2026.kwd");
+  EXPECT_EQ(steps().cmdAusVorjahr->text(), u"Aus Verbrauch2025 übernehmen..."_s);
+  EXPECT_FALSE(window->fraAblesen->isVisible()) << "one bar at a time";
+  steps().cmdNichtMehr->click();
+  EXPECT_TRUE(window->fraAblesen->isVisible());
+  window->fraHinweis->say(mainwindow::NoticeFrom::FlatRate, u"Fehler"_s);
+  EXPECT_FALSE(window->fraAblesen->isVisible()) << "what went wrong comes first";
+  window->fraHinweis->say(mainwindow::NoticeFrom::FlatRate, {});
+  EXPECT_TRUE(window->fraAblesen->isVisible());
+}
+
+TEST_F(Guide, NoticesWaitForEachOtherByUrgency) {
+  openSample();
+  mainwindow::NoticeBar& bar = *window->fraHinweis;
+  bar.say(mainwindow::NoticeFrom::SafetyCopy, u"Kopie"_s);
+  bar.say(mainwindow::NoticeFrom::Storing, u"Speichern"_s);
+  bar.say(mainwindow::NoticeFrom::Index, u"Index"_s);
+  EXPECT_EQ(bar.lblHinweis->text(), u"Speichern"_s);
+  EXPECT_EQ(bar.lblNochHinweise->text(), u"noch 2 Hinweise"_s);
+  bar.say(mainwindow::NoticeFrom::Storing, {});
+  EXPECT_EQ(bar.lblHinweis->text(), u"Index"_s);
+  bar.cmdGelesen->click();
+  EXPECT_EQ(bar.lblHinweis->text(), u"Kopie"_s);
+  bar.cmdGelesen->click();
+  EXPECT_FALSE(bar.isVisible());
+}
+
+TEST_F(Guide, ANewYearIsOneClickAwayAndTheOldOneSaysThatItIsOpen) {
+  openSample();
+  window->mnuNew->trigger();
+  EXPECT_FALSE(window->fraNeuesJahr->isVisible()) << "none was made";
+  navigator.made = "/daten/Haushalt 2026.kwd";
+  window->mnuNew->trigger();
+  ASSERT_TRUE(window->fraNeuesJahr->isVisible());
+  EXPECT_TRUE(window->fraNeuesJahr->lblNeuesJahr->text().startsWith(u"Haushalt 2026 ist "_s));
+  window->fraNeuesJahr->cmdNeuesJahr->click();
+  EXPECT_EQ(navigator.calls.last(), u"openInstead /daten/Haushalt 2026.kwd"_s);
+}
+
+TEST_F(Guide, TheHandLiesOnTheMonthlyJobAndEnterDoesIt) {
+  openSample();
+  window->activateWindow();
+  ASSERT_TRUE(QTest::qWaitForWindowActive(window.get()));
+  QPushButton* job = window->Frame1->cmdEingabeVerbrauchS;
+  EXPECT_EQ(window->focusWidget(), job);
+  const auto entryOpens = [&](const std::function<void()>& press) {
+    bool opened = false;
+    QTimer::singleShot(0, window.get(), [&] {
+      auto* modal = QApplication::activeModalWidget();
+      opened = modal && modal->objectName() == u"frmEingabeVerbrauchS"_s;
+      if (modal) modal->close();
+    });
+    press();
+    QTest::qWait(150);
+    return opened;
+  };
+  EXPECT_TRUE(entryOpens([&] { QTest::keyClick(job, Qt::Key_Return); }));
+  EXPECT_EQ(job->text(), u"Eingabe &Zählerstand..."_s);
+  EXPECT_FALSE(window->Frame1->cmdEingabeVerbrauchNS->text().contains(u'&'));
+  QTest::keyClick(job, Qt::Key_Tab);
+  EXPECT_EQ(window->focusWidget(), window->Frame1->txtAnfStandST);
+  QTest::keyClick(window->focusWidget(), Qt::Key_Tab, Qt::ControlModifier);
+  EXPECT_EQ(window->TabStrip->currentWidget(), window->Frame2);
+  window->activateWindow();
+  ASSERT_TRUE(QTest::qWaitForWindowActive(window.get()));
+  QTest::keyClick(window.get(), Qt::Key_P, Qt::ControlModifier);
+  EXPECT_EQ(window->TabStrip->currentWidget(), window->Frame4);
+  QTest::keyClick(window.get(), Qt::Key_F10);
+  EXPECT_EQ(QApplication::activePopupWidget(), window->mnuVerbrauch);
+  window->mnuVerbrauch->close();
+  EXPECT_NE(window->focusWidget(), window->menuBar()) << "the focus is where it was";
+}
+
+}  // namespace
