@@ -170,10 +170,12 @@ void Sheet::point(Point at, Color color) {
 }
 
 void Sheet::endLabel(Point end, const std::string& text, Color color, bool bold) {
-  // Where the end is taken, a line above or below it.
-  for (const double shift : {0.0, -textHeight(), textHeight()}) {
+  // Where the end is taken, a line above or below it, but not among the names below the plot.
+  for (const double lines : {0.0, -1.0, 1.0, -2.0, 2.0}) {
+    const double shift = lines * textHeight();
     const Rect box{end.x + kGap, end.y + shift - textHeight() / 2, textWidth(text, bold),
                    textHeight()};
+    if (shift > 0 && box.bottom() > plot_.bottom() + kGap) continue;
     const auto taken = [&](const Rect& other) { return other.intersects(box); };
     if (std::any_of(endLabels_.begin(), endLabels_.end(), taken)) continue;
     endLabels_.push_back(box);

@@ -51,6 +51,14 @@ TEST_F(AllYears, AnIncompleteYearIsComparedOverItsOwnMonths) {
   EXPECT_NEAR(*figuresOf(read).front().meters[Meter::Gas].perDay, 1350.0 / 366, 1e-12);
 }
 
+// The year before ended early as well: what only one of them has is left out on both sides.
+TEST_F(AllYears, ACompleteYearIsComparedOverTheMonthsOfTheOneBefore) {
+  endAt("Verbrauch2024.kwd", 9);
+  const YearFolder read = folder();
+  EXPECT_NEAR(*figuresOf(read).back().meters[Meter::Gas].change,
+              (11033.0 - 10114) / (9612 - 8764) - 1, 1e-12);
+}
+
 // Readings once a quarter: the months between count as read.
 TEST_F(AllYears, MonthsEndWithTheLastOneThatWasRead) {
   edit("Verbrauch2025.kwd", [](yearbook::YearRows& rows) -> base::Result<void> {

@@ -101,14 +101,19 @@ TEST_F(YearCharts, NegativeMonthsLieBelowZero) {
   const auto lowest = [&](Change change) {
     const YearFolder folder = made(2, change);
     const charts::Scene scene = scenesOf(folder, {700, 300})[3];
-    double zero = 0, low = 0;
+    double zero = 0, low = 0, lastLine = 0;
     for (const auto& item : scene.items) {
       const auto* shape = std::get_if<charts::Shape>(&item);
       if (!shape) continue;
       if (!shape->closed && shape->stroke->color == theme.axis) zero = shape->points[0].y;
+      if (!shape->closed &&
+          (shape->stroke->color == theme.axis || shape->stroke->color == theme.grid))
+        lastLine = std::max(lastLine, shape->points[0].y);
       if (shape->closed && shape->fill == theme.color(charts::Hue::Gas))
         for (const charts::Point& point : shape->points) low = std::max(low, point.y);
     }
+    constexpr double kPoint = 4;
+    EXPECT_LE(low, lastLine + kPoint) << "below the scale";
     return low - zero;
   };
   EXPECT_LT(lowest(kChanges[0]), 0);

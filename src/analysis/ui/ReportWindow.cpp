@@ -155,7 +155,7 @@ void showRow(QTreeWidgetItem* item, const reports::Grid& grid, int row) {
 }
 
 void fitColumns(QTreeWidget* tree) {
-  constexpr int kApart = 12, kRoom = 10;
+  constexpr int kApart = 8, kRoom = 10;
   QHeaderView* header = tree->header();
   header->setStretchLastSection(false);
   header->setMinimumHeight(tree->fontMetrics().height() + kRoom);

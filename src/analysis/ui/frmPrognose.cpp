@@ -54,6 +54,8 @@ QLabel* cardLine(const QString& line, double size, bool bold) {
   label->setFont(font);
   label->setForegroundRole(QPalette::Text);
   label->setWordWrap(true);
+  // Its lines at their narrowest would make the window taller than a screen.
+  label->setMinimumHeight(label->fontMetrics().height());
   label->setTextInteractionFlags(Qt::TextSelectableByMouse);
   label->setFocusPolicy(Qt::NoFocus);
   return label;
@@ -137,6 +139,9 @@ void frmPrognose::buildLayout() {
   room->setWidgetResizable(true);
   room->setFrameShape(QFrame::NoFrame);
   room->setFocusPolicy(Qt::NoFocus);
+  // It has the height that is left; what it would like to have is no reason to scroll the window.
+  room->setSizePolicy(QSizePolicy::Preferred, QSizePolicy::Ignored);
+  room->setMinimumHeight(4 * fontMetrics().height());
   lstZaehler->setRootIsDecorated(false);
   lstZaehler->setAccessibleName(u"Zähler"_s);
 

@@ -137,7 +137,7 @@ void frmTarife::buildLayout() {
   page->addWidget(buildChartSwitch());
   page->addWidget(picKosten, 4);
   page->addLayout(buildButtons());
-  openAs({1240, 680});
+  openAs({1320, 680});
 }
 
 void frmTarife::connectControls() {
