@@ -2,6 +2,7 @@
 
 #include <gmock/gmock.h>
 
+#include "nextyear/YearBefore.h"
 #include "readingbook/BookOfYear.h"
 #include "support/SampleYears.h"
 
@@ -101,6 +102,37 @@ TEST_F(CarryOver, OnlyTheTickedGroupsAreTaken) {
     EXPECT_EQ(yearbook::orZero(values.gasFactor), is(Group::FeesAndTaxes) ? 10.483 : 0);
     EXPECT_EQ(values.startDate, is(Group::BeginAndNight) ? "01.01.2025" : "");
   }
+}
+
+TEST_F(CarryOver, PricesAndPaymentsAreThoseOfTheLastMonthThatHasThem) {
+  const auto last = open("Verbrauch2025.kwd");
+  ASSERT_TRUE(last->transact({"leer"}, [](yearbook::YearRows& rows) -> base::Result<void> {
+    for (int month = 10; month < 12; ++month) {
+      const auto price = rows.of(Meter::Gas).setNumber(month, *factsOf(Meter::Gas).price, 0);
+      if (!price) return price;
+      const auto paid =
+          rows.of(Utility::Gas).setMoney(month, *factsOf(Utility::Gas).advance, Money());
+      if (!paid) return paid;
+    }
+    return {};
+  }));
+  const Plan plan = planOf(*last);
+  EXPECT_EQ(plan.prices[Meter::Gas]->value, 9.25);
+  EXPECT_EQ(plan.prices[Meter::Gas]->source, "Preis im Oktober");
+  EXPECT_EQ(plan.lastAdvances[Utility::Gas], Money::fromTenThousandths(1420000));
+}
+
+TEST(YearBefore, IsFoundByTheNames) {
+  const auto before = [](const char* name, std::vector<std::string> names) {
+    return nextyear::nameBefore(name, names).value_or("-");
+  };
+  EXPECT_EQ(before("Haus2025.kwd", {"Garten2024.kwd", "Haus2024.kwd", "Haus2025.kwd"}),
+            "Haus2024.kwd");
+  EXPECT_EQ(before("Haus2025.kwd", {"Garten2024.kwd"}), "Garten2024.kwd");
+  EXPECT_EQ(before("Haus2025.kwd", {"HAUS2025.KWD", "Haus2023.kwd", "Haus2026.kwd"}), "-");
+  EXPECT_EQ(before("Neu.kwd", {"Haus2024.kwd", "Haus2023.kwd"}), "Haus2024.kwd");
+  EXPECT_EQ(before("Neu.kwd", {"Alt.kwd", "Neu.kwd"}), "Alt.kwd");
+  EXPECT_EQ(before("Neu.kwd", {"Alt.kwd", "Neu.kwd", "Uralt.kwd"}), "-");
 }
 
 TEST_F(CarryOver, AYearThatIsNotFinishedSaysSo) {

@@ -176,6 +176,15 @@ TEST_F(BookOfYear, ATableTouchesOnlyTheMonthsBetweenItsReadings) {
   EXPECT_EQ(storedMeter(*year, Meter::Gas).readings[2], 10763);
 }
 
+TEST_F(BookOfYear, ATableDoesNotReplaceAStartReadingByOneThatIsWorkedOut) {
+  const auto year = sample::openYear(disk, "Verbrauch2025.kwd");
+  const auto report = imported(*year, "Datum;Gas\n15.12.2024;10000\n31.01.2025;10354\n");
+  EXPECT_TRUE(report.problems.empty());
+  EXPECT_EQ(storedMeter(*year, Meter::Gas).startReading, 10114);
+  imported(*year, "Datum;Gas\n31.12.2024;10100\n");
+  EXPECT_EQ(storedMeter(*year, Meter::Gas).startReading, 10100) << "that was read";
+}
+
 TEST_F(BookOfYear, TheCalendarYearIsThatOfTheDateThenTheNameThenTheBook) {
   const auto year = sample::openYear(disk, "Verbrauch2025.kwd");
   ASSERT_TRUE(year->storeStartDate("1.1.2023"));

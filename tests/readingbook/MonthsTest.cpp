@@ -157,6 +157,11 @@ TEST(Months, AStoredChangeStaysGoesOrStandsInTheWay) {
   EXPECT_NE(planOf({{day("31.05.2025"), 15000, 0}, {day("30.06.2025"), 9000}}, Meter::Day, stored)
                 .refusal,
             "");
+  // Behind the year's last month there is none that could tell.
+  stored.change = {11, 5};
+  EXPECT_EQ(
+      planOf({{day("31.10.2025"), 90000}, {day("31.12.2025"), 95000}}, Meter::Day, stored).change,
+      MeterChange());
 }
 
 TEST(Months, OnlyWhatIsNewIsOfferedFirst) {
@@ -175,6 +180,12 @@ TEST(Months, OnlyWhatIsNewIsOfferedFirst) {
   EXPECT_EQ(after.readings[0], 1030);
   EXPECT_EQ(after.readings[1], 1059);
   EXPECT_EQ(after.readings[4], 1200);
+  // A start reading that is worked out does not take the place of one that is there.
+  const auto between =
+      planOf({{day("15.12.2024"), 970000}, {day("28.02.2025"), 1059000}}, Meter::Day, stored);
+  ASSERT_TRUE(between.start.differs());
+  EXPECT_FALSE(newOnly(between).start);
+  EXPECT_TRUE(newOnly(planOf({{day("15.12.2024"), 970000}, {day("28.02.2025"), 1059000}})).start);
 }
 
 // --- any book ---

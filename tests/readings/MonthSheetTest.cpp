@@ -47,6 +47,7 @@ TEST(MonthSheet, AChangeAtTheEndOfTheMonthBeforeKeepsBothReadings) {
   stored.readings = july.readings;
   stored.change = july.change;
   EXPECT_EQ(entryOf(stored, 6), entry);
+  EXPECT_EQ(typed(stored, 6, entry).problem, "") << "the same change typed again is no other one";
   EXPECT_EQ(entryOf(stored, 5), (MonthEntry{45808}));
   EXPECT_EQ(typed(stored, 6, {46034}).change, MeterChange());
 }
