@@ -27,16 +27,18 @@ std::vector<std::pair<Point, Point>> hatch(const std::vector<Point>& outline, do
   }
   const double apart = step * std::numbers::sqrt2;
   std::vector<std::pair<Point, Point>> strokes;
-  for (double at = (std::floor(first / apart) + 1) * apart; at < last; at += apart) {
+  const int count = static_cast<int>(std::ceil(last / apart) - std::floor(first / apart)) - 1;
+  for (int i = 1; i <= count; ++i) {
+    const double at = (std::floor(first / apart) + i) * apart;
     std::vector<Point> crossings;
-    for (std::size_t i = 0, j = outline.size() - 1; i < outline.size(); j = i++) {
-      const Point a = outline[j], b = outline[i];
+    for (std::size_t n = 0, j = outline.size() - 1; n < outline.size(); j = n++) {
+      const Point a = outline[j], b = outline[n];
       if ((along(a) <= at) != (along(b) <= at))
         crossings.push_back(a + (b - a) * ((at - along(a)) / (along(b) - along(a))));
     }
     std::sort(crossings.begin(), crossings.end(), [](Point a, Point b) { return a.x < b.x; });
-    for (std::size_t i = 0; i + 1 < crossings.size(); i += 2)
-      strokes.emplace_back(crossings[i], crossings[i + 1]);
+    for (std::size_t n = 0; n + 1 < crossings.size(); n += 2)
+      strokes.emplace_back(crossings[n], crossings[n + 1]);
   }
   return strokes;
 }

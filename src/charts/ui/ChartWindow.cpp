@@ -125,7 +125,15 @@ void ChartWindow::showDimensions() {
   mnuDimensions->setText(QString::fromStdString(
       dimensionText({Chart2D1->width() * perPixelX, Chart2D1->height() * perPixelY},
                     perPixelX / pixelScale(), perPixelY / pixelScale())));
-  lblDimensions->setText(mnuDimensions->text().trimmed() + u"  "_s);
+  // The menus come first: in a narrow window it is the size in pixels alone.
+  const QString whole = mnuDimensions->text().trimmed() + u"  "_s;
+  constexpr int kAroundEntry = 24;
+  int menus = 0;
+  for (const QAction* entry : menuBar->actions())
+    menus += fontMetrics().horizontalAdvance(entry->text()) + kAroundEntry;
+  const bool fits = menus + fontMetrics().horizontalAdvance(whole) <= width();
+  lblDimensions->setText(fits ? whole : whole.section(u' ', 2, 5) + u"  "_s);
+  lblDimensions->setToolTip(fits ? QString() : whole.trimmed());
 }
 
 void ChartWindow::chooseColor(std::optional<Color> ChartOptions::*target, Color start) {

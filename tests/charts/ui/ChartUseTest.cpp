@@ -372,6 +372,13 @@ TEST_F(ChartUse, TheSizeStandsBesideTheMenusAndIsNoneOfThem) {
   EXPECT_TRUE(window->lblDimensions->isVisible());
   EXPECT_TRUE(window->rect().contains(
       window->lblDimensions->geometry().translated(window->menuBar->pos())));
+  EXPECT_TRUE(window->lblDimensions->text().trimmed().endsWith(u" Pixel"_s));
+  EXPECT_EQ(window->lblDimensions->toolTip(), window->mnuDimensions->text().trimmed());
+  window->resize(830, 700);
+  QTest::qWait(1);
+  for (QAction* entry : window->menuBar->actions())
+    EXPECT_LE(window->menuBar->actionGeometry(entry).right(), window->lblDimensions->x())
+        << entry->text().toStdString() << " has its place before the size has";
 }
 
 TEST_F(ChartUse, EnterPressesAButtonOrGoesOnAndEscapeCloses) {
