@@ -201,6 +201,8 @@ TEST_F(YearPages, RemarksAreStoredWhenTheirFieldIsLeft) {
 
 TEST_F(YearPages, HidingTheNightTariffClosesTheGap) {
   openSample();
+  window->resize(1400, 800);  // side by side
+  settle();
   const int before = window->Frame1->months->mapTo(window.get(), QPoint()).x();
   window->mnuNachtstrom->trigger();
   settle();
