@@ -67,7 +67,7 @@ class YearCharts : public HouseholdFixture {
   }
 
   const charts::Theme theme = charts::Theme::light();
-  const sample::PlainMeasure measure;
+  const sample::PlainMeasure measure{};
 };
 
 constexpr std::array kChanges = {

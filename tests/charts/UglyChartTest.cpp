@@ -81,7 +81,7 @@ Rect boxOf(const std::vector<charts::Point>& points) {
 }
 
 std::vector<Rect> textBoxes(Scene& scene) {
-  const sample::PlainMeasure measure;
+  const sample::PlainMeasure measure{};
   const charts::Theme theme = charts::Theme::light();
   return charts::Canvas(scene, theme, measure).textBoxes();
 }
