@@ -1,8 +1,10 @@
 #include "widgets/ActionOption.h"
 
+#include <QAccessibleWidget>
 #include <QKeyEvent>
 #include <QStyleOptionButton>
 #include <QStylePainter>
+#include <QTimer>
 
 namespace widgets {
 namespace {
@@ -17,9 +19,42 @@ QStyleOptionButton asPushButton(const QRadioButton& button) {
   return option;
 }
 
+// To a screen reader it is what it does: a button. Checking it, which a reader would do with an
+// option, starts nothing.
+class SpokenAction final : public QAccessibleWidget {
+ public:
+  explicit SpokenAction(ActionOption* button)
+      : QAccessibleWidget(button, QAccessible::PushButton), button_(button) {}
+
+  QString text(QAccessible::Text kind) const override {
+    const QString spoken = QAccessibleWidget::text(kind);
+    return kind == QAccessible::Name && spoken.isEmpty() ? button_->text().remove(u'&') : spoken;
+  }
+  QStringList actionNames() const override { return {pressAction(), setFocusAction()}; }
+  // What it starts can be a window, which closes long after the reader wants its answer.
+  void doAction(const QString& name) override {
+    if (name == pressAction())
+      QTimer::singleShot(0, button_, &QAbstractButton::click);
+    else
+      QAccessibleWidget::doAction(name);
+  }
+
+ private:
+  ActionOption* button_;
+};
+
+QAccessibleInterface* makeSpoken(const QString&, QObject* object) {
+  auto* button = qobject_cast<ActionOption*>(object);
+  return button ? new SpokenAction(button) : nullptr;
+}
+
 }  // namespace
 
 ActionOption::ActionOption(QWidget* parent) : QRadioButton(parent) {
+  [[maybe_unused]] static const bool once = [] {
+    QAccessible::installFactory(makeSpoken);
+    return true;
+  }();
   setAttribute(Qt::WA_Hover);
   setSizePolicy(QSizePolicy::Minimum, QSizePolicy::Fixed);
 }

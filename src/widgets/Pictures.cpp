@@ -12,6 +12,7 @@
 
 #include "widgets/LateIcon.h"
 #include "widgets/ProgramStyle.h"
+#include "widgets/SpokenLabel.h"
 #include "widgets/Tones.h"
 
 using namespace Qt::Literals::StringLiterals;
@@ -92,6 +93,7 @@ void dressApplication(QApplication& application) {
   if (german->load(u":/kalvira/qtbase_de.qm"_s)) QApplication::installTranslator(german);
   QApplication::setApplicationName(u"Kalvira"_s);
   keepHintsReadable(application);
+  speakLabels();
   QApplication::setWindowIcon(icon(u"kalvira"_s));
 }
 

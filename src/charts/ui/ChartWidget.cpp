@@ -161,6 +161,7 @@ void ChartWidget::choose(std::optional<Place> place, bool byKeyboard) {
   chosen_ = place;
   if (!place) {
     QToolTip::hideText();
+    describeForReaders();  // the name of a value was read in its place
     return;
   }
   if (!byKeyboard) return;

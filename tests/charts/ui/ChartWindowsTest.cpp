@@ -159,6 +159,8 @@ TEST_F(ChartWindows, AreReachedByKeyboardAndReadAloud) {
   QTest::keyClick(window->Chart2D1, Qt::Key_Right);
   QTest::keyClick(window->Chart2D1, Qt::Key_Right);
   EXPECT_EQ(window->Chart2D1->accessibleName(), u"Februar: 255 kWh (8,5 % des Jahres)"_s);
+  QTest::keyClick(window->Chart2D1, Qt::Key_Tab);
+  EXPECT_EQ(window->Chart2D1->accessibleName(), u"Verbrauch Strom"_s) << "the chart again";
   EXPECT_TRUE(window->Chart2D1->accessibleDescription().contains(u"Dezember 305"_s));
   for (const QWidget* widget : window->findChildren<QWidget*>()) {
     if (!(widget->focusPolicy() & Qt::TabFocus) || widget->objectName().startsWith(u"qt_"_s))
@@ -288,7 +290,7 @@ TEST_F(ChartWindows, PrintNothingWithoutAPrinter) {
 TEST_F(ChartWindows, ShowHelp) {
   const auto window = monthly();
   window->mnuHilfe->trigger();
-  EXPECT_EQ(navigator_.calls, QStringList{u"showHelp"_s});
+  EXPECT_EQ(navigator_.calls, QStringList{u"showManual frmDiagramm"_s});
 }
 
 TEST_F(ChartWindows, CompareWithTheYearThatIsChosen) {
