@@ -1,5 +1,6 @@
 #pragma once
 
+#include <QString>
 #include <string>
 
 namespace dialogs {
@@ -19,6 +20,12 @@ class Navigator {
   // The picture windows.
   virtual void showHelp() = 0;
   virtual void showMeterChangeHelp() = 0;
+  // The manual at the page of that window, or of that page of the main window.
+  virtual void showManual(const QString& window) = 0;
+  // What this program is and where its data lie.
+  virtual void showAbout() = 0;
+  // A copy of the sample year, over the window that one is in; returns when it has closed.
+  virtual void showSample() = 0;
   // Ends the whole program in an orderly way.
   virtual void endProgram() = 0;
 };

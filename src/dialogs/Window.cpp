@@ -37,7 +37,7 @@ Window::Window(const QString& name, const QString& caption, const Services& serv
 }
 
 void Window::showHelp() {
-  services_.navigator.showHelp();
+  services_.navigator.showManual(objectName());
 }
 
 void Window::makeCloseButton(QPushButton* button, const QString& caption) {

@@ -10,15 +10,14 @@ namespace dialogs {
 // What all windows share in which something is entered or looked at. Enter presses the button that
 // has the focus, else the window's main button (setDefault), and goes to the next control where
 // there is none; no other button is pressed by surprise. Escape, the close button and the frame
-// close alike, by reject(). F1 shows the window's page of the help. It opens where it was last, and
+// close alike, by reject(). F1 shows the window's page of the manual. It opens where it was last, and
 // what is too large for a small screen scrolls.
 class Window : public QDialog {
   Q_OBJECT
  protected:
   Window(const QString& name, const QString& caption, const Services& services, QWidget* parent);
 
-  // The general help, unless a window has a page of its own.
-  virtual void showHelp();
+  void showHelp();
 
   // Captions the button that closes the window, and lets it.
   void makeCloseButton(QPushButton* button,

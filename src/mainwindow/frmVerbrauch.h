@@ -7,6 +7,7 @@
 #include <QToolBar>
 #include <memory>
 
+#include "dialogs/HelpEntries.h"
 #include "dialogs/Services.h"
 #include "mainwindow/FirstStepsPanel.h"
 #include "mainwindow/LinkBar.h"
@@ -83,6 +84,8 @@ class frmVerbrauch final : public QMainWindow {
   QMenu* const mnuHilfe = menu("mnuHilfe");
   QAction* const mnuHelp = entry("mnuHelp");
   QAction* const mnuHelpZW = entry("mnuHelpZW");
+  const dialogs::HelpEntries helpEntries{
+      this, services_.navigator, [this] { return TabStrip->currentWidget()->objectName(); }};
 
   // The button of the toolbar with that key.
   QAction* toolButton(const QString& key) const;

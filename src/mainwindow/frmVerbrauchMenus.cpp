@@ -56,9 +56,10 @@ void frmVerbrauch::buildMenus() {
   menuBar()->addMenu(new dialogs::LookMenu(this));
   mnuHilfe->setTitle(u"&?"_s);
   mnuHelp->setText(u"&Hilfe"_s);
-  mnuHelp->setShortcut(QKeySequence::HelpContents);
   mnuHelpZW->setText(u"Hilfe zu Zählerwechsel"_s);
   mnuHilfe->addActions({mnuHelp, mnuHelpZW});
+  mnuHilfe->addSeparator()->setObjectName(u"sepHandbuch"_s);
+  helpEntries.addTo(mnuHilfe);
   menuBar()->addMenu(mnuHilfe);
 }
 
@@ -198,6 +199,9 @@ void frmVerbrauch::connectMenus() {
   connect(mnuHelp, &QAction::triggered, this, [this] { services_.navigator.showHelp(); });
   connect(mnuHelpZW, &QAction::triggered, this,
           [this] { services_.navigator.showMeterChangeHelp(); });
+  connect(helpEntries.mnuBeispieljahr, &QAction::triggered, this, [this] {
+    if (finishEntry()) services_.navigator.showSample();
+  });
 }
 
 void frmVerbrauch::connectPages() {

@@ -18,6 +18,7 @@ set(sees_nextyear ${sees_readingbook} reports nextyear)
 set(sees_analysis ${sees_yearbook} reports charts analysis)
 set(sees_widgets base widgets)
 set(sees_dialogs base ${windows})
+set(sees_manual base ${windows} manual)
 foreach(folder yearbook ${rules})
   set(sees_${folder}/ui ${sees_${folder}} ${windows} ${folder}/ui)
 endforeach()
@@ -27,10 +28,10 @@ endforeach()
 set(sees_analysis/ui ${sees_analysis} ${windows} reports/ui charts/ui analysis/ui)
 set(sees_mainwindow ${sees_yearbook} ${rules} readingbook nextyear analysis ${windows} yearbook/ui
     readings/ui readingbook/ui nextyear/ui reports/ui projection/ui charts/ui analysis/ui mainwindow)
-set(sees_app/ui ${sees_mainwindow} app app/ui)
+set(sees_app/ui ${sees_mainwindow} manual app app/ui)
 
 set(pure base jet yearbook app ${rules} readingbook nextyear analysis)
-set(folders ${pure} jet/engine jet/format widgets dialogs yearbook/ui readings/ui readingbook/ui
+set(folders ${pure} jet/engine jet/format widgets manual dialogs yearbook/ui readings/ui readingbook/ui
     nextyear/ui reports/ui projection/ui charts/ui analysis/ui mainwindow app/ui)
 
 # compiles(FOLDER TEXT RESULT): whether the text is a source of that folder that finds its headers. What

@@ -114,12 +114,12 @@ TEST_F(WindowBase, EscapeTheCloseButtonAndTheFrameCloseAlike) {
   }
 }
 
-TEST_F(WindowBase, F1ShowsTheHelpFromWhereverTheFocusIs) {
+TEST_F(WindowBase, F1ShowsTheWindowsPageFromWhereverTheFocusIs) {
   show();
   for (QWidget* widget :
        std::initializer_list<QWidget*>{window.last, window.chkBox, window.cmdStore})
     QTest::keyClick(widget, Qt::Key_F1);
-  EXPECT_EQ(navigator_.calls, QStringList(3, u"showHelp"_s));
+  EXPECT_EQ(navigator_.calls, QStringList(3, u"showManual "_s + window.objectName()));
 }
 
 TEST_F(WindowBase, OpensWhereAndAsLargeAsItWasClosed) {

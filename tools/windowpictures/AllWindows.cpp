@@ -9,9 +9,11 @@
 #include "app/ui/frmNeuVerbrauch.h"
 #include "app/ui/frmRuecksichern.h"
 #include "app/ui/frmSichern.h"
+#include "app/ui/frmUeber.h"
 #include "charts/ui/frmDiagrVergleich.h"
 #include "charts/ui/frmDiagramm.h"
 #include "mainwindow/frmVerbrauch.h"
+#include "manual/frmHandbuch.h"
 #include "nextyear/YearBefore.h"
 #include "nextyear/ui/frmFortfuehren.h"
 #include "projection/ui/frmHochrechnung.h"
@@ -32,6 +34,7 @@
 #include "readings/ui/frmPreisJeKubikW.h"
 #include "readings/ui/frmPreisJeKws.h"
 #include "readings/ui/frmPreisJeKwsN.h"
+#include "widgets/Tones.h"
 
 using namespace Qt::Literals::StringLiterals;
 
@@ -119,6 +122,12 @@ frmVerbrauch& yearWindow(QWidget& window) {
   return static_cast<frmVerbrauch&>(window);
 }
 
+void typeOver(QLineEdit& field, const QString& text) {
+  field.setFocus();
+  field.selectAll();
+  field.insert(text);
+}
+
 View page(const QString& name, int tab) {
   return {u"frmVerbrauch-"_s + name, [](Household& home) { return mainWindow(home); },
           [tab](QWidget& window) { yearWindow(window).TabStrip->setCurrentIndex(tab); }};
@@ -159,12 +168,24 @@ std::vector<View> entryViews() {
       {u"frmPreisJeKwsN"_s, onYear<frmPreisJeKwsN>},
       {u"frmPreisJeKubikW"_s, onYear<frmPreisJeKubikW>},
       {u"frmPreisJeKubikAbW"_s, onYear<frmPreisJeKubikAbW>},
-      {u"frmPreisJeKubikG"_s, onYear<frmPreisJeKubikG>},
+      {u"frmPreisJeKubikG"_s, onYear<frmPreisJeKubikG>,
+       [](QWidget& window) {
+         auto& prices = static_cast<frmPreisJeKubikG&>(window);
+         typeOver(*prices.newPrice, u"9,45"_s);
+         for (const int month : {9, 10, 11}) prices.Check1(month)->click();
+       }},
       {u"frmGrdGebMo"_s, onYear<frmGrdGebMo>},
       {u"frmGrdGebMoW"_s, onYear<frmGrdGebMoW>},
       {u"frmGrdGebMoAW"_s, onYear<frmGrdGebMoAW>},
       {u"frmGrdGebMoG"_s, onYear<frmGrdGebMoG>},
-      {u"frmMonatErfassen"_s, onRunningYear<frmMonatErfassen>},
+      {u"frmMonatErfassen"_s, onRunningYear<frmMonatErfassen>,
+       [](QWidget& window) {
+         const auto& sheet = static_cast<frmMonatErfassen&>(window);
+         typeOver(*sheet.row(yearbook::Meter::Day)->txtStand, u"1201"_s);
+         typeOver(*sheet.row(yearbook::Meter::Night)->txtStand, u"546"_s);
+         typeOver(*sheet.row(yearbook::Meter::Water)->txtStand, u"553"_s);
+         typeOver(*sheet.row(yearbook::Meter::Gas)->txtStand, u"11231"_s);
+       }},
       {u"frmAblesebuch"_s, onRunningYear<frmAblesebuch>,
        [](QWidget& window) { static_cast<frmAblesebuch&>(window).optZaehler(4)->click(); }},
       {u"frmTabelleEinlesen"_s, table},
@@ -185,7 +206,12 @@ std::vector<View> otherViews() {
          Q_EMIT restore.Dir1->chosen(folder);
          Q_EMIT restore.File3->chosen(u"Verbrauch2025.kwd"_s);
        }},
-      {u"frmHochrechnung"_s, onRunningYear<frmHochrechnung>},
+      {u"frmHochrechnung"_s, onRunningYear<frmHochrechnung>,
+       [](QWidget& window) {
+         auto& projection = static_cast<frmHochrechnung&>(window);
+         typeOver(*projection.Text1, u"31.10.2025"_s);
+         projection.Command12->click();
+       }},
       {u"frmDiagramm"_s, chart},
       {u"frmDiagrVergleich"_s, comparison},
       {u"frmAlleJahre"_s, allYears},
@@ -198,6 +224,11 @@ std::vector<View> otherViews() {
       {u"frmAngebot"_s, offer},
       {u"frmHilfe"_s, help<frmHilfe>},
       {u"frmHilfeZaehlerWechs"_s, help<frmHilfeZaehlerWechs>},
+      {u"frmHandbuch"_s, help<frmHandbuch>,
+       [](QWidget& window) {
+         static_cast<frmHandbuch&>(window).showPlace(u"handbuch/preise.md"_s);
+       }},
+      {u"frmUeber"_s, ofFiles<frmUeber>},
   };
 }
 
@@ -213,33 +244,17 @@ const std::vector<View>& allViews() {
   return views;
 }
 
-std::optional<QPalette> paletteNamed(const QString& name) {
-  struct Colors {
-    const char* name;
-    QRgb window, base, text, highlight, highlightedText, alternate;
-  };
-  constexpr Colors kPalettes[] = {
-      {"light", 0xEFEFEF, 0xFFFFFF, 0x000000, 0x1C6FB5, 0xFFFFFF, 0xF7F7F7},
-      {"dark", 0x323232, 0x242424, 0xF0F0F0, 0x2B74B3, 0xFFFFFF, 0x2B2B2B},
-      {"contrast", 0x000000, 0x000000, 0xFFFFFF, 0xFFFF00, 0x000000, 0x000000},
-  };
-  for (const Colors& colors : kPalettes) {
-    if (name != QLatin1String(colors.name)) continue;
-    // The other roles follow from the ground.
-    QPalette palette(QColor::fromRgb(colors.window));
-    const auto set = [&palette](QPalette::ColorRole role, QRgb color) {
-      palette.setColor(role, QColor::fromRgb(color));
-    };
-    set(QPalette::Base, colors.base);
-    set(QPalette::AlternateBase, colors.alternate);
-    set(QPalette::Highlight, colors.highlight);
-    set(QPalette::HighlightedText, colors.highlightedText);
-    for (const auto group : {QPalette::Active, QPalette::Inactive})
-      for (const auto role : {QPalette::WindowText, QPalette::Text, QPalette::ButtonText})
-        palette.setColor(group, role, QColor::fromRgb(colors.text));
-    return palette;
+bool showIn(const QString& colors) {
+  using widgets::Look;
+  if (colors == u"light") widgets::showAs(Look::Light);
+  if (colors == u"dark") widgets::showAs(Look::Dark);
+  if (colors == u"contrast") {
+    QPalette strong(Qt::white, Qt::black, Qt::white, Qt::black, Qt::white, Qt::white, Qt::black);
+    strong.setColor(QPalette::Highlight, Qt::yellow);
+    strong.setColor(QPalette::HighlightedText, Qt::black);
+    QApplication::setPalette(strong);
   }
-  return std::nullopt;
+  return QStringList{u"light"_s, u"dark"_s, u"contrast"_s}.contains(colors);
 }
 
 void settle() {

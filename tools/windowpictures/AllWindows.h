@@ -21,9 +21,9 @@ struct View {
 
 const std::vector<View>& allViews();
 
-// Light and dark as the program's own choice of colours has them, a palette of strong contrast, or
-// nullopt for the name of no palette.
-std::optional<QPalette> paletteNamed(const QString& name);
+// From now on all windows are "light" or "dark" as the program itself can be, or in "contrast":
+// white and yellow on black. False for any other word.
+bool showIn(const QString& colors);
 
 // Lets a window that was shown do what it does then.
 void settle();

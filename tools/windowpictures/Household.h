@@ -42,6 +42,9 @@ class Standstill final : public dialogs::Navigator, public dialogs::Shell, publi
   void restartAtStartWindow() override {}
   void showHelp() override {}
   void showMeterChangeHelp() override {}
+  void showManual(const QString&) override {}
+  void showAbout() override {}
+  void showSample() override {}
   void endProgram() override {}
   bool startProgram(const QString&) override { return false; }
   bool openDocument(const QString&) override { return false; }

@@ -9,7 +9,8 @@
 #include <QJsonArray>
 #include <QJsonDocument>
 #include <QJsonObject>
-#include <QStandardPaths>
+#include <QSettings>
+#include <QTemporaryDir>
 #include <QTemporaryFile>
 #include <cstdio>
 
@@ -45,9 +46,8 @@ std::optional<Wanted> wantedBy(const QStringList& arguments) {
   wanted.scale = parser.value(u"scale"_s).toDouble();
   const QStringList size = parser.value(u"screen"_s).split(u'x');
   wanted.screen = {size.value(0).toInt(), size.value(1).toInt()};
-  const bool possible = wanted.scale > 0 && !wanted.screen.isEmpty() &&
-                        pictures::paletteNamed(wanted.colors) &&
-                        (wanted.list || !wanted.folder.isEmpty());
+  const bool possible =
+      wanted.scale > 0 && !wanted.screen.isEmpty() && (wanted.list || !wanted.folder.isEmpty());
   return possible ? std::optional(wanted) : std::nullopt;
 }
 
@@ -81,25 +81,30 @@ bool savePicture(const pictures::View& view, const QString& folder) {
   return window->grab().save(folder + u'/' + view.name + u".png"_s, "PNG", 0);
 }
 
+int usage() {
+  std::fputs(
+      "windowpictures FOLDER [--only NAMES] [--scale FACTOR] [--screen WxH]"
+      " [--colors light|dark|contrast] [--list]\n",
+      stderr);
+  return 2;
+}
+
 }  // namespace
 
 int main(int argc, char** argv) {
   QStringList arguments;
   for (int i = 0; i < argc; ++i) arguments += QString::fromLocal8Bit(argv[i]);
   const auto wanted = wantedBy(arguments);
-  if (!wanted) {
-    std::fputs(
-        "windowpictures FOLDER [--only NAMES] [--scale FACTOR] [--screen WxH]"
-        " [--colors light|dark|contrast] [--list]\n",
-        stderr);
-    return 2;
-  }
+  if (!wanted) return usage();
   QTemporaryFile description;
   prepareScreen(*wanted, description);
   QApplication application(argc, argv);
   widgets::dressApplication(application);
-  QApplication::setPalette(*pictures::paletteNamed(wanted->colors));
+  if (!pictures::showIn(wanted->colors)) return usage();
   QApplication::setCursorFlashTime(0);
+  // Nothing that whoever draws the pictures once did to a window.
+  const QTemporaryDir settings;
+  QSettings::setPath(QSettings::IniFormat, QSettings::UserScope, settings.path());
   bool done = wanted->list || QDir().mkpath(wanted->folder);
   for (const pictures::View& view : pictures::allViews()) {
     if (wanted->list) std::puts(qPrintable(view.name));

@@ -5,11 +5,13 @@
 #include <QEventLoop>
 #include <QTimer>
 
+#include "app/SampleCopy.h"
 #include "app/StrayJournal.h"
 #include "app/YearFiles.h"
 #include "app/ui/FileBoxes.h"
 #include "app/ui/RecentYears.h"
 #include "app/ui/YearDrop.h"
+#include "app/ui/frmUeber.h"
 #include "base/CurrentFolder.h"
 #include "base/Paths.h"
 #include "dialogs/Prompts.h"
@@ -18,6 +20,10 @@ using namespace Qt::Literals::StringLiterals;
 
 namespace app {
 namespace {
+
+constexpr char16_t kSampleHint[] =
+    u"Beispieljahr eines erfundenen Haushalts: eine Kopie zum Ausprobieren. Die eigenen Jahre "
+    u"berührt sie nicht.";
 
 // The window that the user is working in; a window that is to be usable must lie over it.
 QWidget* frontWindow() {
@@ -70,9 +76,10 @@ QWidget* WindowNavigator::makeMainWindow(QWidget* parent) {
   if (year.window == nullptr) return nullptr;
   year.window->setAttribute(Qt::WA_DeleteOnClose);
   followSafetyCopy(copy, year);
+  if (year.hint && isSample(path)) year.hint(QString::fromUtf16(kSampleHint));
   main_ = year.window;
   takeDrops(main_);
-  rememberYear(QString::fromStdString(path));
+  if (!isSample(path)) rememberYear(QString::fromStdString(path));
   return year.window;
 }
 
@@ -119,18 +126,22 @@ void WindowNavigator::openYearAt(const QString& action) {
     QTimer::singleShot(0, way, &QAction::trigger);
 }
 
-void WindowNavigator::openYearOver(QWidget* start) {
-  QWidget* window = makeMainWindow(start);
+void WindowNavigator::openYearOver(QWidget* below) {
+  const QPointer<QWidget> yearBelow = main_;
+  QWidget* window = makeMainWindow(below);
   if (window == nullptr) return;
   window->setWindowFlag(Qt::Window);
   window->setWindowModality(Qt::WindowModal);
   QEventLoop untilClosed;
   QObject::connect(window, &QObject::destroyed, &untilClosed, &QEventLoop::quit);
   window->show();
-  yearOverStart_ = true;
+  const bool outer = std::exchange(yearOverStart_, true);
   untilClosed.exec();
-  yearOverStart_ = false;
-  if (const auto next = std::exchange(afterYear_, nullptr)) next();
+  yearOverStart_ = outer;
+  main_ = yearBelow;
+  const auto next = std::exchange(afterYear_, nullptr);
+  if (next && yearBelow) return leaveYear(next);
+  if (next) next();
 }
 
 void WindowNavigator::takeDrops(QWidget* window) {
@@ -210,6 +221,34 @@ void WindowNavigator::showHelp() {
 }
 void WindowNavigator::showMeterChangeHelp() {
   showOnce(meterChangeHelp_);
+}
+
+void WindowNavigator::showManual(const QString& window) {
+  showOnce(manual_);
+  manual_->showPlace(manual::placeOf(window));
+}
+
+void WindowNavigator::showAbout() {
+  frmUeber(*services_, frontWindow()).exec();
+}
+
+void WindowNavigator::showSample() {
+  base::PathState& paths = services_->paths;
+  QWidget* owner = frontWindow();
+  if (main_ && isSample(paths.YearDatabasePath)) {
+    services_->prompts.tell(owner, u"Das Beispieljahr ist schon geöffnet."_s,
+                            u"Beispieljahr ansehen"_s, dialogs::Icon::Information);
+    return;
+  }
+  const auto sample = provideSample(services_->files, paths.ProgramFolder, paths.DataFolder);
+  if (!sample) return tellFileError(*services_, owner, sample.error(), u"Beispieljahr ansehen"_s);
+  const base::PathState own = paths;
+  SystemFacts apart = facts_;  // the sample's folder counts, whatever was chosen for this run
+  apart.chosenDataFolder.clear();
+  settleFoldersAt(paths, services_->files, apart, *sample);
+  openYearOver(owner);
+  paths = own;
+  base::ignore(base::makeCurrent(paths.DataFolder), "file dialogs then begin elsewhere");
 }
 
 void WindowNavigator::endProgram() {

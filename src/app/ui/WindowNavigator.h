@@ -9,6 +9,7 @@
 #include "app/ui/frmVerbrStart.h"
 #include "dialogs/HelpWindows.h"
 #include "dialogs/Navigator.h"
+#include "manual/frmHandbuch.h"
 
 namespace app {
 
@@ -37,7 +38,7 @@ class WindowNavigator final : public dialogs::Navigator, public YearOpener {
 
   void openYear() override;
   void openYearAt(const QString& action) override;
-  void openYearOver(QWidget* start) override;
+  void openYearOver(QWidget* below) override;
   // From wherever it comes: dropped, recently opened, handed over by another start of the program.
   // Its folder is the data folder then. A year that is open comes to the front; while a window asks
   // or takes entries it waits.
@@ -48,6 +49,9 @@ class WindowNavigator final : public dialogs::Navigator, public YearOpener {
   void restartAtStartWindow() override;
   void showHelp() override;
   void showMeterChangeHelp() override;
+  void showManual(const QString& window) override;
+  void showAbout() override;
+  void showSample() override;
   void endProgram() override;
 
  private:
@@ -69,6 +73,7 @@ class WindowNavigator final : public dialogs::Navigator, public YearOpener {
   std::string waiting_;  // the file that is opened as soon as no other window is in the way
   QPointer<frmHilfe> help_;
   QPointer<frmHilfeZaehlerWechs> meterChangeHelp_;
+  QPointer<frmHandbuch> manual_;
 };
 
 }  // namespace app

@@ -266,6 +266,12 @@ void frmVerbrStart::mnuPfadDelClick() {
                            title, Icon::Information);
 }
 
+void frmVerbrStart::mnuBeispieljahrClick() {
+  const QPointer<frmVerbrStart> self = this;
+  services_.navigator.showSample();
+  if (self && isVisible()) activate();
+}
+
 void frmVerbrStart::mnuHilfeClick() {
   if (!help_) {
     help_ = new frmHilfe(this);

@@ -13,6 +13,7 @@
 #include <string>
 
 #include "app/DataFolder.h"
+#include "dialogs/HelpEntries.h"
 #include "dialogs/HelpWindows.h"
 #include "dialogs/Services.h"
 #include "widgets/ActionOption.h"
@@ -58,6 +59,11 @@ std::string showNewDatabaseWindow(dialogs::Services& services, QWidget* owner);
 // without touching the choice.
 class frmVerbrStart final : public QMainWindow {
   Q_OBJECT
+
+  dialogs::Services& services_;
+  const app::SystemFacts facts_;
+  app::YearOpener& opener_;
+
  public:
   frmVerbrStart(dialogs::Services& services, const app::SystemFacts& facts,
                 app::YearOpener& opener);
@@ -93,6 +99,9 @@ class frmVerbrStart final : public QMainWindow {
   QAction* const mnuAlleJahre = entry("mnuAlleJahre");
   QAction* const mnuPrognose = entry("mnuPrognose");
   QAction* const mnuTarife = entry("mnuTarife");
+  QMenu* const mnuHandbuchMenue = menu("mnuHandbuchMenue");
+  const dialogs::HelpEntries helpEntries{this, services_.navigator,
+                                         [this] { return objectName(); }};
   QAction* const mnuHilfe = entry("mnuHilfe");
 
   void activate();
@@ -139,15 +148,13 @@ class frmVerbrStart final : public QMainWindow {
   void mnuImportClick();
   void mnuPfadLRVClick();
   void mnuPfadDelClick();
+  void mnuBeispieljahrClick();
   void mnuHilfeClick();
 
   bool hasSelection();
   void deleteYear(const std::string& name);
   void tellLater(const base::Error& error);
 
-  dialogs::Services& services_;
-  const app::SystemFacts facts_;
-  app::YearOpener& opener_;
   std::optional<base::Error> loadProblem_;
   QString toldProblem_;
   QPointer<frmHilfe> help_;

@@ -51,6 +51,9 @@ void frmVerbrStart::buildMenus() {
   menuBar()->addMenu(mnuVerbrDat);
   buildAnalysisMenu();
   menuBar()->addMenu(new dialogs::LookMenu(this));
+  mnuHandbuchMenue->setTitle(u"&Hilfe"_s);
+  helpEntries.addTo(mnuHandbuchMenue);
+  menuBar()->addMenu(mnuHandbuchMenue);
   menuBar()->addAction(mnuHilfe);
 }
 
@@ -198,4 +201,6 @@ void frmVerbrStart::connectControls() {
   connect(mnuPfadLRV, &QAction::triggered, this, &frmVerbrStart::mnuPfadLRVClick);
   connect(mnuPfadDel, &QAction::triggered, this, &frmVerbrStart::mnuPfadDelClick);
   connect(mnuHilfe, &QAction::triggered, this, &frmVerbrStart::mnuHilfeClick);
+  connect(helpEntries.mnuBeispieljahr, &QAction::triggered, this,
+          &frmVerbrStart::mnuBeispieljahrClick);
 }

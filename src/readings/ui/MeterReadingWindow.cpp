@@ -181,11 +181,8 @@ void MeterReadingWindow::connectButtons() {
   connect(Command1, &QPushButton::clicked, this, &MeterReadingWindow::Command1Click);
   connect(Command3, &QPushButton::clicked, this, &MeterReadingWindow::Command3Click);
   connect(Command4, &QPushButton::clicked, this, &MeterReadingWindow::Command4Click);
-  connect(Command5, &QPushButton::clicked, this, &MeterReadingWindow::showHelp);
-}
-
-void MeterReadingWindow::showHelp() {
-  services_.navigator.showMeterChangeHelp();
+  connect(Command5, &QPushButton::clicked, this,
+          [this] { services_.navigator.showMeterChangeHelp(); });
 }
 
 bool MeterReadingWindow::eventFilter(QObject* watched, QEvent* event) {

@@ -44,7 +44,6 @@ class MeterReadingWindow : public EntryWindow {
 
  protected:
   bool mayClose() override;
-  void showHelp() override;
   bool eventFilter(QObject* watched, QEvent* event) override;
 
  private:

@@ -13,7 +13,9 @@
 #include "app/ui/frmNeuVerbrauch.h"
 #include "app/ui/frmRuecksichern.h"
 #include "app/ui/frmSichern.h"
+#include "app/ui/frmUeber.h"
 #include "dialogs/HelpWindows.h"
+#include "manual/frmHandbuch.h"
 
 using namespace Qt::Literals::StringLiterals;
 
@@ -88,6 +90,11 @@ TEST_P(WindowManners, EveryControlIsNamedAndEveryTextWhole) {
   frmHilfeZaehlerWechs meterChange;
   meterChange.setAttribute(Qt::WA_DeleteOnClose, false);
   check(meterChange);
+  frmHandbuch book;
+  book.setAttribute(Qt::WA_DeleteOnClose, false);
+  check(book);
+  frmUeber about(services, nullptr);
+  check(about);
 }
 
 INSTANTIATE_TEST_SUITE_P(Fonts, WindowManners, testing::Values(1.0, 1.6), [](const auto& test) {

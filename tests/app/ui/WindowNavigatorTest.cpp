@@ -157,6 +157,78 @@ TEST_F(Navigation, HelpIsOneWindow) {
   EXPECT_EQ(count, 1);
 }
 
+TEST_F(Navigation, TheManualOpensAtThePageOfTheWindow) {
+  for (const char* window : {"Frame4", "frmTarife"}) {
+    navigator.showManual(QString::fromLatin1(window));
+    const auto* book = visible<frmHandbuch>();
+    ASSERT_NE(book, nullptr);
+    EXPECT_EQ(manual::placeAt(book->txtSeite->source()),
+              manual::placeOf(QString::fromLatin1(window)));
+  }
+}
+
+class SampleYear : public Navigation {
+ protected:
+  SampleYear() {
+    EXPECT_TRUE(files->makeFolder(program / "beispiel"));
+    for (const char* name : {"beispiel/Verbrauch2024.kwd", "beispiel/Verbrauch2025.kwd"})
+      EXPECT_TRUE(files->replaceFile(program / name, base::asBytes("Muster")));
+  }
+  void whileOpen(const std::function<void()>& then) {
+    QTimer::singleShot(0, qApp, then);
+    navigator.showSample();
+    settle();
+  }
+};
+
+TEST_F(SampleYear, IsMarkedAndLiesApartWhileItIsOpen) {
+  const std::string own = paths.YearDatabasePath;
+  whileOpen([this] {
+    EXPECT_EQ(paths.YearDatabasePath, dataFolder() + "Beispiel/Beispiel 2025.kwd");
+    EXPECT_EQ(paths.DataFolder, dataFolder() + "Beispiel/");
+    EXPECT_TRUE(hints.join(u' ').contains(u"Kopie zum Ausprobieren"_s));
+    navigator.showSample();
+    EXPECT_EQ(prompts.take().text, u"Das Beispieljahr ist schon geöffnet."_s);
+    visible<QMainWindow>()->close();
+  });
+  EXPECT_EQ(paths.DataFolder, dataFolder());
+  EXPECT_EQ(paths.YearDatabasePath, own);
+  EXPECT_EQ(std::filesystem::current_path(), std::filesystem::path(dataFolder()).parent_path());
+  EXPECT_NE(visible<frmVerbrStart>(), nullptr);
+}
+
+TEST_F(SampleYear, OverAYearComesBackToThatYear) {
+  visible<frmVerbrStart>()->cmdHausrat->click();
+  settle();
+  const QPointer<QMainWindow> year = visible<QMainWindow>();
+  whileOpen([&] {
+    for (QWidget* window : QApplication::topLevelWidgets())
+      if (window != year && qobject_cast<QMainWindow*>(window)) window->close();
+  });
+  ASSERT_FALSE(year.isNull());
+  EXPECT_TRUE(year->isVisible());
+  EXPECT_EQ(paths.DataFolder, dataFolder());
+}
+
+// Whoever leaves for the start window from the sample leaves the year below it too.
+TEST_F(SampleYear, LeavingItForTheStartWindowLeavesNoWindowBehind) {
+  visible<frmVerbrStart>()->cmdHausrat->click();
+  settle();
+  whileOpen([this] { navigator.restartAtStartWindow(); });
+  settle();
+  EXPECT_EQ(visible<QMainWindow>(), nullptr);
+  ASSERT_NE(visible<frmVerbrStart>(), nullptr);
+  EXPECT_EQ(paths.DataFolder, dataFolder());
+}
+
+TEST_F(SampleYear, AMissingSampleIsSaid) {
+  EXPECT_TRUE(files->remove(program / "beispiel/Verbrauch2025.kwd"));
+  prompts.answer(Button::Ok);
+  navigator.showSample();
+  EXPECT_TRUE(prompts.take().text.contains(u"Verbrauch2025.kwd"_s));
+  EXPECT_EQ(paths.DataFolder, dataFolder());
+}
+
 TEST_F(Navigation, OpeningLeavesASafetyCopyAndAFailureOnlyAHint) {
   visible<frmVerbrStart>()->cmdHausrat->click();
   visible<QMainWindow>()->close();

@@ -440,10 +440,11 @@ TEST_F(MeterReadingWindow, APastedColumnRunsDownFromItsField) {
   EXPECT_EQ(year->adoWasser.number(4, yearbook::wasser::reading), 1490);
 }
 
-TEST_F(MeterReadingWindow, TheHelpButtonShowsTheMeterChangeHelp) {
+TEST_F(MeterReadingWindow, TheHelpButtonShowsTheMeterChangeAndF1TheManual) {
   openEmpty();
   const auto window = show<frmEingabeVerbrauchS>();
   click(window->Command5);
   QTest::keyClick(window.get(), Qt::Key_F1);
-  EXPECT_EQ(navigator.calls, QStringList(2, u"showMeterChangeHelp"_s));
+  EXPECT_EQ(navigator.calls,
+            QStringList({u"showMeterChangeHelp"_s, u"showManual "_s + window->objectName()}));
 }

@@ -17,6 +17,11 @@ class FakeNavigator final : public dialogs::Navigator {
   void restartAtStartWindow() override { calls << QStringLiteral("restartAtStartWindow"); }
   void showHelp() override { calls << QStringLiteral("showHelp"); }
   void showMeterChangeHelp() override { calls << QStringLiteral("showMeterChangeHelp"); }
+  void showManual(const QString& window) override {
+    calls << QStringLiteral("showManual ") + window;
+  }
+  void showAbout() override { calls << QStringLiteral("showAbout"); }
+  void showSample() override { calls << QStringLiteral("showSample"); }
   void endProgram() override { calls << QStringLiteral("endProgram"); }
   QStringList calls;
   std::string made;  // by the new-database window
