@@ -5,7 +5,8 @@ build_packages=(g++ cmake ninja-build qt6-base-dev qt6-base-dev-tools qt6-svg-de
   qt6-translations-l10n libexpected-dev fonts-dejavu-core fonts-liberation)
 mingw_packages=(g++-mingw-w64-x86-64-posix binutils-mingw-w64-x86-64)
 lint_packages=(clang-format clang-tidy)
-test_packages=(libgtest-dev libgmock-dev mdbtools poppler-utils imagemagick libwmf-bin fonts-urw-base35 inkscape xvfb)
+test_packages=(libgtest-dev libgmock-dev mdbtools poppler-utils imagemagick libwmf-bin fonts-urw-base35 inkscape xvfb
+  at-spi2-core dbus python3-gi gir1.2-atspi-2.0 matchbox-window-manager)
 bench_packages=(libbenchmark-dev mdbtools-dev)
 
 install_missing() {
