@@ -44,7 +44,6 @@ void frmHandbuch::setTexts() {
   cmdVor->setToolTip(u"Nächste Seite (Alt+Rechts)"_s);
   lblSuche->setText(u"&Suchen"_s);
   lblSuche->setBuddy(txtSuche);
-  txtSuche->setClearButtonEnabled(true);
   txtSuche->setAccessibleName(u"Suchen"_s);
   txtSuche->setToolTip(u"Ein Wort oder mehrere (Strg+F)"_s);
   trvInhalt->setAccessibleName(u"Inhalt"_s);

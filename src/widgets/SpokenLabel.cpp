@@ -17,23 +17,31 @@ class SpokenLabel final : public QAccessibleWidget {
   QString text(QAccessible::Text kind) const override {
     const QString name = QAccessibleWidget::text(kind);
     if (kind != QAccessible::Name) return name;
-    const QString shown = Qt::mightBeRichText(label_->text())
-                              ? QTextDocumentFragment::fromHtml(label_->text()).toPlainText()
-                              : label_->text();
+    QString shown = Qt::mightBeRichText(label_->text())
+                        ? QTextDocumentFragment::fromHtml(label_->text()).toPlainText()
+                        : label_->text();
+    if (label_->buddy() != nullptr) shown.remove(u'&');
     if (name.isEmpty()) return shown;
     return shown.isEmpty() || name.contains(shown) ? name : name + u": "_s + shown;
+  }
+  QList<QPair<QAccessibleInterface*, QAccessible::Relation>> relations(
+      QAccessible::Relation wanted) const override {
+    auto found = QAccessibleWidget::relations(wanted);
+    if (label_->buddy() != nullptr && wanted.testFlag(QAccessible::Labelled))
+      found.append({QAccessible::queryAccessibleInterface(label_->buddy()), QAccessible::Labelled});
+    return found;
   }
 
  private:
   const QLabel* label_;
 };
 
-// Labels without a name of their own, and those of a kind of their own, are spoken as Qt does it.
+// Pictures, and labels of a kind of their own, are spoken as they were.
 QAccessibleInterface* makeSpoken(const QString& kind, QObject* object) {
   auto* label = qobject_cast<QLabel*>(object);
-  const bool plain = label != nullptr && kind == u"QLabel" && !label->accessibleName().isEmpty() &&
-                     label->pixmap(Qt::ReturnByValue).isNull();
-  return plain ? new SpokenLabel(label) : nullptr;
+  const bool text =
+      label != nullptr && kind == u"QLabel" && label->pixmap(Qt::ReturnByValue).isNull();
+  return text ? new SpokenLabel(label) : nullptr;
 }
 
 }  // namespace

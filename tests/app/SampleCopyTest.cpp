@@ -3,7 +3,6 @@
 #include <gtest/gtest.h>
 
 #include "SampleYear.h"
-#include "readings/MeterReading.h"
 #include "support/EmptyYear.h"
 #include "support/MemoryFileSystem.h"
 
@@ -28,9 +27,11 @@ TEST_F(SampleCopy, IsAYearOfItsOwnWithItsSideFiles) {
   const base::FixedClock clock(std::chrono::year(2026) / 1 / 1);
   const auto year = yearbook::YearSession::open(disk, kCopy, "/daten/Beispiel/", clock);
   ASSERT_TRUE(year);
-  EXPECT_EQ(readings::meterYear(**year, yearbook::Meter::Day).change,
-            sample::year2025().changes[yearbook::Meter::Day])
-      << "the meter change lies in a side file";
+  EXPECT_EQ((*year)->values().startReadings[yearbook::Meter::Day],
+            sample::year2025().start[yearbook::Meter::Day]);
+  const base::Bytes change = disk.get("/daten/Beispiel/Beispiel 2025_WechselStrom.dat");
+  EXPECT_FALSE(change.empty());
+  EXPECT_EQ(change, disk.get("/programm/beispiel/Verbrauch2025_WechselStrom.dat"));
   EXPECT_TRUE(disk.exists("/daten/Beispiel/Beispiel 2024.kwd"));
   EXPECT_EQ(disk.get("/daten/Verbrauch2025.kwd"), base::Bytes{7}) << "the household's own year";
 }

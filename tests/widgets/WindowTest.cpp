@@ -145,7 +145,7 @@ TEST_F(WindowBase, ContentThatIsTooTallScrollsAndTheRestStaysAsItWas) {
   QTest::keyClick(window.chkBox, Qt::Key_F1);
   QTest::keyClick(window.chkBox, Qt::Key_Escape);
   EXPECT_EQ(window.pressed, QStringList{u"reject"_s});
-  EXPECT_EQ(navigator_.calls, QStringList{u"showHelp"_s});
+  EXPECT_EQ(navigator_.calls, QStringList{u"showManual "_s + window.objectName()});
 }
 
 // On a screen that has room for it there is nothing to scroll.

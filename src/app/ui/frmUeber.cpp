@@ -71,6 +71,9 @@ void frmUeber::arrange() {
                                                {u"Programmordner"_s, lblProgrammordner}};
   for (const auto& [caption, label] : lines) {
     form->addRow(caption, label);
+    // Whole at any font, however small the window was made before.
+    label->setMinimumWidth(50 * fontMetrics().averageCharWidth());
+    label->setMinimumHeight(label->heightForWidth(label->minimumWidth()));
     label->setAccessibleName(caption + u": "_s + label->text());
   }
   auto* buttons = new QHBoxLayout;
@@ -85,7 +88,8 @@ void frmUeber::arrange() {
   rows->addLayout(head);
   rows->addLayout(form, 1);
   rows->addLayout(buttons);
-  resize(560, sizeHint().height());
+  constexpr int kWidth = 560;
+  resize(kWidth, rows->totalHeightForWidth(kWidth));
 }
 
 void frmUeber::openDataFolder() {
