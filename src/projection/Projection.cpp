@@ -4,6 +4,7 @@
 #include <cmath>
 #include <limits>
 
+#include "base/DateText.h"
 #include "yearbook/Bill.h"
 
 namespace projection {
@@ -47,18 +48,21 @@ int daysSoFar(base::Date start, base::Date reading) {
 
 ProjectionOutcome project(const ProjectionInput& input) {
   ProjectionOutcome outcome;
-  const auto start = base::parseDate(input.startDate);
+  const auto start = base::parseTypedDate(input.startDate);
   if (!start) {
+    outcome.fault = ProjectionOutcome::Fault::StartDate;
     outcome.message = std::string("Start-Datum, ungültige Datumseingabe! ") + kExample;
     return outcome;
   }
-  const auto reading = base::parseDate(input.readingDate);
+  const auto reading = base::parseTypedDate(input.readingDate);
   if (!reading) {
+    outcome.fault = ProjectionOutcome::Fault::ReadingDate;
     outcome.message = std::string("Datum Ablesung ungültige Datumseingabe! ") + kExample;
     return outcome;
   }
   const std::string month(base::kMonthNames[static_cast<unsigned>(start->month()) - 1]);
   if (month != input.startMonth) {
+    outcome.fault = ProjectionOutcome::Fault::StartDate;
     outcome.startMonthDiffers = true;
     outcome.message = "Der Startmonat " + input.startMonth +
                       " stimmt nicht mit dem Monat des Start-Datums  " + month +

@@ -33,6 +33,9 @@ struct ProjectionFigures {
 // is rounded but the gross base fee, which is money.
 struct ProjectionOutcome {
   std::string message;
+  // Which date the message is about.
+  enum class Fault { None, StartDate, ReadingDate };
+  Fault fault = Fault::None;
   bool startMonthDiffers = false;  // the message is about the month; the reading has been copied
   std::optional<ProjectionFigures> figures;
 };

@@ -1,5 +1,7 @@
 #include "widgets/DateField.h"
 
+#include "base/DateText.h"
+
 using namespace Qt::Literals::StringLiterals;
 
 namespace widgets {
@@ -10,7 +12,13 @@ DateField::DateField(QWidget* parent) : EntryField(parent) {
 }
 
 std::optional<base::Date> DateField::date() const {
-  return base::parseDate(text().toStdString());
+  return base::parseTypedDate(text().toStdString());
+}
+
+void DateField::settle() {
+  const auto typed = date();
+  if (typed && !base::parseDate(text().toStdString()))
+    setText(QString::fromStdString(base::formatDate(*typed)));
 }
 
 }  // namespace widgets

@@ -1,6 +1,7 @@
 #include <gtest/gtest.h>
 
 #include "base/CsvRecord.h"
+#include "base/DateText.h"
 #include "base/GermanDate.h"
 #include "base/GermanNumber.h"
 #include "base/Money.h"
@@ -69,6 +70,12 @@ TEST(GermanDate, AcceptsOnlyDaysOfTheCalendar) {
   for (const char* text : {"31.02.2010", "1.13.2010", "", "1.1", "1.1.", "01012010", "1.1.2010.",
                            "a.b.c", "1.1.99999", "-1.1.2010", "0.1.2010"})
     EXPECT_FALSE(base::parseDate(text)) << text;
+  // As it is typed, not as it stands in a file.
+  for (const char* text : {"01,01,2026", "1.1,26", "01012026", " 010126 "})
+    EXPECT_EQ(base::parseTypedDate(text), year(2026) / 1 / 1) << text;
+  for (const char* text :
+       {"31022026", "0101202", "1012026", "1,1", "2026", "-1012026", "01.012026"})
+    EXPECT_FALSE(base::parseTypedDate(text)) << text;
   EXPECT_EQ(base::formatLongDate(year(2026) / 11 / 14), "14 November, 2026");
   EXPECT_EQ(base::daysBetween(year(2010) / 1 / 1, year(2010) / 12 / 31), 364);
 }

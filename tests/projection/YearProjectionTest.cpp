@@ -27,4 +27,32 @@ TEST(YearProjection, ReadsWhatTheMainWindowShows) {
   EXPECT_EQ(projection::projectionInput(**year).consumption, std::nullopt);
 }
 
+// The end of the last month with a reading, wherever the year begins, and never a day to come.
+TEST(YearProjection, TheLastReadingDayIsWhatTheYearTells) {
+  using std::chrono::year;
+  support::MemoryFileSystem files;
+  const base::FixedClock clock(year(2026) / 11 / 14);
+  files.put("/daten/Haushalt.kwd", support::emptyYear());
+  auto opened = yearbook::YearSession::open(files, "/daten/Haushalt.kwd", "/daten/", clock);
+  ASSERT_TRUE(opened);
+  yearbook::YearSession& session = **opened;
+  EXPECT_FALSE(projection::lastReadingDay(session, clock.today())) << "nothing read";
+  const auto read = [&](int row, double reading) {
+    ASSERT_TRUE(session.transact({}, [&](yearbook::YearRows& rows) {
+      return rows.adoStrom.setNumber(row, yearbook::strom::dayReading, reading);
+    }));
+  };
+  read(1, 1200);
+  EXPECT_FALSE(projection::lastReadingDay(session, clock.today())) << "no calendar year";
+  ASSERT_TRUE(session.storeStartDate("1.1.2024"));
+  EXPECT_EQ(projection::lastReadingDay(session, clock.today()), year(2024) / 2 / 29);
+  EXPECT_EQ(projection::lastReadingDay(session, year(2024) / 2 / 20), year(2024) / 2 / 20);
+  read(11, 2400);
+  EXPECT_EQ(projection::lastReadingDay(session, clock.today()), year(2024) / 12 / 31);
+  read(11, 0);
+  ASSERT_TRUE(session.shiftStartMonth(yearbook::Utility::Electricity, 2));
+  // February is the first row now, and January, which has none, the last.
+  EXPECT_EQ(projection::lastReadingDay(session, clock.today()), year(2024) / 2 / 29);
+}
+
 }  // namespace

@@ -2,11 +2,14 @@
 
 #include <QFormLayout>
 #include <QHBoxLayout>
+#include <QKeyEvent>
 #include <QPainter>
 #include <QShowEvent>
+#include <QSignalBlocker>
 #include <QTimer>
 #include <QVBoxLayout>
 
+#include "base/DateText.h"
 #include "base/GermanNumber.h"
 #include "dialogs/Prompts.h"
 #include "projection/YearProjection.h"
@@ -35,6 +38,9 @@ frmHochrechnung::frmHochrechnung(const dialogs::Services& services, yearbook::Ye
   setTexts();
   buildLayout();
   showStartDate();
+  if (const auto day = projection::lastReadingDay(year_, services_.clock.today()))
+    Text1->setText(QString::fromStdString(base::formatDate(*day)));
+  connect(txtDatumStrom, &widgets::EntryField::left, this, [this] { startLeft_ = true; });
   // The answer waits until the focus has arrived where it goes.
   for (widgets::DateField* field : {txtDatumStrom, Text1})
     connect(
@@ -121,6 +127,8 @@ void frmHochrechnung::buildForm() {
 }
 
 void frmHochrechnung::buildLayout() {
+  lblFehlt->setWordWrap(true);
+  lblFehlt->hide();
   for (QLabel* note : {Label2, lblHinweis}) {
     note->setWordWrap(true);
     note->setMinimumWidth(fontMetrics().averageCharWidth() * 60);
@@ -136,6 +144,7 @@ void frmHochrechnung::buildLayout() {
   auto* column = new QVBoxLayout(this);
   column->addWidget(Label2);
   column->addWidget(fraStartDatum);
+  column->addWidget(lblFehlt);
   column->addWidget(chkGrundgeb);
   column->addStretch();
   column->addLayout(buttons);
@@ -148,26 +157,63 @@ void frmHochrechnung::buildLayout() {
 void frmHochrechnung::showEvent(QShowEvent* event) {
   Window::showEvent(event);
   if (calculatedOnce_) return;
-  // Once the window stands, and never again: a box about a date must not come back by itself.
+  // Once the window stands, and never again.
   calculatedOnce_ = true;
-  QTimer::singleShot(0, this, &frmHochrechnung::Calculate);
+  QTimer::singleShot(0, this, &frmHochrechnung::calculateUnasked);
+}
+
+// Nobody has pressed anything yet: what is missing is said in the window, without a box.
+void frmHochrechnung::calculateUnasked() {
+  using Fault = projection::ProjectionOutcome::Fault;
+  const auto outcome = calculate();
+  if (outcome.figures) return goTo(Text1);
+  QString missing = QString::fromStdString(outcome.message);
+  if (outcome.fault == Fault::StartDate && txtDatumStrom->text().isEmpty())
+    missing = u"Das Start-Datum fehlt noch."_s;
+  if (outcome.fault == Fault::ReadingDate && Text1->text().isEmpty())
+    missing = u"Das Datum der letzten Ablesung fehlt noch."_s;
+  lblFehlt->setText(missing);
+  lblFehlt->show();
+  focusFault(outcome);
 }
 
 void frmHochrechnung::Calculate() {
+  for (widgets::DateField* field : {txtDatumStrom, Text1}) field->finish();
   if (txtDatumStrom->date()) storeStartDate();
+  const auto outcome = calculate();
+  if (outcome.figures) return;
+  warn(outcome.message);
+  if (fraStartDatum->isVisible()) focusFault(outcome);
+}
+
+void frmHochrechnung::focusFault(const projection::ProjectionOutcome& outcome) {
+  const bool start = outcome.fault == projection::ProjectionOutcome::Fault::StartDate;
+  goTo(start ? txtDatumStrom : Text1);
+}
+
+// Leaving a field this way is not the user's doing: the other date is not asked about.
+void frmHochrechnung::goTo(widgets::DateField* field) {
+  const QSignalBlocker startQuiet(txtDatumStrom);
+  const QSignalBlocker readingQuiet(Text1);
+  field->setFocus(Qt::TabFocusReason);
+}
+
+projection::ProjectionOutcome frmHochrechnung::calculate() {
   // What an earlier calculation left goes even if this one is refused.
   if (!chkGrundgeb->isChecked()) showBaseFee(false);
   projection::ProjectionInput input = projection::projectionInput(year_);
   input.startDate = txtDatumStrom->text().toStdString();
   input.readingDate = Text1->text().toStdString();
   input.addBaseFee = chkGrundgeb->isChecked();
-  const projection::ProjectionOutcome outcome = project(input);
+  projection::ProjectionOutcome outcome = project(input);
   if (outcome.figures || outcome.startMonthDiffers)
     txtVerbrBisher->setText(
         QString::fromStdString(base::formatShort(input.consumption.value_or(0), 2, true)));
-  if (outcome.figures) return showFigures(*outcome.figures);
-  warn(outcome.message);
-  if (outcome.startMonthDiffers && fraStartDatum->isVisible()) txtDatumStrom->setFocus();
+  if (outcome.figures) {
+    showFigures(*outcome.figures);
+    lblFehlt->hide();
+  }
+  return outcome;
 }
 
 void frmHochrechnung::showFigures(const projection::ProjectionFigures& figures) {
@@ -192,10 +238,13 @@ void frmHochrechnung::warn(const std::string& message) {
 
 void frmHochrechnung::fieldLeft(widgets::DateField* field) {
   if (!isVisible()) return;
-  if (!field->date())
-    return warn(
+  startLeft_ = false;
+  if (!field->date()) {
+    warn(
         "Ungültige Datumseingabe! Bitte geben Sie ein gültiges Datum ein.\n"
         "Beispiel:  01.01.2009");
+    return goTo(field);
+  }
   if (field == txtDatumStrom) storeStartDate();
 }
 
@@ -213,8 +262,15 @@ void frmHochrechnung::showStartDate() {
   txtDatumStrom->setText(QString::fromStdString(year_.values().startDate));
 }
 
+void frmHochrechnung::keyPressEvent(QKeyEvent* event) {
+  escaped_ = event->matches(QKeySequence::Cancel);
+  Window::keyPressEvent(event);
+}
+
+// Whoever closes the window has left its fields; Escape drops what is still being typed.
 void frmHochrechnung::done(int result) {
-  if (txtDatumStrom->date()) storeStartDate();
+  if (!escaped_) txtDatumStrom->finish();
+  if ((!escaped_ || startLeft_) && txtDatumStrom->date()) storeStartDate();
   Window::done(result);
 }
 

@@ -40,6 +40,7 @@ class frmHochrechnung final : public dialogs::Window {
   QLineEdit* const lblInklMwSt = widgets::control<QLineEdit>(this, "lblInklMwSt");
   QLabel* const Label8 = widgets::control<QLabel>(this, "Label8");
   QLineEdit* const lblInklGrundgeb = widgets::control<QLineEdit>(this, "lblInklGrundgeb");
+  QLabel* const lblFehlt = widgets::control<QLabel>(this, "lblFehlt");
   QCheckBox* const chkGrundgeb = widgets::control<QCheckBox>(this, "chkGrundgeb");
   QPushButton* const Command12 = widgets::control<QPushButton>(this, "Command12");
   QPushButton* const Command1 = widgets::control<QPushButton>(this, "Command1");
@@ -50,6 +51,7 @@ class frmHochrechnung final : public dialogs::Window {
 
  protected:
   void showEvent(QShowEvent* event) override;
+  void keyPressEvent(QKeyEvent* event) override;
   void done(int result) override;
 
  private:
@@ -57,6 +59,10 @@ class frmHochrechnung final : public dialogs::Window {
   void buildForm();
   void buildLayout();
   void setTexts();
+  projection::ProjectionOutcome calculate();
+  void calculateUnasked();
+  void focusFault(const projection::ProjectionOutcome& outcome);
+  void goTo(widgets::DateField* field);
   void fieldLeft(widgets::DateField* field);
   void storeStartDate();
   void showStartDate();
@@ -69,4 +75,6 @@ class frmHochrechnung final : public dialogs::Window {
 
   yearbook::YearSession& year_;
   bool calculatedOnce_ = false;
+  bool startLeft_ = false;  // and not looked at since
+  bool escaped_ = false;
 };

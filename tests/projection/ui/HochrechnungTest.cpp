@@ -64,7 +64,7 @@ class Hochrechnung : public testing::Test {
 
 TEST_F(Hochrechnung, EnterLeadsFromTheDatesToTheFigures) {
   frmHochrechnung& window = openAndAnswer();
-  EXPECT_EQ(QApplication::focusWidget(), window.txtDatumStrom);
+  window.txtDatumStrom->setFocus();
   QTest::keyClick(window.txtDatumStrom, Qt::Key_Return);
   QTest::keyClicks(QApplication::focusWidget(), u"01.07.2024"_s);
   QTest::keyClick(QApplication::focusWidget(), Qt::Key_Return);
@@ -73,18 +73,61 @@ TEST_F(Hochrechnung, EnterLeadsFromTheDatesToTheFigures) {
   EXPECT_TRUE(window.isVisible());
 }
 
-TEST_F(Hochrechnung, OpeningCalculatesOnceAndMissesTheReadingDate) {
-  prompts_.acceptTellings();
+// The readings end with June.
+TEST_F(Hochrechnung, OpeningCalculatesToTheEndOfTheLastMonthRead) {
   frmHochrechnung& window = open();
-  ASSERT_EQ(prompts_.shown.size(), 1U);
+  EXPECT_EQ(window.txtDatumStrom->text(), u"01.01.2024"_s);
+  EXPECT_EQ(window.Text1->text(), u"30.06.2024"_s);
+  EXPECT_EQ(window.txtAnzTagBisher->text(), u"181"_s);
+  EXPECT_TRUE(window.lblFehlt->isHidden());
+  EXPECT_TRUE(window.Text1->hasFocus());
+  EXPECT_EQ(window.Text1->selectedText(), u"30.06.2024"_s);
+}
+
+// Nobody has asked for anything: no box, a line and the cursor where something is missing.
+TEST_F(Hochrechnung, WhatIsMissingAtFirstIsSaidWithoutABox) {
+  const auto opened = [&] {
+    frmHochrechnung& window = open();
+    EXPECT_TRUE(window.lblNetto->text().isEmpty());
+    return std::pair(window.lblFehlt->text(), window.focusWidget()->objectName());
+  };
+  ASSERT_TRUE(year_->storeStartDate("01.04.2024"));
+  EXPECT_TRUE(opened().first.startsWith(u"Der Startmonat Januar stimmt nicht"_s));
+  ASSERT_TRUE(year_->storeStartDate({}));
+  EXPECT_EQ(opened(), std::pair(u"Das Start-Datum fehlt noch."_s, u"txtDatumStrom"_s));
+  ASSERT_TRUE(year_->storeStartDate("01.01.2024"));
+  ASSERT_TRUE(readings::takeOver(*year_, yearbook::Meter::Day, {}, {}));
+  EXPECT_EQ(opened(), std::pair(u"Das Datum der letzten Ablesung fehlt noch."_s, u"Text1"_s));
+  // Asked for, it comes as a box, and the cursor stays where the fault is.
+  prompts_.acceptTellings();
+  window_->Command12->click();
   EXPECT_EQ(prompts_.last().title, u"Eingabe Datum"_s);
   EXPECT_EQ(prompts_.last().icon, dialogs::Icon::Warning);
   EXPECT_TRUE(prompts_.last().text.startsWith(u"Datum Ablesung ungültige"_s));
-  EXPECT_EQ(window.txtDatumStrom->text(), u"01.01.2024"_s);
-  window.hide();
-  window.QWidget::show();
-  QCoreApplication::processEvents();
+  EXPECT_TRUE(window_->Text1->hasFocus());
+  QTest::keyClicks(window_->Text1, u"30062024"_s);
+  window_->Command12->click();
+  EXPECT_EQ(window_->Text1->text(), u"30.06.2024"_s);
+  EXPECT_TRUE(window_->lblFehlt->isHidden());
   EXPECT_EQ(prompts_.shown.size(), 1U);
+}
+
+TEST_F(Hochrechnung, EscapeStoresNoDateThatWasNotLeft) {
+  frmHochrechnung& window = open();
+  window.txtDatumStrom->setFocus();
+  window.txtDatumStrom->selectAll();
+  QTest::keyClicks(window.txtDatumStrom, u"02,01,2024"_s);
+  QTest::keyClick(window.txtDatumStrom, Qt::Key_Escape);
+  QCoreApplication::processEvents();
+  EXPECT_FALSE(window.isVisible());
+  EXPECT_EQ(stored(), "01.01.2024");
+  frmHochrechnung& again = open();
+  again.txtDatumStrom->setFocus();
+  again.txtDatumStrom->selectAll();
+  QTest::keyClicks(again.txtDatumStrom, u"02,01,2024"_s);
+  QTest::keyClick(again.txtDatumStrom, Qt::Key_Tab);
+  QTest::keyClick(again.Text1, Qt::Key_Escape);
+  EXPECT_EQ(stored(), "02.01.2024");
 }
 
 TEST_F(Hochrechnung, ShowsTheFiguresRounded) {
@@ -135,11 +178,13 @@ TEST_F(Hochrechnung, WrongMonthPutsTheCursorIntoTheStartDate) {
   EXPECT_TRUE(prompts_.last().text.startsWith(u"Der Startmonat Januar stimmt nicht"_s));
   EXPECT_TRUE(window.txtDatumStrom->hasFocus());
   EXPECT_EQ(window.txtVerbrBisher->text(), u"1.542"_s);
-  EXPECT_TRUE(window.lblNetto->text().isEmpty());
+  // What was shown before stays.
+  EXPECT_EQ(window.lblNetto->text(), u"920,43"_s);
 }
 
 TEST_F(Hochrechnung, LeavingAFieldChecksItsDateAndKeepsAValidStart) {
   frmHochrechnung& window = openAndAnswer();
+  window.txtDatumStrom->setFocus();
   window.txtDatumStrom->selectAll();
   QTest::keyClicks(window.txtDatumStrom, u"5x.1 .2024"_s);
   EXPECT_EQ(window.txtDatumStrom->text(), u"5.1.2024"_s);
@@ -156,10 +201,18 @@ TEST_F(Hochrechnung, LeavingAFieldChecksItsDateAndKeepsAValidStart) {
   EXPECT_EQ(prompts_.last().text,
             u"Ungültige Datumseingabe! Bitte geben Sie ein gültiges Datum ein.\nBeispiel:  "
             "01.01.2009"_s);
+  // Back to it, and no second box about the other date on the way.
+  EXPECT_TRUE(window.Text1->hasFocus());
+  window.txtDatumStrom->setText(u"30.2."_s);
+  QTest::keyClick(window.Text1, Qt::Key_Backtab);
+  QCoreApplication::processEvents();
+  EXPECT_TRUE(window.Text1->hasFocus());
+  EXPECT_EQ(prompts_.shown.size(), 2U);
 }
 
 TEST_F(Hochrechnung, ClosingWithAClickKeepsAValidStartAndAsksNothing) {
   frmHochrechnung& window = openAndAnswer();
+  window.txtDatumStrom->setFocus();
   window.txtDatumStrom->selectAll();
   QTest::keyClicks(window.txtDatumStrom, u"2.1.2024"_s);
   QTest::mouseClick(window.Command2, Qt::LeftButton);
@@ -174,6 +227,7 @@ TEST_F(Hochrechnung, DateThatCannotBeStoredIsToldAndTheStoredOneShown) {
   disk_.protect("/daten/Verbrauch2024.kwd");
   year_ = reopen();
   frmHochrechnung& window = openAndAnswer();
+  window.txtDatumStrom->setFocus();
   window.txtDatumStrom->setText(u"2.1.2024"_s);
   window.Text1->setFocus();
   QCoreApplication::processEvents();
