@@ -1,0 +1,52 @@
+#pragma once
+
+#include <QLabel>
+#include <QRadioButton>
+#include <optional>
+
+#include "base/GrossNet.h"
+#include "dialogs/Window.h"
+#include "widgets/NumberField.h"
+#include "widgets/control.h"
+
+namespace dialogs {
+
+// A net figure that a bill shows with VAT: what it is and how it stands there.
+struct GrossFigure {
+  enum class Period { None, Month, Year };
+  QString name;                    // "Grundgebühr im Jahr, Vertrag"
+  QString unit;                    // "Euro", without a word about VAT
+  Period period = Period::None;    // what the field's figure is for; None for unit prices
+  std::optional<double> vat = {};  // percent, of the year
+};
+
+}  // namespace dialogs
+
+// "Brutto umrechnen": the figure as the bill shows it goes in, the net one comes out and may be
+// taken. The rate is the year's; one that the year lacks is typed, and counts here only.
+class frmBrutto final : public dialogs::Window {
+  Q_OBJECT
+ public:
+  frmBrutto(const dialogs::Services& services, dialogs::GrossFigure figure, QWidget* parent);
+
+  // As far as it can be told from what is typed.
+  std::optional<double> net() const;
+
+  QLabel* const lblWofuer = widgets::control<QLabel>(this, "lblWofuer");
+  QRadioButton* const optMonat = widgets::control<QRadioButton>(this, "optMonat");
+  QRadioButton* const optJahr = widgets::control<QRadioButton>(this, "optJahr");
+  widgets::NumberField* const txtBrutto = widgets::control<widgets::NumberField>(this, "txtBrutto");
+  widgets::NumberField* const txtMwSt = widgets::control<widgets::NumberField>(this, "txtMwSt");
+  QLineEdit* const txtNetto = widgets::control<QLineEdit>(this, "txtNetto");
+  QLabel* const lblHinweis = widgets::control<QLabel>(this, "lblHinweis");
+  QPushButton* const cmdUebernehmen = widgets::control<QPushButton>(this, "cmdUebernehmen");
+  QPushButton* const cmdSchliessen = widgets::control<QPushButton>(this, "cmdSchliessen");
+
+ private:
+  void setTexts();
+  void arrange();
+  void showNet();
+  base::FeeShare share() const;
+
+  const dialogs::GrossFigure figure_;
+};
