@@ -2,6 +2,8 @@
 
 #include <algorithm>
 
+#include "yearbook/ValueDoubts.h"
+
 namespace readings {
 
 using base::Result;
@@ -9,10 +11,7 @@ using yearbook::kMonths;
 using yearbook::orZero;
 
 PerMonth<double> storedPrices(const YearSession& session, Meter meter) {
-  PerMonth<double> prices{};
-  for (int k = 0; k < kMonths; ++k)
-    prices[k] = orZero(session.rows().of(meter).number(k, *factsOf(meter).price));
-  return prices;
+  return yearbook::pricesOf(session.rows(), meter);
 }
 
 MonthTicks unpriced(const PerMonth<double>& prices) {

@@ -94,6 +94,15 @@ void showAs(Look look) {
   setHints();
 }
 
+QColor tinted(const QPalette& palette, QPalette::ColorRole ground, Tone tone) {
+  constexpr float kShare = 0.25F;
+  const QColor under = palette.color(ground);
+  const QColor over = toneOf(tone, palette);
+  const auto mixed = [](float part, float more) { return part + (more - part) * kShare; };
+  return QColor::fromRgbF(mixed(under.redF(), over.redF()), mixed(under.greenF(), over.greenF()),
+                          mixed(under.blueF(), over.blueF()));
+}
+
 void keepHintsReadable(QApplication& application) {
   setHints();
   application.installEventFilter(new PaletteWatch(&application));

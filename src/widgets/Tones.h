@@ -26,6 +26,9 @@ enum class Look { System, Light, Dark };
 // All windows look so from now on.
 void showAs(Look look);
 
+// A ground with some of the tone in it: text on it stays as readable as before.
+QColor tinted(const QPalette& palette, QPalette::ColorRole ground, Tone tone);
+
 // Hints are drawn in QPalette::PlaceholderText, which many systems set too faint to be read. From
 // now on it is Tone::Quiet, in whatever theme; all other colours stay the system's.
 void keepHintsReadable(QApplication& application);

@@ -78,8 +78,9 @@ base::Error shapeError(ErrorCode code, std::string subject, std::string detail) 
   return error;
 }
 
+// In the household's words; what the file calls it means nothing to the user.
 std::string qualified(const Table& table, const Field& field) {
-  return std::string(table.name) + "." + std::string(field.name);
+  return std::string(table.name) + ": " + std::string(field.words);
 }
 
 }  // namespace

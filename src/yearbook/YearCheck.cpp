@@ -43,7 +43,7 @@ void checkKinds(const RecordSource& rows, std::vector<jet::Finding>& findings) {
     while (row < rows.count() && !isOfAnotherKind(rows.raw(row, *field))) ++row;
     if (row == rows.count()) continue;
     auto error = base::fail(base::ErrorCode::Damaged, "die Werte haben einen anderen Datentyp");
-    error.value().subject = table + "." + std::string(field->name);
+    error.value().subject = table + ": " + std::string(field->words);
     findings.push_back({error.value(), false, table});
   }
 }

@@ -99,7 +99,7 @@ TEST_F(ForeignYear, AMissingTableOrColumnIsNamed) {
   disk.put("/daten/fremd.kwd", *bytes);
   auto year = YearSession::open(files, "/daten/fremd.kwd", kFolder, clock);
   ASSERT_FALSE(year);
-  EXPECT_THAT(base::germanMessage(year.error()), testing::HasSubstr("Strom.ZTagStrom"));
+  EXPECT_THAT(base::germanMessage(year.error()), testing::HasSubstr("(Strom: Zählerstand Strom)"));
   tables = templateTables();
   tables.pop_back();
   bytes = jet::createDatabase(tables);

@@ -53,7 +53,7 @@ TEST(YearCheck, TellsWhatAYearLacks) {
   table(tables, "Wasser").rows.resize(4);
   NewTable& power = table(tables, "Strom");
   power.columns[column(power, "VTagStrom")].name = "VTag";
-  EXPECT_THAT(foundIn(tables), ElementsAre("MissingColumn: Strom.VTagStrom", "WrongShape: Wasser",
+  EXPECT_THAT(foundIn(tables), ElementsAre("MissingColumn: Strom: Verbrauch Strom", "WrongShape: Wasser",
                                            "MissingTable: Gas"));
 }
 
@@ -73,11 +73,11 @@ TEST(YearCheck, TellsNumbersThatAreAmountsAndAmountsThatAreNumbers) {
   for (const double number : {299.0, -0.01}) {
     power.rows[3][consumption] =
         base::Money::fromTenThousandths(std::bit_cast<std::int64_t>(number));
-    EXPECT_THAT(foundIn(tables), ElementsAre("Damaged: Strom.VTagStrom"));
+    EXPECT_THAT(foundIn(tables), ElementsAre("Damaged: Strom: Verbrauch Strom"));
   }
   power.columns[consumption].type = jet::ColumnType::Double;
   power.rows[3][consumption] = std::bit_cast<double>(std::int64_t{15'0000});
-  EXPECT_THAT(foundIn(tables), ElementsAre("Damaged: Strom.VTagStrom"));
+  EXPECT_THAT(foundIn(tables), ElementsAre("Damaged: Strom: Verbrauch Strom"));
   power.rows[3][consumption] = 0.0;
   EXPECT_THAT(foundIn(tables), ElementsAre());
 }

@@ -1,21 +1,10 @@
 #include "readings/ui/EntryNote.h"
 
+#include "widgets/Tones.h"
+
 using namespace Qt::Literals::StringLiterals;
 
 namespace readings {
-namespace {
-
-// A tint that stays readable in light and dark.
-QColor faultBase(const QPalette& palette) {
-  constexpr float kShare = 0.25F;
-  const QColor base = palette.color(QPalette::Base);
-  const auto mixed = [](float red, float part) { return part + (red - part) * kShare; };
-  return QColor::fromRgbF(mixed(1, float(base.redF())), mixed(0, float(base.greenF())),
-                          mixed(0, float(base.blueF())));
-}
-
-}  // namespace
-
 EntryNote::EntryNote(QWidget* window) : MarkedLabel(window) {
   setObjectName(u"lblOffen"_s);
   setAccessibleName(u"Stand der Eingaben"_s);
@@ -34,7 +23,7 @@ void EntryNote::showOpen(bool open) {
 void EntryNote::markFault(widgets::EntryField* field) {
   if (field == nullptr) return;
   QPalette marked = field->palette();
-  marked.setColor(QPalette::Base, faultBase(marked));
+  marked.setColor(QPalette::Base, widgets::tinted(marked, QPalette::Base, widgets::Tone::Error));
   field->setPalette(marked);
   field->setAccessibleDescription(u"nicht übernommen"_s);
   const auto clear = [field] {
