@@ -20,9 +20,10 @@ class Prompts {
   // the one that Enter presses; closing the box counts as Cancel, No or Abort.
   virtual Button message(QWidget* owner, const QString& text, const QString& title, Icon icon,
                          Buttons buttons, Button defaultButton) = 0;
-  // nullopt when cancelled.
+  // nullopt when cancelled. A note, where there is one, stands in lines of its own between the
+  // prompt and the field.
   virtual std::optional<QString> input(QWidget* owner, const QString& prompt, const QString& title,
-                                       const QString& preset) = 0;
+                                       const QString& preset, const QString& note) = 0;
   // "" when cancelled. The filter is "description|pattern" pairs separated by "|".
   virtual QString openFile(QWidget* owner, const QString& filter, const QString& title,
                            const QString& folder) = 0;

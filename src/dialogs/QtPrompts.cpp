@@ -2,8 +2,10 @@
 
 #include <QGridLayout>
 #include <QInputDialog>
+#include <QLabel>
 #include <QLineEdit>
 #include <QMessageBox>
+#include <QVBoxLayout>
 #include <array>
 #include <utility>
 
@@ -101,13 +103,19 @@ Button QtPrompts::message(QWidget* owner, const QString& text, const QString& ti
 }
 
 std::optional<QString> QtPrompts::input(QWidget* owner, const QString& prompt, const QString& title,
-                                        const QString& preset) {
+                                        const QString& preset, const QString& note) {
   QInputDialog dialog(owner);
   dialog.setInputMode(QInputDialog::TextInput);
   dialog.setWindowTitle(titleOrName(title));
   dialog.setLabelText(prompt);
   dialog.setTextValue(preset);
-  if (auto* line = dialog.findChild<QLineEdit*>()) line->setMinimumWidth(roomOfTitle(dialog));
+  auto* line = dialog.findChild<QLineEdit*>();
+  if (line) line->setMinimumWidth(roomOfTitle(dialog));
+  auto* rows = qobject_cast<QVBoxLayout*>(dialog.layout());
+  if (rows && line && !note.isEmpty()) {
+    rows->insertWidget(rows->indexOf(line), new QLabel(note, &dialog));
+    line->setAccessibleDescription(note);
+  }
   if (dialog.exec() != QDialog::Accepted) return std::nullopt;
   return dialog.textValue();
 }

@@ -11,7 +11,7 @@ class QtPrompts final : public Prompts {
   Button message(QWidget* owner, const QString& text, const QString& title, Icon icon,
                  Buttons buttons, Button defaultButton) override;
   std::optional<QString> input(QWidget* owner, const QString& prompt, const QString& title,
-                               const QString& preset) override;
+                               const QString& preset, const QString& note) override;
   QString openFile(QWidget* owner, const QString& filter, const QString& title,
                    const QString& folder) override;
   QString saveFile(QWidget* owner, const QString& filter, const QString& title,

@@ -142,8 +142,15 @@ void frmVerbrauch::offerIndexRepair() {
 void frmVerbrauch::askStartReading() {
   if (session_->database().writeObstacle() || editor_->values().startReadings[yearbook::Meter::Day])
     return;
+  // Which meter is meant is seen behind the box as well.
+  QWidget* const page = TabStrip->currentWidget();
+  TabStrip->setCurrentWidget(Frame1);
+  Frame1->pointAtStartReading(true);
   const auto answer = services_.prompts.input(this, u"Anfangszählerstand eingeben"_s,
-                                              u"Eingabe Anfangszählerstand"_s, {});
+                                              u"Eingabe Anfangszählerstand"_s, {},
+                                              u"Strom, Tagtarif\n0, wenn es keinen gibt"_s);
+  Frame1->pointAtStartReading(false);
+  TabStrip->setCurrentWidget(page);
   if (!answer) return;
   const auto reading = base::parseNumber(answer->toStdString());
   if (!reading) return;
@@ -209,7 +216,7 @@ void frmVerbrauch::changeStartMonth(Utility utility) {
   if (!finishEntry()) return;
   dialogs::Prompts& prompts = services_.prompts;
   const auto typed = prompts.input(this, u"Bitte Startmonat als Zahl 1 - 12 eingeben!"_s,
-                                   u"Eingabe Startmonat (erster Monat der Ablesung)"_s, u"1"_s);
+                                   u"Eingabe Startmonat (erster Monat der Ablesung)"_s, u"1"_s, {});
   const auto answer = yearbook::parseStartMonth(typed.value_or(QString()).toStdString());
   if (answer.kind == Kind::Cancelled) return;
   if (answer.kind == Kind::NotANumber) {

@@ -51,6 +51,14 @@ std::string priceStepsText(const YearRows& rows, Meter meter) {
   return firsts.size() > kStepsShown ? text + ", ..." : text;
 }
 
+bool vatMissing(const FieldValues& values, Meter meter) {
+  if (values.vat[meter] || meter == Meter::WasteWater) return false;
+  return std::any_of(kMeters.begin(), kMeters.end(), [&](Meter other) {
+    return factsOf(other).vat == factsOf(meter).vat &&
+           (orZero(values.prices[other]) != 0 || orZero(values.baseFees[other]) != Money());
+  });
+}
+
 MeterLines meterLines(const FieldValues& values, Meter meter) {
   if (values.cleared[utilityOf(meter)]) return {};
   const MeterBill& bill = values.bill.meters[meter];
@@ -84,7 +92,7 @@ MonthTexts monthTexts(const FieldValues& values, Utility utility,
   for (int i = 0; i < kMonths; ++i) {
     if (texts.names[i] == currentMonthName) texts.current = i;
     if (const auto consumption = values.consumptions[meter][i])
-      texts.consumptions[i] = base::formatShort(*consumption);
+      texts.consumptions[i] = base::formatShort(*consumption, 6, true);
   }
   texts.shares = sharesOf(values.consumptions[meter]);
   if (values.cleared[utility]) return texts;

@@ -17,6 +17,10 @@ std::string priceText(std::optional<double> value);
 // not.
 std::string priceStepsText(const YearRows& rows, Meter meter);
 
+// Something is charged net, of this meter or of another with the same rate, and nobody has said
+// what VAT is on it; 0 is an answer. Waste water is not taxed, there its absence is none.
+bool vatMissing(const FieldValues& values, Meter meter);
+
 // The lines of a meter's frame.
 struct MeterLines {
   std::string endReading, consumption, amount, vat, gross;

@@ -68,7 +68,7 @@ TEST_F(QtPromptsTest, AShortTextLeavesRoomForALongTitle) {
   whenShown<QMessageBox>(isWideEnough);
   prompts.message(&owner, u"Ja?"_s, title, Icon::None, Buttons::Ok, Button::Ok);
   whenShown<QInputDialog>(isWideEnough);
-  prompts.input(&owner, u"Wert?"_s, title, {});
+  prompts.input(&owner, u"Wert?"_s, title, {}, {});
 }
 
 TEST_F(QtPromptsTest, ABoxShowsAllOfItsText) {
@@ -102,13 +102,22 @@ TEST_F(QtPromptsTest, ClosingABoxIsTheCautiousAnswer) {
 TEST_F(QtPromptsTest, InputBoxGivesTextOrNothing) {
   whenShown<QInputDialog>([](QInputDialog* box) {
     EXPECT_EQ(box->labelText(), u"Wert?"_s);
+    // The note stands between the question and the field, and is spoken with the field.
+    const auto* line = box->findChild<QLineEdit*>();
+    for (const auto* label : box->findChildren<QLabel*>()) EXPECT_LT(label->y(), line->y());
+    EXPECT_EQ(box->findChildren<QLabel*>().size(), 2);
+    EXPECT_EQ(line->accessibleDescription(), u"Strom\n0, wenn nicht"_s);
     EXPECT_EQ(box->textValue(), u"7"_s);
     box->setTextValue(u"8"_s);
     box->accept();
   });
-  EXPECT_EQ(prompts.input(&owner, u"Wert?"_s, u"Eingabe"_s, u"7"_s), u"8"_s);
-  whenShown<QInputDialog>([](QInputDialog* box) { box->reject(); });
-  EXPECT_EQ(prompts.input(&owner, u"Wert?"_s, {}, {}), std::nullopt);
+  EXPECT_EQ(prompts.input(&owner, u"Wert?"_s, u"Eingabe"_s, u"7"_s, u"Strom\n0, wenn nicht"_s),
+            u"8"_s);
+  whenShown<QInputDialog>([](QInputDialog* box) {
+    EXPECT_EQ(box->findChildren<QLabel*>().size(), 1);
+    box->reject();
+  });
+  EXPECT_EQ(prompts.input(&owner, u"Wert?"_s, {}, {}, {}), std::nullopt);
 }
 
 TEST_F(QtPromptsTest, OpenDialogListsItsFilterAndReturnsThePath) {

@@ -20,7 +20,8 @@ class SilentPrompts final : public dialogs::Prompts {
                           dialogs::Button) override {
     return dialogs::Button::No;
   }
-  std::optional<QString> input(QWidget*, const QString&, const QString&, const QString&) override {
+  std::optional<QString> input(QWidget*, const QString&, const QString&, const QString&,
+                               const QString&) override {
     return std::nullopt;
   }
   QString openFile(QWidget*, const QString&, const QString&, const QString&) override {

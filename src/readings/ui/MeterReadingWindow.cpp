@@ -266,7 +266,7 @@ void MeterReadingWindow::showEntries() {
 void MeterReadingWindow::optWechselMouseUp() {
   const auto answer =
       services_.prompts.input(this, u"Eingabe Anfangszählerstand bei Zählerwechsel"_s,
-                              u"Anfangszählerstand eingeben"_s, {});
+                              u"Anfangszählerstand eingeben"_s, {}, {});
   const auto number = answer ? base::parseNumber(answer->toStdString()) : std::nullopt;
   if (!number || *number <= 0) return;
   txtWechsel->setValue(number);

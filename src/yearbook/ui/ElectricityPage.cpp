@@ -1,5 +1,8 @@
 #include "yearbook/ui/ElectricityPage.h"
 
+#include <QTimer>
+
+#include "widgets/FieldMark.h"
 #include "yearbook/FieldTexts.h"
 
 using namespace Qt::Literals::StringLiterals;
@@ -12,10 +15,11 @@ ElectricityPage::ElectricityPage(QWidget* parent, YearEditor& editor)
       Frame22(buttonRow(content(), "Frame22", {cmdDiagrammNachtstrom})),
       Frame23(buttonRow(content(), "Frame23", {cmdEingabeVerbrauchNS, cmdPreisJeEinheitSN})),
       Frame13(new FigureGroup(content(), "Frame13", u"Vertrag"_s)),
-      months(new MonthTable(content(), editor, Utility::Electricity,
-                            {"FrameMonateS", "lblMoS", "Check1", "lblVerbrS", "txtAbschlagS",
-                             "txtSumAbschlS", "cmdAbschlS", "cmdMonatErfassenS"},
-                            u"kWh"_s)),
+      months(
+          new MonthTable(content(), editor, Utility::Electricity,
+                         {"FrameMonateS", "lblMoS", "Check1", "lblVerbrS", "txtAbschlagS",
+                          "txtSumAbschlS", "cmdAbschlS", "cmdAbschlFuellenS", "cmdMonatErfassenS"},
+                         u"kWh"_s)),
       day_(new FigureGroup(content(), "FrameTagstrom", u"Tagstrom"_s)),
       result_(new ResultGroup(content(), u"Istwert Strom"_s, txtIstwertS)) {
   buildMeters();
@@ -42,9 +46,9 @@ void ElectricityPage::buildMeters() {
 }
 
 void ElectricityPage::buildContract() {
-  addBaseFeeLine(Frame13, u"Grundgebühr im Jahr"_s, txtGrundgebS, cmdMonatlStrom,
+  addBaseFeeLine(Frame13, u"Grundgebühr im Jahr"_s, txtGrundgebS, Meter::Day, cmdMonatlStrom,
                  u"Grundgebühr Strom monatlich eingeben"_s);
-  Frame13->addLine(u"MwSt"_s, txtMwStS, u"%"_s);
+  addVatLine(Frame13, u"MwSt"_s, txtMwStS, Meter::Day);
   const QString hint =
       u"Eingabe Pauschale. (Freie kWs im Jahr, die im monatlichen Grundpreis enthalten sind)"_s;
   const QString tip = u"Anzahl KwS die im Grundpreis pro Jahr enthalten sind"_s;
@@ -81,9 +85,11 @@ void ElectricityPage::bindFields() {
 void ElectricityPage::bindDate() {
   txtDatumStrom->leaveUndoToWindow();
   connect(txtDatumStrom, &QLineEdit::textEdited, this, [this](const QString& typed) {
+    if (dateRefused_) retypeDate();
     if (isWholeStartDate(typed.toStdString())) storeDate();
   });
   connect(txtDatumStrom, &widgets::EntryField::entered, this, [this] {
+    if (dateRefused_) return;
     if (isStartDate(txtDatumStrom->text().toStdString()))
       storeDate();
     else
@@ -94,6 +100,8 @@ void ElectricityPage::bindDate() {
 
 void ElectricityPage::storeDate() {
   const std::string typed = txtDatumStrom->text().toStdString();
+  dateRefused_ = false;
+  widgets::markField(txtDatumStrom, widgets::Tone::Error, {});
   if (!editor().run([&] { return editor().session().storeStartDate(typed); })) showDate();
 }
 
@@ -102,10 +110,32 @@ void ElectricityPage::refuseDate() {
       u"Ungültige Datumseingabe! \nBitte geben Sie ein gültiges Datum ein.\n"
       u"Beispiel:  01.01.2009"_s,
       u"Eingabe Datum"_s, dialogs::Icon::Warning);
-  showDate();
+  if (txtDatumStrom->text().isEmpty()) return showDate();
+  // What was typed stays, to be mended rather than typed anew.
+  widgets::markField(txtDatumStrom, widgets::Tone::Error, u"Diesen Tag gibt es nicht."_s);
+  dateRefused_ = true;
+  QTimer::singleShot(0, txtDatumStrom, [this] { txtDatumStrom->setFocus(Qt::TabFocusReason); });
+}
+
+// What was refused is a change again when it is typed again, be it the same.
+void ElectricityPage::retypeDate() {
+  txtDatumStrom->finish();
+  dateRefused_ = false;
+  widgets::markField(txtDatumStrom, widgets::Tone::Error, {});
+}
+
+void ElectricityPage::pointAtStartReading(bool asked) {
+  if (asked) ensureWidgetVisible(txtAnfStandST);
+  QPalette ground;
+  if (asked)
+    ground.setColor(QPalette::Base, widgets::tinted(txtAnfStandST->palette(), QPalette::Base,
+                                                    widgets::Tone::Accent));
+  txtAnfStandST->setPalette(ground);
 }
 
 void ElectricityPage::showDate() {
+  dateRefused_ = false;
+  widgets::markField(txtDatumStrom, widgets::Tone::Error, {});
   txtDatumStrom->setText(QString::fromStdString(editor().values().startDate));
 }
 
@@ -115,7 +145,7 @@ void ElectricityPage::showValues() {
   showMeter(nightFields_, Meter::Night);
   txtNPreis->showText(priceText(values.prices[Meter::Night]));
   result_->showTotal(values, Utility::Electricity);
-  if (!txtDatumStrom->hasFocus() || !txtDatumStrom->isModified()) showDate();
+  if (!dateRefused_ && (!txtDatumStrom->hasFocus() || !txtDatumStrom->isModified())) showDate();
   lblStartmonatS->setText(months->month(0)->text());
   for (QWidget* widget :
        {static_cast<QWidget*>(txtKwImJahrFrei), static_cast<QWidget*>(lblPauschale),

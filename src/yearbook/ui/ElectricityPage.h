@@ -71,6 +71,9 @@ class ElectricityPage final : public UtilityPage {
   FigureGroup* const Frame13;
   MonthTable* const months;
 
+  // While it is asked for: the day tariff's start reading in sight and on a tinted ground.
+  void pointAtStartReading(bool asked);
+
   bool nightShown() const { return !FrameNachtstrom->isHidden(); }
 
  private:
@@ -81,6 +84,7 @@ class ElectricityPage final : public UtilityPage {
   void bindDate();
   void storeDate();
   void refuseDate();
+  void retypeDate();
   void showDate();
   void showValues();
   void showNight(bool shown);
@@ -92,6 +96,7 @@ class ElectricityPage final : public UtilityPage {
   FigureGroup* day_;
   ResultGroup* result_;
   QLabel* freeKwhLabel_ = nullptr;
+  bool dateRefused_ = false;  // what stands in the field is not what is stored
 };
 
 }  // namespace yearbook

@@ -8,10 +8,11 @@ namespace yearbook {
 
 GasPage::GasPage(QWidget* parent, YearEditor& editor)
     : UtilityPage(parent, "Frame3", editor),
-      months(new MonthTable(content(), editor, Utility::Gas,
-                            {"FrameMonateG", "lblMo", "Check3", "lblVerbrGas", "txtAbschlagG",
-                             "txtSumAbschlG", "cmdAbschlG", "cmdMonatErfassenG"},
-                            u"m³"_s)),
+      months(
+          new MonthTable(content(), editor, Utility::Gas,
+                         {"FrameMonateG", "lblMo", "Check3", "lblVerbrGas", "txtAbschlagG",
+                          "txtSumAbschlG", "cmdAbschlG", "cmdAbschlFuellenG", "cmdMonatErfassenG"},
+                         u"m³"_s)),
       gas_(new FigureGroup(content(), "FrameGas", u"Gas"_s)),
       contract_(new FigureGroup(content(), "FrameVertragG", u"Vertrag"_s)),
       result_(new ResultGroup(content(), u"Istwert Gas"_s, txtSum2G)) {
@@ -43,9 +44,9 @@ void GasPage::buildMeter() {
 }
 
 void GasPage::buildContract() {
-  addBaseFeeLine(contract_, u"Grundgebühr im Jahr"_s, txtGrundgebG, cmdMonatlGas,
+  addBaseFeeLine(contract_, u"Grundgebühr im Jahr"_s, txtGrundgebG, Meter::Gas, cmdMonatlGas,
                  u"Grundgebühr Gas monatlich eingeben"_s);
-  contract_->addLine(u"MwSt"_s, txtMwStG, u"%"_s);
+  addVatLine(contract_, u"MwSt"_s, txtMwStG, Meter::Gas);
   addStartMonthLine(contract_, lblStartmonatG, cmdBeginnG);
 }
 

@@ -1,10 +1,14 @@
 #include "yearbook/ui/MonthTable.h"
 
+#include <QEvent>
 #include <QGridLayout>
-#include <algorithm>
+#include <QShortcut>
 
+#include "widgets/FieldMark.h"
 #include "widgets/Rule.h"
+#include "yearbook/Advances.h"
 #include "yearbook/FieldTexts.h"
+#include "yearbook/ValueDoubts.h"
 #include "yearbook/ui/ConsumptionBar.h"
 
 using namespace Qt::Literals::StringLiterals;
@@ -48,6 +52,7 @@ MonthTable::MonthTable(QWidget* parent, YearEditor& editor, Utility utility,
       advance(this, names.advance),
       advanceSum(widgets::control<DerivedField>(this, names.advanceSum)),
       zeroAdvances(widgets::control<QPushButton>(this, names.zeroAdvances)),
+      fillAdvances(widgets::control<QPushButton>(this, names.fillAdvances)),
       recordMonth(widgets::control<QPushButton>(this, names.recordMonth)),
       editor_(editor),
       utility_(utility),
@@ -63,6 +68,7 @@ MonthTable::MonthTable(QWidget* parent, YearEditor& editor, Utility utility,
   buildHeader(grid);
   buildLines(grid);
   buildSums(grid);
+  buildButtons(grid);
   bindAdvances();
   connect(zeroAdvances, &QPushButton::clicked, this,
           [this] { editor_.run([this] { return editor_.session().zeroAdvances(utility_); }); });
@@ -93,6 +99,9 @@ void MonthTable::buildLines(QGridLayout* grid) {
     mark->lower();
     marks_[i] = mark;
     bars_[i] = new ConsumptionBar(kMeterColors[factsOf(utility_).mainMeter], this);
+    doubts_[i] = new QLabel(u"⚠ unter 0"_s, this);
+    doubts_[i]->setObjectName(consumption(i)->objectName() + u"_Zweifel"_s);
+    doubts_[i]->setToolTip(u"Der Stand ist niedriger als der davor, ohne einen Zählerwechsel."_s);
     consumption(i)->setAlignment(Qt::AlignRight | Qt::AlignVCenter);
     advance(i)->setFixedWidth(numberWidth(advance(i)));
     advance(i)->setToolTip(advanceHint());
@@ -104,6 +113,7 @@ void MonthTable::buildLines(QGridLayout* grid) {
     grid->addWidget(consumption(i), row, kConsumption);
     grid->addWidget(new QLabel(unit_, this), row, kUnit);
     grid->addWidget(bars_[i], row, kBar);
+    grid->addWidget(doubts_[i], row, kBar);
     // Aligned, or the fixed height of the field would keep the lines from growing.
     grid->addWidget(advance(i), row, kAdvance, Qt::AlignVCenter);
     grid->addWidget(new QLabel(u"Euro"_s, this), row, kEuro);
@@ -124,9 +134,19 @@ void MonthTable::buildSums(QGridLayout* grid) {
   advanceSum->setFixedWidth(numberWidth(advanceSum));
   grid->addWidget(advanceSum, kSumRow, kAdvance);
   grid->addWidget(new QLabel(u"Euro"_s, this), kSumRow, kEuro);
+}
+
+void MonthTable::buildButtons(QGridLayout* grid) {
   zeroAdvances->setText(u"&Alle Monate auf 0,00 setzen"_s);
   zeroAdvances->setAccessibleName(u"Abschläge: Alle Monate auf 0,00 setzen"_s);
-  grid->addWidget(zeroAdvances, kButtonRow, kBar, 1, kColumns - kBar, Qt::AlignRight);
+  fillAdvances->setText(u"Nach unten füllen"_s);
+  auto* key = new QShortcut(QKeySequence(u"Ctrl+D"_s), this);
+  key->setContext(Qt::WidgetWithChildrenShortcut);
+  connect(key, &QShortcut::activated, this, [this] { fillFrom(lastMonth_); });
+  connect(fillAdvances, &QPushButton::clicked, this, [this] { fillFrom(lastMonth_); });
+  // Below one another: three in a row are wider than a small screen has room for.
+  grid->addWidget(fillAdvances, kButtonRow, kBar, 1, kColumns - kBar, Qt::AlignRight);
+  grid->addWidget(zeroAdvances, kButtonRow + 1, kBar, 1, kColumns - kBar, Qt::AlignRight);
   recordMonth->setText(u"&Monat erfassen…"_s);
   recordMonth->setToolTip(u"Die Stände aller Zähler für einen Monat eingeben (Strg+M)"_s);
   recordMonth->setAccessibleName(u"Monat erfassen"_s);
@@ -135,6 +155,7 @@ void MonthTable::buildSums(QGridLayout* grid) {
 
 void MonthTable::bindAdvances() {
   for (int i = 0; i < kMonths; ++i) {
+    advance(i)->installEventFilter(this);
     editor_.bind(
         {advance(i), EntryKind::Amount,
          [this, i](const FieldValues& values) { return euro(values.advances[utility_][i]); },
@@ -146,6 +167,28 @@ void MonthTable::bindAdvances() {
            return editor_.session().storeAdvance(utility_, i, *amount);
          }});
   }
+}
+
+bool MonthTable::eventFilter(QObject* watched, QEvent* event) {
+  if (event->type() == QEvent::FocusIn)
+    for (int i = 0; i < kMonths; ++i)
+      if (advance(i) == watched) {
+        lastMonth_ = i;
+        nameFillButton();
+      }
+  return TitledFrame::eventFilter(watched, event);
+}
+
+void MonthTable::nameFillButton() {
+  fillAdvances->setToolTip(u"Den Abschlag aus %1 für alle Monate danach übernehmen (Strg+D)"_s.arg(
+      month(lastMonth_)->text()));
+  fillAdvances->setAccessibleName(
+      u"Abschläge ab %1 nach unten füllen"_s.arg(month(lastMonth_)->text()));
+}
+
+void MonthTable::fillFrom(int first) {
+  editor_.session().endEntry();
+  editor_.run([&] { return yearbook::fillAdvances(editor_.session(), utility_, first); });
 }
 
 void MonthTable::showValues() {
@@ -167,7 +210,28 @@ void MonthTable::showValues() {
   }
   consumptionSum_->setText(QString::fromStdString(texts.consumptionSum));
   advanceSum->setText(QString::fromStdString(texts.advanceSum));
-  zeroAdvances->setEnabled(!editor_.session().database().writeObstacle());
+  const bool writable = !editor_.session().database().writeObstacle();
+  zeroAdvances->setEnabled(writable);
+  fillAdvances->setEnabled(writable);
+  nameFillButton();
+  showDoubts();
+}
+
+void MonthTable::showDoubts() {
+  const FieldValues& values = editor_.values();
+  PerMonth<double> paid{};
+  for (int i = 0; i < kMonths; ++i) paid[i] = orZero(euro(values.advances[utility_][i]));
+  QPalette doubt = palette();
+  doubt.setColor(QPalette::WindowText, widgets::toneOf(widgets::Tone::Doubt, doubt));
+  for (int i = 0; i < kMonths; ++i) {
+    const auto words = amountDoubt(paid[i], othersThan(i, paid));
+    widgets::markField(advance(i), widgets::Tone::Doubt, QString::fromStdString(words));
+    const bool negative = orZero(values.consumptions[factsOf(utility_).mainMeter][i]) < 0;
+    doubts_[i]->setVisible(negative);
+    doubts_[i]->setPalette(doubt);
+    consumption(i)->setPalette(negative ? doubt : QPalette());
+    consumption(i)->setToolTip(negative ? doubts_[i]->toolTip() : QString());
+  }
 }
 
 }  // namespace yearbook

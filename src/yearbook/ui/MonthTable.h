@@ -24,6 +24,7 @@ struct MonthTableNames {
   const char* advance;
   const char* advanceSum;
   const char* zeroAdvances;
+  const char* fillAdvances;
   const char* recordMonth;
 };
 
@@ -42,13 +43,22 @@ class MonthTable final : public TitledFrame {
   const widgets::ControlArray<widgets::NumberField, kMonths> advance;
   DerivedField* const advanceSum;
   QPushButton* const zeroAdvances;
+  // The payment of the month whose field had the focus last, for all that follow.
+  QPushButton* const fillAdvances;
   QPushButton* const recordMonth;
+
+ protected:
+  bool eventFilter(QObject* watched, QEvent* event) override;
 
  private:
   void buildHeader(QGridLayout* grid);
   void buildLines(QGridLayout* grid);
   void buildSums(QGridLayout* grid);
+  void buildButtons(QGridLayout* grid);
   void bindAdvances();
+  void fillFrom(int first);
+  void nameFillButton();
+  void showDoubts();
   void showValues();
 
   YearEditor& editor_;
@@ -57,6 +67,8 @@ class MonthTable final : public TitledFrame {
   QLabel* consumptionSum_;
   PerMonth<ConsumptionBar*> bars_{};
   PerMonth<QWidget*> marks_{};
+  PerMonth<QLabel*> doubts_{};  // in a bar's place
+  int lastMonth_ = 0;           // whose payment had the focus last
 };
 
 }  // namespace yearbook

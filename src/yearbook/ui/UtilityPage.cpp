@@ -4,8 +4,10 @@
 #include <QHBoxLayout>
 #include <QVBoxLayout>
 
+#include "widgets/FieldMark.h"
 #include "widgets/Utf8.h"
 #include "yearbook/FieldTexts.h"
+#include "yearbook/ValueDoubts.h"
 
 using namespace Qt::Literals::StringLiterals;
 
@@ -104,14 +106,16 @@ QPushButton* UtilityPage::comparisonButton(QPushButton* made) const {
 }
 
 QString UtilityPage::priceTip(const QLineEdit& price) {
+  const QString net = u"\nOhne MwSt; auf der Rechnung steht meist der Preis mit MwSt."_s;
   if (price.isReadOnly())
-    return u"Preis des letzten Monats. Preise gibt das Fenster \"Preise je Monat\" ein."_s;
-  return u"Preis des letzten Monats. Eine Eingabe hier gilt für alle zwölf Monate."_s;
+    return u"Preis des letzten Monats. Preise gibt das Fenster \"Preise je Monat\" ein."_s + net;
+  return u"Preis des letzten Monats. Eine Eingabe hier gilt für alle zwölf Monate."_s + net;
 }
 
-void UtilityPage::addMeterLines(FigureGroup* frame, const MeterFrame& fields, Meter meter) const {
+void UtilityPage::addMeterLines(FigureGroup* frame, const MeterFrame& fields, Meter meter,
+                                QWidget* extra) const {
   const QString unit = widgets::utf8(factsOf(meter).unit);
-  frame->addLine(u"Anfangszählerstand"_s, fields.startReading, unit);
+  frame->addLine(u"Anfangszählerstand"_s, fields.startReading, unit, extra);
   frame->addLine(u"Endzählerstand"_s, fields.endReading, unit);
   frame->addLine(u"Verbrauch"_s, fields.consumption, unit);
   addPriceLine(frame, fields.price, meter);
@@ -123,14 +127,40 @@ void UtilityPage::addMeterLines(FigureGroup* frame, const MeterFrame& fields, Me
 }
 
 void UtilityPage::addPriceLine(FigureGroup* frame, QLineEdit* price, Meter meter) const {
-  frame->addLine(u"Preis je Einheit"_s, price, widgets::utf8(factsOf(meter).price->unit));
+  const QString label = u"Preis je Einheit"_s;
+  const QString unit = widgets::utf8(factsOf(meter).price->unit);
+  frame->addLine(label, price, unit + u" netto"_s,
+                 grossButton(price, meter, {label + u", "_s + frame->title(), unit}));
   price->setToolTip(priceTip(*price));
-  QLabel* steps = frame->addNote();
-  steps->setObjectName(u"lblPreise"_s + widgets::utf8(factsOf(meter).name));
-  connect(&editor_, &YearEditor::changed, steps, [this, steps, meter] {
-    steps->setText(QString::fromStdString(priceStepsText(editor_.session().rows(), meter)));
-    steps->setVisible(!steps->text().isEmpty());
-  });
+  QLabel* note = frame->addNote();
+  note->setObjectName(u"lblPreise"_s + widgets::utf8(factsOf(meter).name));
+  connect(&editor_, &YearEditor::changed, note,
+          [this, price, note, meter] { showPrices(price, note, meter); });
+}
+
+// nullptr for a field that takes nothing.
+QWidget* UtilityPage::grossButton(QLineEdit* field, Meter meter,
+                                  dialogs::GrossFigure figure) const {
+  auto* typed = qobject_cast<widgets::NumberField*>(field);
+  if (typed == nullptr) return nullptr;
+  const auto now = [this, meter, figure = std::move(figure)] {
+    dialogs::GrossFigure asked = figure;
+    asked.vat = editor_.values().vat[meter];
+    return asked;
+  };
+  return new dialogs::GrossButton(typed, editor_.services(), now, content_);
+}
+
+void UtilityPage::showPrices(QLineEdit* price, QLabel* note, Meter meter) const {
+  QString text = QString::fromStdString(priceStepsText(editor_.session().rows(), meter));
+  const bool elsewhere = qobject_cast<DerivedField*>(price) != nullptr;
+  if (text.isEmpty() && elsewhere) text = u"einzugeben mit „Preise je Monat...“"_s;
+  note->setText(text);
+  note->setVisible(!text.isEmpty());
+  const double shown = orZero(editor_.values().prices[meter]);
+  const auto others = othersThan(kPriceRow, pricesOf(editor_.session().rows(), meter));
+  widgets::markField(price, widgets::Tone::Doubt,
+                     QString::fromStdString(priceDoubt(meter, shown, others)));
 }
 
 void UtilityPage::showMeter(const MeterFrame& fields, Meter meter) const {
@@ -142,10 +172,35 @@ void UtilityPage::showMeter(const MeterFrame& fields, Meter meter) const {
   fields.gross->showText(lines.gross);
 }
 
-void UtilityPage::addBaseFeeLine(FigureGroup* contract, const QString& label, QWidget* fee,
-                                 QPushButton* monthly, const QString& monthlyTip) const {
+void UtilityPage::addBaseFeeLine(FigureGroup* contract, const QString& label,
+                                 widgets::NumberField* fee, Meter meter, QPushButton* monthly,
+                                 const QString& monthlyTip) const {
   button(monthly, u"Eingabe monatlich"_s, monthlyTip);
-  contract->addLine(label, fee, u"Euro"_s, monthly);
+  QWidget* gross = grossButton(fee, meter, {label, u"Euro"_s, dialogs::GrossFigure::Period::Year});
+  const QByteArray name = "Frame_" + fee->objectName().toLatin1();
+  contract->addLine(label, fee, u"Euro netto"_s,
+                    buttonRow(contract, name.constData(), {gross, monthly}));
+  fee->setToolTip(u"Die Grundgebühr des ganzen Jahres, ohne MwSt"_s);
+  connect(&editor_, &YearEditor::changed, fee, [this, fee, meter] {
+    const double shown = orZero(euro(editor_.values().baseFees[meter]));
+    widgets::markField(fee, widgets::Tone::Doubt, QString::fromStdString(amountDoubt(shown, {})));
+  });
+}
+
+void UtilityPage::addVatLine(FigureGroup* contract, const QString& label, QLineEdit* rate,
+                             Meter meter) const {
+  auto* missing = new QLabel(u"⚠ fehlt noch"_s, contract);
+  missing->setObjectName(u"lblFehlt_"_s + rate->objectName());
+  missing->setToolTip(
+      u"Ein Preis oder eine Grundgebühr steht da; ohne den Satz fehlt die MwSt in "
+      "der Summe. Wo keine MwSt anfällt, gehört eine 0 hinein."_s);
+  contract->addLine(label, rate, u"%"_s, missing);
+  connect(&editor_, &YearEditor::changed, missing, [this, missing, meter] {
+    QPalette doubt = missing->parentWidget()->palette();
+    doubt.setColor(QPalette::WindowText, widgets::toneOf(widgets::Tone::Doubt, doubt));
+    missing->setPalette(doubt);
+    missing->setVisible(vatMissing(editor_.values(), meter));
+  });
 }
 
 void UtilityPage::addStartMonthLine(FigureGroup* contract, QLabel* month,

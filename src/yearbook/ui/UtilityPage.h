@@ -2,6 +2,7 @@
 
 #include <QScrollArea>
 
+#include "dialogs/GrossButton.h"
 #include "yearbook/ui/FigureGroup.h"
 #include "yearbook/ui/MonthTable.h"
 
@@ -58,13 +59,18 @@ class UtilityPage : public QScrollArea {
                     const QString& pricesTip);
   QPushButton* comparisonButton(QPushButton* made) const;
 
-  void addMeterLines(FigureGroup* frame, const MeterFrame& fields, Meter meter) const;
-  // With a note below that tells the months' prices when they differ.
+  // extra stands beside the start reading.
+  void addMeterLines(FigureGroup* frame, const MeterFrame& fields, Meter meter,
+                     QWidget* extra = nullptr) const;
+  // With a note below that tells the months' prices when they differ, and where they are entered
+  // when that is not here.
   void addPriceLine(FigureGroup* frame, QLineEdit* price, Meter meter) const;
   // All but the two fields above that may be typed.
   void showMeter(const MeterFrame& fields, Meter meter) const;
-  void addBaseFeeLine(FigureGroup* contract, const QString& label, QWidget* fee,
-                      QPushButton* monthly, const QString& monthlyTip) const;
+  void addBaseFeeLine(FigureGroup* contract, const QString& label, widgets::NumberField* fee,
+                      Meter meter, QPushButton* monthly, const QString& monthlyTip) const;
+  // Says beside the rate when it is missing and something is to be taxed.
+  void addVatLine(FigureGroup* contract, const QString& label, QLineEdit* rate, Meter meter) const;
   void addStartMonthLine(FigureGroup* contract, QLabel* month, QPushButton* adapt) const;
 
   struct Parts {
@@ -85,6 +91,8 @@ class UtilityPage : public QScrollArea {
   void placeSideBySide();
   void placeBelow();
   static QString priceTip(const QLineEdit& price);
+  QWidget* grossButton(QLineEdit* field, Meter meter, dialogs::GrossFigure figure) const;
+  void showPrices(QLineEdit* price, QLabel* note, Meter meter) const;
   void clearPlaces();
 
   YearEditor& editor_;

@@ -7,10 +7,11 @@ using namespace Qt::Literals::StringLiterals;
 namespace yearbook {
 WaterPage::WaterPage(QWidget* parent, YearEditor& editor)
     : UtilityPage(parent, "Frame2", editor),
-      months(new MonthTable(content(), editor, Utility::Water,
-                            {"FrameMonateW", "lblMoW", "Check2", "lblVerbrauch", "txtAbschlagW",
-                             "txtSumAbschlW", "cmdAbschlW", "cmdMonatErfassenW"},
-                            u"m³"_s)),
+      months(
+          new MonthTable(content(), editor, Utility::Water,
+                         {"FrameMonateW", "lblMoW", "Check2", "lblVerbrauch", "txtAbschlagW",
+                          "txtSumAbschlW", "cmdAbschlW", "cmdAbschlFuellenW", "cmdMonatErfassenW"},
+                         u"m³"_s)),
       water_(new FigureGroup(content(), "FrameWasser", u"Wasser"_s)),
       wasteWater_(new FigureGroup(content(), "FrameAbwasser", u"Abwasser"_s)),
       contract_(new FigureGroup(content(), "FrameVertragW", u"Vertrag"_s)),
@@ -35,7 +36,9 @@ void WaterPage::buildMeters() {
   entryButtons(cmdEingabeVerbrauchW, u"Eingabe Zählerstand Wasser"_s, cmdPreisJeEinheitW,
                u"Preise Wasser je Monat eingeben"_s);
   water_->setFoot(buttonRow(water_, "FrameTastenW", {cmdEingabeVerbrauchW, cmdPreisJeEinheitW}));
-  addMeterLines(wasteWater_, wasteWaterFields_, Meter::WasteWater);
+  addMeterLines(wasteWater_, wasteWaterFields_, Meter::WasteWater,
+                button(cmdWieWasser, u"wie Wasser"_s,
+                       u"Der Anfangszählerstand des Wassers gilt auch für das Abwasser"_s));
   entryButtons(cmdEingabeVerbrauchAbW, u"Eingabe Zählerstand Abwasser"_s, cmdPreisJeEinheitAbW,
                u"Preise Abwasser je Monat eingeben"_s);
   wasteWater_->setFoot(
@@ -43,13 +46,13 @@ void WaterPage::buildMeters() {
 }
 
 void WaterPage::buildContract() {
-  addBaseFeeLine(contract_, u"Grundgebühr Wasser"_s, txtGrundgebW, cmdWMonatl,
+  addBaseFeeLine(contract_, u"Grundgebühr Wasser"_s, txtGrundgebW, Meter::Water, cmdWMonatl,
                  u"Grundgebühr Wasser monatlich eingeben"_s);
-  contract_->addLine(u"MwSt Wasser"_s, txtMwStW, u"%"_s);
+  addVatLine(contract_, u"MwSt Wasser"_s, txtMwStW, Meter::Water);
   contract_->addLine(u"MwSt Grundgebühr"_s, txtw, u"Euro"_s);
   addStartMonthLine(contract_, lblStartmonatW, cmdBeginnW);
-  addBaseFeeLine(contract_, u"Grundgebühr Abwasser"_s, txtGrundgebAbW, cmdWWMonatl,
-                 u"Grundgebühr Abwasser monatlich eingeben"_s);
+  addBaseFeeLine(contract_, u"Grundgebühr Abwasser"_s, txtGrundgebAbW, Meter::WasteWater,
+                 cmdWWMonatl, u"Grundgebühr Abwasser monatlich eingeben"_s);
   contract_->addLine(u"MwSt Abwasser"_s, txtMwStAbW, u"%"_s);
   contract_->addLine(u"MwSt Grundgebühr"_s, txtaw, u"Euro"_s);
   txtw->setAccessibleName(u"MwSt auf Grundgebühr Wasser"_s);
@@ -60,6 +63,11 @@ void WaterPage::buildContract() {
 void WaterPage::bindFields() {
   editor().bindStartReading(txtAnfStandW, Meter::Water);
   editor().bindStartReading(txtAnfStandAbW, Meter::WasteWater);
+  connect(cmdWieWasser, &QPushButton::clicked, this, [this] {
+    txtAnfStandAbW->setFocus();
+    txtAnfStandAbW->enterValue(editor().values().startReadings[Meter::Water]);
+    txtAnfStandAbW->finish();
+  });
   editor().bindBaseFee(txtGrundgebW, Meter::Water);
   editor().bindBaseFee(txtGrundgebAbW, Meter::WasteWater);
   editor().bindVat(txtMwStW, Meter::Water);
@@ -70,6 +78,8 @@ void WaterPage::showValues() {
   const FieldValues& values = editor().values();
   showMeter(waterFields_, Meter::Water);
   showMeter(wasteWaterFields_, Meter::WasteWater);
+  cmdWieWasser->setEnabled(values.startReadings[Meter::Water].has_value() &&
+                           !txtAnfStandAbW->isReadOnly());
   txtPreisW->showText(priceText(values.prices[Meter::Water]));
   txtPreisAbW->showText(priceText(values.prices[Meter::WasteWater]));
   txtw->showText(meterLines(values, Meter::Water).baseFeeVat);

@@ -27,6 +27,7 @@ class WaterPage final : public UtilityPage {
   // Waste water.
   widgets::NumberField* const txtAnfStandAbW =
       widgets::control<widgets::NumberField>(content(), "txtAnfStandAbW");
+  QPushButton* const cmdWieWasser = widgets::control<QPushButton>(content(), "cmdWieWasserAnf");
   DerivedField* const txtEndStandAbW = widgets::control<DerivedField>(content(), "txtEndStandAbW");
   DerivedField* const txtVerbrauchAbW =
       widgets::control<DerivedField>(content(), "txtVerbrauchAbW");

@@ -28,6 +28,7 @@ class YearEditor final : public QObject {
   YearEditor(dialogs::Services& services, YearSession& session, QWidget* owner);
 
   YearSession& session() { return session_; }
+  const dialogs::Services& services() const { return services_; }
   const FieldValues& values() const { return session_.values(); }
 
   // Stores as soon as what stands in the field is a complete number, by the rules of its kind.

@@ -25,7 +25,7 @@ FakePrompts::Shown FakePrompts::take() {
 
 Button FakePrompts::message(QWidget*, const QString& text, const QString& title, Icon icon,
                             Buttons buttons, Button defaultButton) {
-  shown.push_back({QStringLiteral("message"), text, title, icon, buttons, defaultButton, {}});
+  shown.push_back({QStringLiteral("message"), text, title, icon, buttons, defaultButton, {}, {}});
   if (buttons == Buttons::Ok && (acceptTellings_ || buttons_.empty())) {
     EXPECT_TRUE(acceptTellings_) << "unexpected box: " << text.toStdString();
     return Button::Ok;
@@ -42,9 +42,10 @@ Button FakePrompts::message(QWidget*, const QString& text, const QString& title,
 }
 
 std::optional<QString> FakePrompts::input(QWidget*, const QString& prompt, const QString& title,
-                                          const QString& preset) {
-  shown.push_back(
-      {QStringLiteral("input"), prompt, title, Icon::None, Buttons::OkCancel, Button::Ok, preset});
+                                          const QString& preset, const QString& note) {
+  shown.push_back({QStringLiteral("input"), prompt, title, Icon::None, Buttons::OkCancel,
+                   Button::Ok, preset, note});
+  if (whileAsked) whileAsked();
   if (inputs_.empty()) {
     ADD_FAILURE() << "unexpected input box: " << prompt.toStdString();
     return std::nullopt;
@@ -56,7 +57,7 @@ std::optional<QString> FakePrompts::input(QWidget*, const QString& prompt, const
 
 QString FakePrompts::nextPath(const QString& kind, const QString& text, const QString& title,
                               const QString& preset) {
-  shown.push_back({kind, text, title, Icon::None, Buttons::OkCancel, Button::Ok, preset});
+  shown.push_back({kind, text, title, Icon::None, Buttons::OkCancel, Button::Ok, preset, {}});
   if (paths_.empty()) {
     ADD_FAILURE() << "unexpected file dialog: " << title.toStdString();
     return {};
@@ -82,7 +83,7 @@ QString FakePrompts::chooseFolder(QWidget*, const QString& title, const QString&
 }
 
 int FakePrompts::chooseColor(QWidget*, int, bool) {
-  shown.push_back({QStringLiteral("chooseColor"), {}, {}, {}, {}, {}, {}});
+  shown.push_back({QStringLiteral("chooseColor"), {}, {}, {}, {}, {}, {}, {}});
   if (colors_.empty()) {
     ADD_FAILURE() << "unexpected colour dialog";
     return -1;

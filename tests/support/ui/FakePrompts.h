@@ -21,6 +21,7 @@ class FakePrompts final : public dialogs::Prompts {
     dialogs::Buttons buttons = dialogs::Buttons::Ok;
     dialogs::Button defaultButton = dialogs::Button::Ok;
     QString preset;
+    QString note;
   };
 
   ~FakePrompts() override;
@@ -30,6 +31,8 @@ class FakePrompts final : public dialogs::Prompts {
   void answerInput(std::optional<QString> text) { inputs_.push_back(std::move(text)); }
   void answerPath(const QString& path) { paths_.push_back(path); }
   void answerColor(int color) { colors_.push_back(color); }
+  // Looked at while the box is open.
+  std::function<void()> whileAsked;
   // Boxes with OK alone need no script when this is set.
   void acceptTellings(bool accept = true) { acceptTellings_ = accept; }
 
@@ -41,7 +44,7 @@ class FakePrompts final : public dialogs::Prompts {
   dialogs::Button message(QWidget*, const QString& text, const QString& title, dialogs::Icon icon,
                           dialogs::Buttons buttons, dialogs::Button defaultButton) override;
   std::optional<QString> input(QWidget*, const QString& prompt, const QString& title,
-                               const QString& preset) override;
+                               const QString& preset, const QString& note) override;
   QString openFile(QWidget*, const QString& filter, const QString& title,
                    const QString& folder) override;
   QString saveFile(QWidget*, const QString& filter, const QString& title, const QString& folder,
