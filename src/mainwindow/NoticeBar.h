@@ -13,6 +13,7 @@ enum class NoticeFrom {
   FlatRate,    // a setting could not be kept
   Index,       // an index is damaged
   SafetyCopy,  // there is no copy
+  NewPrice,    // it was taken for no month
 };
 
 // What went wrong without anybody asking for it, one sentence at a time: a later one waits until

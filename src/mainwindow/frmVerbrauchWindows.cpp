@@ -36,6 +36,8 @@ void frmVerbrauch::opens(QPushButton* button) {
     Window window(services_, *session_, this);
     window.exec();
     reactivate();
+    if constexpr (std::is_base_of_v<readings::UnitPriceWindow, Window>)
+      fraHinweis->say(mainwindow::NoticeFrom::NewPrice, window.notTaken());
   });
 }
 

@@ -49,8 +49,8 @@ QString frmSichern::firstFolder() const {
 
 void frmSichern::makeFolder() {
   const QString title = u"Neuer Ordner"_s;
-  const auto typed =
-      services_.prompts.input(this, u"Name des neuen Ordners"_s, title, u"Sicherung Verbrauch"_s);
+  const auto typed = services_.prompts.input(this, u"Name des neuen Ordners"_s, title,
+                                             u"Sicherung Verbrauch"_s, {});
   const std::string name =
       app::trimmedYearName(app::allowedYearName(typed.value_or(QString()).toStdString()));
   if (name.empty()) return;

@@ -37,6 +37,7 @@ MeterReadingWindow::MeterReadingWindow(Meter meter, dialogs::Services& services,
       units_(yearbook::wholeUnitsOf(meter)),
       grid_(new QGridLayout) {
   setTexts();
+  if (meter_ == Meter::WasteWater) offerWater();
   nameMonths();
   arrange();
   setTabOrders();
@@ -117,6 +118,7 @@ void MeterReadingWindow::arrange() {
   grid_->setColumnMinimumWidth(kConsumption, fontMetrics().horizontalAdvance(u"00000000"_s));
   auto* buttons = buttonRow({Command5, Command3}, {Command1, Command2});
   buttons->insertWidget(2, lblOffen);
+  if (cmdWieWasser) buttons->insertWidget(2, cmdWieWasser);
   auto* rows = new QVBoxLayout(this);
   rows->setContentsMargins(16, 12, 16, 12);
   rows->setSpacing(8);

@@ -40,6 +40,7 @@ class MeterReadingWindow : public EntryWindow {
   QPushButton* const Command2 = widgets::control<QPushButton>(this, "Command2");
   QPushButton* const Command3 = widgets::control<QPushButton>(this, "Command3");
   QPushButton* const Command4 = widgets::control<QPushButton>(this, "Command4");
+  QPushButton* cmdWieWasser = nullptr;  // of waste water only
   QPushButton* const Command5 = widgets::control<QPushButton>(this, "Command5");
 
  protected:
@@ -60,6 +61,8 @@ class MeterReadingWindow : public EntryWindow {
   bool Command1Click();
   void Command3Click();
   void Command4Click();
+  void offerWater();
+  void takeWater();
   void optWechselClick(int k);
   void optWechselMouseUp();
   // After a step back or forward.

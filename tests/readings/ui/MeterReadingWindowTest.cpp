@@ -5,6 +5,7 @@
 
 #include "OpenYear.h"
 #include "readings/ui/frmEingabeVerbrauch.h"
+#include "readings/ui/frmEingabeVerbrauchAbW.h"
 #include "readings/ui/frmEingabeVerbrauchNS.h"
 #include "readings/ui/frmEingabeVerbrauchS.h"
 #include "readings/ui/frmEingabeVerbrauchW.h"
@@ -49,6 +50,26 @@ using testing::ElementsAre;
 using testing::IsEmpty;
 
 }  // namespace
+
+TEST_F(MeterReadingWindow, WasteWaterTakesTheReadingsAndTheChangeOfTheWater) {
+  openSample();
+  readings::PerMonth<double> water = sample::year2025().readings[yearbook::Meter::Water];
+  for (int k = 6; k < 12; ++k) water[k] -= 500;
+  ASSERT_TRUE(readings::takeOver(*year, yearbook::Meter::Water, water, {5, 3}));
+  EXPECT_EQ(show<frmEingabeVerbrauchW>()->cmdWieWasser, nullptr);
+  const auto window = show<frmEingabeVerbrauchAbW>();
+  EXPECT_EQ(window->txtVerbrauch(6)->text(), u"515");
+  click(window->cmdWieWasser);
+  EXPECT_EQ(window->txtVerbrauch(6)->text(), u"15");
+  EXPECT_TRUE(window->optWechsel(5)->isChecked());
+  EXPECT_TRUE(window->lblOffen->isVisible()) << "typed, not stored";
+  EXPECT_EQ(year->adoWasser.number(6, yearbook::wasser::wasteReading), 515);
+  click(window->Command1);
+  for (int k = 0; k < 12; ++k)
+    EXPECT_EQ(year->adoWasser.number(k, yearbook::wasser::wasteConsumption),
+              year->adoWasser.number(k, yearbook::wasser::consumption))
+        << k;
+}
 
 TEST_F(MeterReadingWindow, ShowsTheYearFromItsStartMonthOn) {
   openSample();

@@ -110,6 +110,75 @@ TEST_F(UnitPriceWindow, WhatWasTypedAndTickedCanBeTakenBack) {
   EXPECT_FALSE(window->Check1(11)->isChecked());
 }
 
+TEST_F(UnitPriceWindow, ShiftTicksARangeAndAbTheRestOfTheYear) {
+  openSample();
+  const auto window = show<frmPreisJeKws>();
+  const auto ticked = [&] {
+    std::string marks;
+    for (const QCheckBox* box : window->Check1) marks += box->isChecked() ? 'x' : '.';
+    return marks;
+  };
+  click(window->cmdAb(4));
+  EXPECT_EQ(window->cmdAb(4)->text(), u"ab Mai");
+  EXPECT_EQ(ticked(), "....xxxxxxxx");
+  click(window->cmdAb(9));
+  EXPECT_EQ(ticked(), ".........xxx");
+  QTest::keyClick(window->newPrice, Qt::Key_Z, Qt::ControlModifier);
+  EXPECT_EQ(ticked(), "............");
+  click(window->Check1(7));
+  QTest::mouseClick(window->Check1(2), Qt::LeftButton, Qt::ShiftModifier, QPoint(8, 8));
+  EXPECT_EQ(ticked(), "..xxxxxx....");
+  // As the box that is clicked: free here, and upwards as well as downwards.
+  QTest::mouseClick(window->Check1(4), Qt::LeftButton, Qt::ShiftModifier, QPoint(8, 8));
+  EXPECT_EQ(ticked(), ".....xxx....");
+}
+
+TEST_F(UnitPriceWindow, APriceForNoMonthOrThatLooksWrongIsSaid) {
+  openSample();
+  const auto window = show<frmPreisJeKws>();
+  EXPECT_EQ(window->lblZweifel->text(), QString());
+  const int height = window->height();
+  type(window->newPrice, u"31,945"_s);
+  EXPECT_TRUE(window->lblZweifel->text().contains(u"Kein Monat ist markiert"));
+  click(window->cmdAb(6));
+  EXPECT_EQ(window->lblZweifel->text(), QString());
+  type(window->newPrice, u"31.945"_s);
+  EXPECT_EQ(window->lblZweifel->text(), u"⚠ 31.945 Cent/kWh ist sehr viel");
+  type(window->newPrice, u"-5"_s);
+  EXPECT_EQ(window->lblZweifel->text(), u"⚠ unter 0");
+  QCoreApplication::processEvents();
+  EXPECT_EQ(window->height(), height) << "nothing moves";
+  click(window->Command1);
+  EXPECT_EQ(window->notTaken(), QString());
+  EXPECT_EQ(year->adoStrom.number(6, strom::dayPrice), -5) << "a hint, not a refusal";
+}
+
+TEST_F(BaseFeeWindow, OneFeeForAllMonthsAndWhatItReplaces) {
+  openEmpty();
+  ASSERT_TRUE(year->storeBaseFee(yearbook::Meter::Day, cents(12000)));
+  const auto window = show<frmGrdGebMo>();
+  EXPECT_EQ(window->lblBisher->text(), u"bisher 120,00 Euro im Jahr");
+  type(window->txtVerbrauch(0), u"11,5"_s);
+  click(window->cmdAlleGleich);
+  EXPECT_EQ(window->txtVerbrauch(11)->text(), u"11,50");
+  EXPECT_EQ(window->lblSum->text(), u"138,00");
+  QTest::keyClick(window->txtVerbrauch(0), Qt::Key_Z, Qt::ControlModifier);
+  EXPECT_EQ(window->txtVerbrauch(11)->text(), u"0,00");
+  QTest::keyClick(window->txtVerbrauch(0), Qt::Key_Y, Qt::ControlModifier);
+  type(window->txtVerbrauch(7), u"115"_s);
+  EXPECT_EQ(window->lblZweifel->text(),
+            u"⚠ August: mehr als das Dreifache, sonst 11,50 in diesem Jahr");
+  type(window->txtVerbrauch(7), u"11,5"_s);
+  EXPECT_EQ(window->lblZweifel->text(), QString());
+  window->txtVerbrauch(11)->setFocus();
+  QTest::keyClick(window->txtVerbrauch(11), Qt::Key_Return);
+  EXPECT_EQ(QApplication::focusWidget(), window->Command1);
+  QTest::keyClick(window->Command1, Qt::Key_Return);
+  EXPECT_FALSE(window->isVisible());
+  EXPECT_EQ(yearFee(), cents(13800));
+  EXPECT_EQ(show<frmGrdGebMoW>()->lblBisher->text(), QString());
+}
+
 TEST_F(BaseFeeWindow, TheSumBecomesTheYearsFeeAndTheMonthsAreKept) {
   openEmpty();
   const auto window = show<frmGrdGebMo>();
@@ -117,7 +186,9 @@ TEST_F(BaseFeeWindow, TheSumBecomesTheYearsFeeAndTheMonthsAreKept) {
     EXPECT_EQ(window->txtVerbrauch(k)->text(), u"0,00");
     type(window->txtVerbrauch(k), u"7,91"_s);
     QTest::keyClick(window->txtVerbrauch(k), Qt::Key_Return);
-    EXPECT_EQ(QApplication::focusWidget(), window->txtVerbrauch(std::min(k + 1, 11)));
+    if (k < 11) {
+      EXPECT_EQ(QApplication::focusWidget(), window->txtVerbrauch(k + 1));
+    }
   }
   type(window->txtVerbrauch(11), u"-4"_s);
   EXPECT_EQ(window->lblSum->text(), u"87,01");
