@@ -12,6 +12,7 @@
 #include "app/ui/frmUeber.h"
 #include "charts/ui/frmDiagrVergleich.h"
 #include "charts/ui/frmDiagramm.h"
+#include "dialogs/frmBrutto.h"
 #include "mainwindow/frmVerbrauch.h"
 #include "manual/frmHandbuch.h"
 #include "nextyear/YearBefore.h"
@@ -94,6 +95,15 @@ Made comparison(Household& home) {
   return std::make_unique<frmDiagrVergleich>(home.services, home.open(kYear));
 }
 
+Made gross(Household& home, std::optional<double> vat) {
+  using dialogs::GrossFigure;
+  const GrossFigure fee{u"Grundgebühr im Jahr"_s, u"Euro"_s, GrossFigure::Period::Year, vat};
+  auto window = std::make_unique<frmBrutto>(home.services, fee, nullptr);
+  window->optMonat->setChecked(true);
+  window->txtBrutto->enterValue(16.07);
+  return window;
+}
+
 Made table(Household& home) {
   home.prompts.file = QString::fromLatin1(Household::kHome) + u"Ablesungen.csv"_s;
   auto window =
@@ -152,6 +162,13 @@ std::vector<View> mainWindowViews() {
          yearWindow(window).mnuNachtstrom->trigger();
          yearWindow(window).mnuPauschale->trigger();
        }},
+      {u"frmVerbrauch-zweifel"_s, [](Household& home) { return mainWindow(home); },
+       [](QWidget& window) {
+         auto& page = *yearWindow(window).Frame1;
+         page.txtTPreis->enterValue(31945);
+         page.txtMwStS->enterValue(std::nullopt);
+         page.months->advance(2)->enterValue(-5);
+       }},
       {u"frmVerbrauch-rueckgaengig"_s, [](Household& home) { return mainWindow(home); },
        [](QWidget& window) { yearWindow(window).Frame1->months->zeroAdvances->click(); }},
   };
@@ -178,6 +195,16 @@ std::vector<View> entryViews() {
       {u"frmGrdGebMoW"_s, onYear<frmGrdGebMoW>},
       {u"frmGrdGebMoAW"_s, onYear<frmGrdGebMoAW>},
       {u"frmGrdGebMoG"_s, onYear<frmGrdGebMoG>},
+      {u"frmPreisJeKws-zweifel"_s, onYear<frmPreisJeKws>,
+       [](QWidget& window) {
+         auto& prices = static_cast<frmPreisJeKws&>(window);
+         prices.cmdAb(4)->click();
+         prices.newPrice->enterValue(31945);
+       }},
+      {u"frmGrdGebMo-zweifel"_s, onYear<frmGrdGebMo>,
+       [](QWidget& window) { static_cast<frmGrdGebMo&>(window).txtVerbrauch(7)->enterValue(135); }},
+      {u"frmBrutto"_s, [](Household& home) { return gross(home, 19); }},
+      {u"frmBrutto-ohne-satz"_s, [](Household& home) { return gross(home, std::nullopt); }},
       {u"frmMonatErfassen"_s, onRunningYear<frmMonatErfassen>,
        [](QWidget& window) {
          const auto& sheet = static_cast<frmMonatErfassen&>(window);
