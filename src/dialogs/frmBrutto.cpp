@@ -58,6 +58,9 @@ void frmBrutto::arrange() {
   txtNetto->setFont(bold);
   lblHinweis->setForegroundRole(QPalette::PlaceholderText);
   lblHinweis->setWordWrap(true);
+  // A wrapped text asks for no height of its own.
+  lblHinweis->setMinimumWidth(fontMetrics().averageCharWidth() * 40);
+  lblHinweis->setMinimumHeight(lblHinweis->heightForWidth(lblHinweis->minimumWidth()));
   lblHinweis->setVisible(!lblHinweis->text().isEmpty());
   auto* lines = new QGridLayout;
   lines->setHorizontalSpacing(8);

@@ -2,6 +2,7 @@
 
 #include <QGridLayout>
 #include <QHBoxLayout>
+#include <QResizeEvent>
 #include <QVBoxLayout>
 
 #include "widgets/FieldMark.h"
@@ -242,6 +243,10 @@ void UtilityPage::placeSideBySide() {
 void UtilityPage::placeBelow() {
   clearPlaces();
   parts_.contract->arrange(2);
+  // The contract of water is the widest part: its blocks stand below one another as well then.
+  const QMargins margins = content_->layout()->contentsMargins();
+  const int room = viewport()->width() - margins.left() - margins.right();
+  if (parts_.contract->minimumSizeHint().width() > room) parts_.contract->arrange(1);
   places_->addWidget(parts_.first, 0, 0);
   if (parts_.second) places_->addWidget(parts_.second, 1, 0);
   places_->addWidget(parts_.months, 0, 1, 2, 1);
@@ -258,7 +263,7 @@ void UtilityPage::resizeEvent(QResizeEvent* event) {
   // What stands on the page changes with the year.
   if (!below_) leastSideBySide_ = content_->minimumSizeHint().width();
   const bool narrow = viewport()->width() < leastSideBySide_;
-  if (narrow && !below_) placeBelow();
+  if (narrow && (!below_ || event->oldSize().width() != event->size().width())) placeBelow();
   if (!narrow && below_) placeSideBySide();
 }
 
