@@ -1,16 +1,20 @@
 #include "projection/ui/frmHochrechnung.h"
 
+#include <QAbstractTextDocumentLayout>
+#include <QApplication>
 #include <QFormLayout>
 #include <QHBoxLayout>
 #include <QKeyEvent>
 #include <QPainter>
 #include <QShowEvent>
 #include <QSignalBlocker>
+#include <QTextDocument>
 #include <QTimer>
 #include <QVBoxLayout>
 
 #include "base/DateText.h"
 #include "base/GermanNumber.h"
+#include "base/Paths.h"
 #include "dialogs/Prompts.h"
 #include "projection/YearProjection.h"
 
@@ -81,22 +85,17 @@ std::array<QLineEdit*, 7> frmHochrechnung::displayFields() const {
           lblNetto,        lblInklMwSt,    lblInklGrundgeb};
 }
 
-void frmHochrechnung::usePalette(const QPalette& palette) {
-  setPalette(palette);
-  QPalette quiet = palette;
-  quiet.setColor(QPalette::Base, Qt::transparent);  // display fields look like part of the window
-  for (QLineEdit* field : displayFields()) field->setPalette(quiet);
-}
-
 void frmHochrechnung::buildForm() {
   const int width = fontMetrics().horizontalAdvance(u"00.00.0000 00"_s);
+  QPalette quiet;  // display fields look like part of the window
+  quiet.setColor(QPalette::Base, Qt::transparent);
   for (QLineEdit* field : displayFields()) {
+    field->setPalette(quiet);
     field->setReadOnly(true);
     field->setFrame(false);
     field->setAlignment(Qt::AlignRight);
     field->setFixedWidth(width);
   }
-  usePalette(palette());
   for (QLineEdit* field :
        {static_cast<QLineEdit*>(txtDatumStrom), static_cast<QLineEdit*>(Text1)}) {
     field->setAlignment(Qt::AlignRight);
@@ -274,19 +273,25 @@ void frmHochrechnung::done(int result) {
   Window::done(result);
 }
 
-// Black on white, whatever the screen's colours are.
-QPixmap frmHochrechnung::pictureForPaper() {
-  const QPalette onScreen = palette();
-  QPalette paper(Qt::white, Qt::white);
-  for (const QPalette::ColorRole role :
-       {QPalette::Text, QPalette::WindowText, QPalette::ButtonText, QPalette::ToolTipText})
-    paper.setColor(role, Qt::black);
-  paper.setColor(QPalette::Base, Qt::white);
-  usePalette(paper);
-  layout()->activate();
-  QPixmap picture = grab();
-  usePalette(onScreen);
-  return picture;
+QString frmHochrechnung::yearName() const {
+  return QString::fromStdString(base::baseName(base::fileName(year_.path())));
+}
+
+// What the window shows, line by line.
+QString frmHochrechnung::pageText() const {
+  QString text = u"<h2>%1</h2><p>%2</p><p>%3</p><table cellspacing=0 cellpadding=3>"_s.arg(
+      windowTitle().toHtmlEscaped(), yearName().toHtmlEscaped(), Label2->text().toHtmlEscaped());
+  const auto* form = static_cast<const QFormLayout*>(fraStartDatum->layout());
+  for (int row = 0; row < form->rowCount(); ++row) {
+    const QLayoutItem* left = form->itemAt(row, QFormLayout::LabelRole);
+    const QLayoutItem* right = form->itemAt(row, QFormLayout::FieldRole);
+    if (!left || right->widget()->isHidden()) continue;
+    const auto* label = static_cast<const QLabel*>(left->widget());
+    const auto* value = static_cast<const QLineEdit*>(right->widget());
+    text += u"<tr><td>%1</td><td width=110 align=right>%2</td></tr>"_s.arg(
+        label->text().toHtmlEscaped(), value->text().toHtmlEscaped());
+  }
+  return text + u"</table>"_s;
 }
 
 void frmHochrechnung::Print() {
@@ -296,26 +301,35 @@ void frmHochrechnung::Print() {
   setFocus(Qt::PopupFocusReason);
   for (QLineEdit* field : findChildren<QLineEdit*>()) field->deselect();
   for (QWidget* control : hidden) control->hide();
-  const QPixmap picture = pictureForPaper();
   const auto dialog = makePrintDialog();
   bool failed = false;
   connect(dialog.get(), &clsPrintDialog::DialogError, this, [&failed] { failed = true; });
   dialog->ShowPrinter(this);
-  if (!dialog->Cancelled() && !failed) printOn(dialog->printer(), picture);
+  if (!dialog->Cancelled() && !failed) printOn(dialog->printer());
   for (QWidget* control : hidden) control->show();
   if (focused) focused->setFocus(Qt::PopupFocusReason);
 }
 
-// As wide as the paper allows, but not larger than on a screen of 96 dots per inch.
-void frmHochrechnung::printOn(QPrinter& printer, const QPixmap& picture) {
+// A page of text, black on white whatever the screen's colours are.
+void frmHochrechnung::printOn(QPrinter& printer) {
   printer.setDocName(windowTitle());
   QPainter painter;
   if (!painter.begin(&printer))
     return services_.prompts.tell(this, u"Der Drucker nimmt keine Seiten an."_s, u"Drucken"_s,
                                   dialogs::Icon::Warning);
   const QRectF page = printer.pageLayout().paintRectPixels(printer.resolution());
-  const QSizeF screen = picture.deviceIndependentSize();
-  const double scale = std::min({page.width() / screen.width(), page.height() / screen.height(),
-                                 printer.logicalDpiX() / 96.0});
-  painter.drawPixmap(QRectF(QPointF(), screen * scale), picture, QRectF(picture.rect()));
+  constexpr double kPointSize = 10;
+  QFont font = QApplication::font();
+  font.setPointSizeF(kPointSize);
+  QTextDocument document;
+  document.documentLayout()->setPaintDevice(&printer);
+  document.setDefaultFont(font);
+  document.setHtml(pageText());
+  document.setTextWidth(page.width());
+  QAbstractTextDocumentLayout::PaintContext context;
+  context.palette.setColor(QPalette::Text, Qt::black);
+  document.documentLayout()->draw(&painter, context);
+  painter.setFont(QFont(font.family(), 8));
+  painter.drawText(QRectF(QPointF(), page.size()), Qt::AlignHCenter | Qt::AlignBottom,
+                   yearName() + u" · Seite 1 von 1"_s);
 }

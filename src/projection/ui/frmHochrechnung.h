@@ -4,7 +4,6 @@
 #include <QGroupBox>
 #include <QLabel>
 #include <QLineEdit>
-#include <QPixmap>
 #include <array>
 #include <functional>
 #include <memory>
@@ -69,9 +68,9 @@ class frmHochrechnung final : public dialogs::Window {
   void warn(const std::string& message);
   void showFigures(const projection::ProjectionFigures& figures);
   void showBaseFee(bool shown);
-  void usePalette(const QPalette& palette);
-  QPixmap pictureForPaper();
-  void printOn(QPrinter& printer, const QPixmap& picture);
+  QString yearName() const;
+  QString pageText() const;
+  void printOn(QPrinter& printer);
 
   yearbook::YearSession& year_;
   bool calculatedOnce_ = false;

@@ -1,6 +1,8 @@
-#include <gtest/gtest.h>
+#include <gmock/gmock.h>
 
 #include <QFile>
+#include <QProcess>
+#include <QStandardPaths>
 #include <QTest>
 
 #include "SampleYear.h"
@@ -265,6 +267,15 @@ TEST_F(Hochrechnung, PrintingHidesTheControlsMeanwhile) {
     EXPECT_EQ(QApplication::focusWidget(), before);
     EXPECT_EQ(files_->exists(target), !cancel);
   }
+  if (QStandardPaths::findExecutable(u"pdftotext"_s).isEmpty())
+    GTEST_SKIP() << "pdftotext (poppler-utils) is not installed; the text of the page is unread";
+  QProcess reader;
+  reader.start(u"pdftotext"_s, {u"-layout"_s, QString::fromStdString(target), u"-"_s});
+  ASSERT_TRUE(reader.waitForFinished());
+  const QString page = QString::fromUtf8(reader.readAllStandardOutput()).simplified();
+  EXPECT_THAT(page.toStdString(), testing::HasSubstr("Hochrechnung auf das Jahr Verbrauch2024"));
+  EXPECT_THAT(page.toStdString(), testing::HasSubstr("Datum der letzten Ablesung 31.12.2024"));
+  EXPECT_THAT(page.toStdString(), testing::HasSubstr("Verbrauch2024 · Seite 1 von 1"));
 }
 
 }  // namespace
