@@ -109,6 +109,7 @@ std::optional<QString> QtPrompts::input(QWidget* owner, const QString& prompt, c
   dialog.setWindowTitle(titleOrName(title));
   dialog.setLabelText(prompt);
   dialog.setTextValue(preset);
+  dialog.adjustSize();  // makes its parts, which it has not before it is shown
   auto* line = dialog.findChild<QLineEdit*>();
   if (line) line->setMinimumWidth(roomOfTitle(dialog));
   auto* rows = qobject_cast<QVBoxLayout*>(dialog.layout());
