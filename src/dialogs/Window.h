@@ -10,8 +10,8 @@ namespace dialogs {
 // What all windows share in which something is entered or looked at. Enter presses the button that
 // has the focus, else the window's main button (setDefault), and goes to the next control where
 // there is none; no other button is pressed by surprise. Escape, the close button and the frame
-// close alike, by reject(). F1 shows the window's page of the manual. It opens where it was last, and
-// what is too large for a small screen scrolls.
+// close alike, by reject(). F1 shows the window's page of the manual. It opens where it was last,
+// and what is too large for a small screen scrolls.
 class Window : public QDialog {
   Q_OBJECT
  protected:

@@ -53,8 +53,8 @@ TEST(YearCheck, TellsWhatAYearLacks) {
   table(tables, "Wasser").rows.resize(4);
   NewTable& power = table(tables, "Strom");
   power.columns[column(power, "VTagStrom")].name = "VTag";
-  EXPECT_THAT(foundIn(tables), ElementsAre("MissingColumn: Strom: Verbrauch Strom", "WrongShape: Wasser",
-                                           "MissingTable: Gas"));
+  EXPECT_THAT(foundIn(tables), ElementsAre("MissingColumn: Strom: Verbrauch Strom",
+                                           "WrongShape: Wasser", "MissingTable: Gas"));
 }
 
 TEST(YearCheck, AsksAFileOfAnotherNameOnlyWhenItHasATableOfAYear) {
