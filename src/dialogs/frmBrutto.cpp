@@ -15,7 +15,8 @@ frmBrutto::frmBrutto(const dialogs::Services& services, dialogs::GrossFigure fig
   setModal(true);
   setTexts();
   arrange();
-  setTabOrder({optMonat, optJahr, txtBrutto, txtMwSt, cmdUebernehmen, cmdSchliessen});
+  // The rate comes first where it is typed; where it is known, Tab and Enter pass it by.
+  setTabOrder({optMonat, optJahr, txtMwSt, txtBrutto, cmdUebernehmen, cmdSchliessen});
   for (widgets::NumberField* field : {txtBrutto, txtMwSt})
     connect(field, &widgets::NumberField::valueChanged, this, &frmBrutto::showNet);
   connect(optMonat, &QRadioButton::toggled, this, &frmBrutto::showNet);
@@ -69,7 +70,8 @@ void frmBrutto::arrange() {
   const auto addLine = [&](const QString& caption, QLineEdit* field, const QString& unit) {
     const int row = lines->rowCount();
     field->setAlignment(Qt::AlignRight | Qt::AlignVCenter);
-    field->setFixedWidth(fontMetrics().horizontalAdvance(u"1.234.567,8901"_s));
+    field->setFixedSize(fontMetrics().horizontalAdvance(u"1.234.567,8901"_s),
+                        field->sizeHint().height());
     if (field->isReadOnly()) {
       QPalette plain;
       plain.setColor(QPalette::Base, Qt::transparent);

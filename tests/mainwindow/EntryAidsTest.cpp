@@ -119,6 +119,8 @@ TEST_F(EntryAids, WithoutTheYearsRateItIsAskedForAndCountsHereOnly) {
             EXPECT_EQ(brutto.txtNetto->text(), QString());
             EXPECT_FALSE(brutto.cmdUebernehmen->isEnabled());
             type(brutto.txtMwSt, u"0"_s);
+            QTest::keyClick(brutto.txtMwSt, Qt::Key_Return);
+            EXPECT_EQ(brutto.focusWidget(), brutto.txtBrutto);
             EXPECT_EQ(brutto.txtNetto->text(), u"24,00"_s);
             brutto.cmdUebernehmen->click();
           });
