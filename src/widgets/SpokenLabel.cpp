@@ -15,7 +15,7 @@ class SpokenLabel final : public QAccessibleWidget {
       : QAccessibleWidget(label, QAccessible::StaticText), label_(label) {}
 
   QString text(QAccessible::Text kind) const override {
-    const QString name = QAccessibleWidget::text(kind);
+    QString name = QAccessibleWidget::text(kind);
     if (kind != QAccessible::Name) return name;
     QString shown = Qt::mightBeRichText(label_->text())
                         ? QTextDocumentFragment::fromHtml(label_->text()).toPlainText()

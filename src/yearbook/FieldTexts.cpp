@@ -45,7 +45,10 @@ std::string priceStepsText(const YearRows& rows, Meter meter) {
   for (auto first = firsts.rbegin(); first != firsts.rend() && shown < kStepsShown; ++first) {
     const std::string month = months.text(*first, *factsOf(utilityOf(meter)).month);
     const std::string value = price(*first) ? priceText(price(*first)) : "keiner";
-    text += (text.empty() ? "" : ", ") + (*first == 0 ? "davor" : "ab " + month) + " " + value;
+    if (!text.empty()) text += ", ";
+    text += *first == 0 ? "davor" : "ab " + month;
+    text += ' ';
+    text += value;
     ++shown;
   }
   return firsts.size() > kStepsShown ? text + ", ..." : text;
