@@ -52,7 +52,7 @@ std::string balanceWords(const Figures& figures, const std::string& euro) {
 std::string standingOf(const Figures& figures) {
   if (figures.monthsCovered == 0 || figures.monthsCovered == kMonths) return {};
   return "Stand: " + std::to_string(figures.monthsCovered) +
-         " von 12 Monaten, Grundgebühr des ganzen Jahres";
+         " von 12 Monaten, Grundgebühr des ganzen Jahres, alle eingetragenen Abschläge";
 }
 
 std::string nameOf(Utility utility) {

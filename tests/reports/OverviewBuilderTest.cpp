@@ -186,7 +186,7 @@ TEST(PlainSummary, SaysHowTheYearStandsAndWhatWouldHaveFitted) {
   EXPECT_EQ(
       sentences[2],
       "Gas: ausgeglichen; passender Abschlag wäre 288,62 € im Monat (Stand: 6 von 12 Monaten, "
-      "Grundgebühr des ganzen Jahres).");
+      "Grundgebühr des ganzen Jahres, alle eingetragenen Abschläge).");
 }
 
 TEST(YearResults, AreWhatTheCardsSay) {

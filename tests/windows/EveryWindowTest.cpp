@@ -93,6 +93,13 @@ std::vector<std::string> cutTexts(const QWidget& window) {
         (button->width() < text.width() || button->height() < text.height()))
       cut.push_back(nameOf(*button) + ": " + button->text().toStdString());
   }
+  constexpr int kFrame = 8, kArrow = 20;
+  for (const QComboBox* box : shown<QComboBox>(window))
+    if (box->width() < box->fontMetrics().horizontalAdvance(box->currentText()) + kFrame + kArrow)
+      cut.push_back(nameOf(*box) + ": " + box->currentText().toStdString());
+  for (const QLineEdit* field : shown<QLineEdit>(window))
+    if (field->width() < field->fontMetrics().horizontalAdvance(field->placeholderText()) + kFrame)
+      cut.push_back(nameOf(*field) + ": " + field->placeholderText().toStdString());
   for (const QHeaderView* header : shown<QHeaderView>(window))
     for (int i = 0; i < header->count(); ++i) {
       const QString text =

@@ -157,6 +157,12 @@ std::vector<View> mainWindowViews() {
          home.forgetAfterOctober();
          return mainWindow(home);
        }},
+      {u"frmVerbrauch-uebersicht-bis-oktober"_s,
+       [](Household& home) {
+         home.forgetAfterOctober();
+         return mainWindow(home);
+       },
+       [](QWidget& window) { yearWindow(window).TabStrip->setCurrentIndex(3); }},
       {u"frmVerbrauch-pauschale"_s, [](Household& home) { return mainWindow(home); },
        [](QWidget& window) {
          yearWindow(window).mnuNachtstrom->trigger();

@@ -19,7 +19,7 @@ namespace {
 
 constexpr std::uint64_t kLargestTable = 64 << 20;
 constexpr int kShownLines = 500;
-constexpr int kBoxLetters = 12;
+constexpr int kBoxLetters = 16;
 enum Column { kLine, kDay, kMeter, kReading, kNote };
 
 }  // namespace

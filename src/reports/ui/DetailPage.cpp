@@ -82,6 +82,8 @@ void DetailPage::buildLayout() {
     button->setMinimumWidth(button->fontMetrics().averageCharWidth() * 20);
     buttons->addWidget(button);
   }
+  dressOutputNote(lblAusgabe);
+  buttons->addWidget(lblAusgabe);
   buttons->addStretch();
 
   auto* row = new QHBoxLayout;
@@ -92,8 +94,6 @@ void DetailPage::buildLayout() {
   auto* page = new QVBoxLayout(this);
   page->addLayout(choice);
   page->addLayout(row, 1);
-  dressOutputNote(lblAusgabe);
-  page->addWidget(lblAusgabe);
 }
 
 void DetailPage::showEvent(QShowEvent* event) {

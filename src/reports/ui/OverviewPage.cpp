@@ -33,6 +33,8 @@ void OverviewPage::buildLayout() {
     button->setMinimumWidth(button->fontMetrics().averageCharWidth() * 20);
     buttons->addWidget(button);
   }
+  dressOutputNote(lblAusgabe);
+  buttons->addWidget(lblAusgabe);
   buttons->addStretch();
 
   grdDruck->setAccessibleName(u"Jahresübersicht"_s);
@@ -45,8 +47,6 @@ void OverviewPage::buildLayout() {
   page->addWidget(fraErgebnisse);
   page->addSpacing(4);
   page->addLayout(row, 1);
-  dressOutputNote(lblAusgabe);
-  page->addWidget(lblAusgabe);
   for (QWidget* next : {static_cast<QWidget*>(grdDruck), static_cast<QWidget*>(cmdDrucken)})
     next->setFocusPolicy(Qt::StrongFocus);
 }

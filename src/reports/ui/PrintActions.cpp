@@ -51,6 +51,8 @@ void dressOutputNote(QLabel* note) {
   note->setTextFormat(Qt::PlainText);
   note->setTextInteractionFlags(Qt::TextSelectableByMouse);
   note->setWordWrap(true);
+  // A long path makes neither the column of buttons wider nor the table smaller.
+  note->setSizePolicy(QSizePolicy::Ignored, QSizePolicy::Preferred);
   note->hide();
 }
 

@@ -23,7 +23,7 @@ struct PrintButtons {
 };
 void captionAll(const PrintButtons& buttons, const QString& table);
 void captionPdf(QPushButton* button);
-// A quiet line below a table: where its file went, what is to be known before.
+// A quiet line below the buttons: where its file went, what is to be known before.
 void dressOutputNote(QLabel* note);
 void sayBelow(QLabel* note, const QString& text);
 // Nothing is said of a path that is empty.
