@@ -3,6 +3,7 @@
 #include <QGridLayout>
 #include <QHBoxLayout>
 #include <QVBoxLayout>
+#include <algorithm>
 
 #include "base/GermanNumber.h"
 
@@ -61,7 +62,7 @@ void frmBrutto::arrange() {
   lblHinweis->setWordWrap(true);
   // A wrapped text asks for no height of its own.
   lblHinweis->setMinimumWidth(fontMetrics().averageCharWidth() * 40);
-  lblHinweis->setMinimumHeight(lblHinweis->heightForWidth(lblHinweis->minimumWidth()));
+  lblHinweis->setMinimumHeight(std::max(0, lblHinweis->heightForWidth(lblHinweis->minimumWidth())));
   lblHinweis->setVisible(!lblHinweis->text().isEmpty());
   auto* lines = new QGridLayout;
   lines->setHorizontalSpacing(8);
@@ -81,15 +82,17 @@ void frmBrutto::arrange() {
     lines->addWidget(field, row, 1);
     lines->addWidget(new QLabel(unit, this), row, 2);
   };
-  auto* periods = new QHBoxLayout;
-  periods->setSpacing(12);
-  periods->addWidget(optMonat);
-  periods->addWidget(optJahr);
-  periods->addStretch();
   const bool fee = figure_.period != Period::None;
   optMonat->setVisible(fee);
   optJahr->setVisible(fee);
-  if (fee) lines->addLayout(periods, 0, 1, 1, 2);
+  if (fee) {
+    auto* periods = new QHBoxLayout;
+    periods->setSpacing(12);
+    periods->addWidget(optMonat);
+    periods->addWidget(optJahr);
+    periods->addStretch();
+    lines->addLayout(periods, 0, 1, 1, 2);
+  }
   addLine(u"Brutto"_s, txtBrutto, figure_.unit + u" brutto"_s);
   addLine(u"MwSt"_s, txtMwSt, u"%"_s);
   const QString kept = figure_.period == Period::Month  ? u" netto im Monat"_s
