@@ -8,6 +8,8 @@
 #include "charts/Picture.h"
 #include "charts/SvgWriter.h"
 
+using sample::boxOf;
+
 namespace {
 
 using charts::ChartModel;
@@ -29,17 +31,6 @@ ChartOptions optionsOf(ChartType type) {
 Scene layout(const ChartModel& model, const ChartOptions& options, charts::Size size = kDefault,
              const charts::Theme& theme = charts::Theme::light()) {
   return charts::layoutChart(model, options, theme, size, sample::PlainMeasure());
-}
-
-Rect boxOf(const std::vector<charts::Point>& points) {
-  double left = 1e9, top = 1e9, right = -1e9, bottom = -1e9;
-  for (const charts::Point& point : points) {
-    left = std::min(left, point.x);
-    right = std::max(right, point.x);
-    top = std::min(top, point.y);
-    bottom = std::max(bottom, point.y);
-  }
-  return {left, top, right - left, bottom - top};
 }
 
 std::vector<const Text*> textsOf(const Scene& scene) {

@@ -17,6 +17,17 @@ class PlainMeasure final : public charts::TextMeasure {
   }
 };
 
+inline charts::Rect boxOf(const std::vector<charts::Point>& points) {
+  double left = 1e9, top = 1e9, right = -1e9, bottom = -1e9;
+  for (const charts::Point& point : points) {
+    left = std::min(left, point.x);
+    right = std::max(right, point.x);
+    top = std::min(top, point.y);
+    bottom = std::max(bottom, point.y);
+  }
+  return {left, top, right - left, bottom - top};
+}
+
 using Consumptions = std::array<std::array<double, 12>, 5>;
 
 // By meter.

@@ -9,6 +9,8 @@
 #include "SampleChart.h"
 #include "charts/Canvas.h"
 
+using sample::boxOf;
+
 namespace {
 
 using charts::ChartModel;
@@ -68,17 +70,6 @@ class Maker {
  private:
   std::mt19937 random_;
 };
-
-Rect boxOf(const std::vector<charts::Point>& points) {
-  double left = 1e9, top = 1e9, right = -1e9, bottom = -1e9;
-  for (const charts::Point& point : points) {
-    left = std::min(left, point.x);
-    right = std::max(right, point.x);
-    top = std::min(top, point.y);
-    bottom = std::max(bottom, point.y);
-  }
-  return {left, top, right - left, bottom - top};
-}
 
 std::vector<Rect> textBoxes(Scene& scene) {
   const sample::PlainMeasure measure{};
