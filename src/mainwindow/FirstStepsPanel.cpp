@@ -89,9 +89,7 @@ void FirstStepsPanel::showStep(FirstStep step, bool done, bool present) {
   QFont font = this->font();
   font.setBold(present);
   button->setFont(font);
-  QPalette colors;
-  if (done) colors.setColor(QPalette::ButtonText, widgets::toneOf(widgets::Tone::Good, palette()));
-  button->setPalette(colors);
+  widgets::setTone(button, done ? std::optional(widgets::Tone::Good) : std::nullopt);
 }
 
 void FirstStepsPanel::dismiss() {

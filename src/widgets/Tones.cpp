@@ -2,6 +2,7 @@
 
 #include <QApplication>
 #include <QEvent>
+#include <QWidget>
 
 #include "widgets/ProgramStyle.h"
 
@@ -76,6 +77,32 @@ class PaletteWatch final : public QObject {
   }
 };
 
+// A colour that was set once stays what it was when the theme changes.
+class ToneKeeper final : public QObject {
+ public:
+  ToneKeeper(QWidget* widget, Tone tone) : QObject(widget), widget_(widget), tone_(tone) {
+    widget->installEventFilter(this);
+    apply();
+  }
+  bool eventFilter(QObject* watched, QEvent* event) override {
+    if (watched == widget_ && event->type() == QEvent::PaletteChange) apply();
+    return QObject::eventFilter(watched, event);
+  }
+
+ private:
+  void apply() {
+    const QPalette::ColorRole role = widget_->foregroundRole();
+    const QColor wanted = toneOf(tone_, QApplication::palette(widget_));
+    if (widget_->palette().color(QPalette::Active, role) == wanted) return;
+    QPalette own;
+    own.setColor(role, wanted);
+    widget_->setPalette(own);
+  }
+
+  QWidget* widget_;
+  Tone tone_;
+};
+
 }  // namespace
 
 bool isDark(const QPalette& palette) {
@@ -85,6 +112,15 @@ bool isDark(const QPalette& palette) {
 QColor toneOf(Tone tone, const QPalette& palette) {
   const GroundColors colors = colorsOf(tone);
   return QColor::fromRgb(isDark(palette) ? colors.dark : colors.light);
+}
+
+void setTone(QWidget* widget, std::optional<Tone> tone) {
+  for (QObject* child : QObjectList(widget->children()))
+    if (dynamic_cast<ToneKeeper*>(child)) delete child;
+  if (tone)
+    new ToneKeeper(widget, *tone);
+  else
+    widget->setPalette(QPalette());
 }
 
 void showAs(Look look) {

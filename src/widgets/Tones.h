@@ -2,8 +2,10 @@
 
 #include <QColor>
 #include <QPalette>
+#include <optional>
 
 class QApplication;
+class QWidget;
 
 // Colours with a meaning, readable on the ground of the palette (text at least 4.5:1).
 namespace widgets {
@@ -19,6 +21,10 @@ enum class Tone {
 
 bool isDark(const QPalette& palette);
 QColor toneOf(Tone tone, const QPalette& palette);
+
+// The text of the widget has that tone from now on, in whatever theme comes; without one it is the
+// text of its window again.
+void setTone(QWidget* widget, std::optional<Tone> tone);
 
 // Light or dark whatever the system is.
 enum class Look { System, Light, Dark };

@@ -3,9 +3,12 @@
 #include <QAction>
 #include <QApplication>
 #include <QCheckBox>
-#include <cmath>
+#include <QLabel>
+#include <QLineEdit>
+#include <QRadioButton>
 
 #include "dialogs/LookMenu.h"
+#include "support/ui/Contrast.h"
 #include "widgets/Tones.h"
 
 using namespace Qt::Literals::StringLiterals;
@@ -13,20 +16,6 @@ using widgets::Look;
 using widgets::Tone;
 
 namespace {
-
-// WCAG 2: relative luminance and the ratio of two.
-double luminance(const QColor& color) {
-  const auto linear = [](double part) {
-    return part <= 0.03928 ? part / 12.92 : std::pow((part + 0.055) / 1.055, 2.4);
-  };
-  return 0.2126 * linear(color.redF()) + 0.7152 * linear(color.greenF()) +
-         0.0722 * linear(color.blueF());
-}
-double contrast(const QColor& one, const QColor& other) {
-  const double a = luminance(one);
-  const double b = luminance(other);
-  return (std::max(a, b) + 0.05) / (std::min(a, b) + 0.05);
-}
 
 class LookTest : public testing::Test {
  protected:
@@ -58,17 +47,38 @@ TEST_F(LookTest, EveryTextIsReadableInLightAndDark) {
   }
 }
 
-// A check box whose line is as dark as its ground cannot be found.
+// A field or a check box whose line is as dark as its ground cannot be found.
 TEST_F(LookTest, FieldsAndCheckBoxesHaveALineThatCanBeSeenInDark) {
   widgets::showAs(Look::Dark);
   QCheckBox box;
-  box.resize(box.sizeHint());
-  const QImage picture = box.grab().toImage();
-  double best = 0;
-  for (int x = 0; x < picture.width(); ++x)
-    best = std::max(best, contrast(picture.pixelColor(x, picture.height() / 2),
-                                   QApplication::palette().color(QPalette::Window)));
-  EXPECT_GE(best, 3.0);
+  QRadioButton option;
+  QLineEdit field;
+  for (QWidget* widget : std::initializer_list<QWidget*>{&box, &option, &field}) {
+    widget->resize(widget->sizeHint());
+    const QImage picture = widget->grab().toImage();
+    double best = 0;
+    for (int x = 0; x < picture.width(); ++x)
+      best = std::max(best, contrast(picture.pixelColor(x, picture.height() / 2),
+                                     QApplication::palette().color(QPalette::Window)));
+    EXPECT_GE(best, 3.0) << widget->metaObject()->className();
+  }
+}
+
+TEST_F(LookTest, ATextKeepsItsToneInWhateverThemeComes) {
+  QLabel label(u"fehlt noch"_s);
+  label.show();
+  widgets::setTone(&label, Tone::Doubt);
+  for (const Look look : {Look::Dark, Look::Light}) {
+    widgets::showAs(look);
+    QApplication::processEvents();
+    EXPECT_EQ(label.palette().color(label.foregroundRole()),
+              widgets::toneOf(Tone::Doubt, QApplication::palette()));
+  }
+  widgets::setTone(&label, std::nullopt);
+  widgets::showAs(Look::Dark);
+  QApplication::processEvents();
+  EXPECT_EQ(label.palette().color(label.foregroundRole()),
+            QApplication::palette().color(QPalette::WindowText));
 }
 
 TEST_F(LookTest, IsChosenInTheMenuAndRememberedForTheNextStart) {

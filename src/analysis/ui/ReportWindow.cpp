@@ -166,9 +166,7 @@ void fitColumns(QTreeWidget* tree) {
 }
 
 void makeQuiet(QLabel* label) {
-  QPalette quiet = label->palette();
-  quiet.setColor(QPalette::WindowText, widgets::toneOf(widgets::Tone::Quiet, quiet));
-  label->setPalette(quiet);
+  label->setForegroundRole(QPalette::PlaceholderText);
 }
 
 }  // namespace analysis

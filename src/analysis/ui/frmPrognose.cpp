@@ -90,11 +90,7 @@ QFrame* frmPrognose::buildCard(Utility utility) {
   lines->addWidget(cardLine(name, 1, true));
   const QString figure = text(analysis::balanceText(part.balance));
   auto* balance = cardLine(figure, 1.5, true);
-  if (part.balance <= base::Money()) {
-    QPalette good = balance->palette();
-    good.setColor(QPalette::Text, widgets::toneOf(widgets::Tone::Good, good));
-    balance->setPalette(good);
-  }
+  if (part.balance <= base::Money()) widgets::setTone(balance, widgets::Tone::Good);
   lines->addWidget(balance);
   const QString range = u"Spanne: "_s + text(analysis::balanceText(part.balanceLow)) + u" bis "_s +
                         text(analysis::balanceText(part.balanceHigh));

@@ -6,6 +6,26 @@
 #include "widgets/Tones.h"
 
 namespace readings {
+namespace {
+
+QColor colorOf(MarkedLabel::Mark mark, const QPalette& ground) {
+  using Mark = MarkedLabel::Mark;
+  switch (mark) {
+    case Mark::Doubt:
+      return widgets::toneOf(widgets::Tone::Doubt, ground);
+    case Mark::Error:
+      return widgets::toneOf(widgets::Tone::Error, ground);
+    case Mark::Quiet:
+      return widgets::toneOf(widgets::Tone::Quiet, ground);
+    case Mark::Current:
+      return widgets::isDark(ground) ? QColor(0x7A, 0xB4, 0xFF) : QColor(0, 0, 0xFF);
+    case Mark::None:
+      break;
+  }
+  return ground.color(QPalette::WindowText);
+}
+
+}  // namespace
 
 void MarkedLabel::setMark(Mark mark) {
   if (mark == mark_) return;
@@ -15,33 +35,15 @@ void MarkedLabel::setMark(Mark mark) {
 
 void MarkedLabel::changeEvent(QEvent* event) {
   QLabel::changeEvent(event);
-  if (event->type() == QEvent::ApplicationPaletteChange) applyColor();
+  if (event->type() == QEvent::PaletteChange) applyColor();
 }
 
 void MarkedLabel::applyColor() {
-  const QPalette ground = QApplication::palette(this);
-  QPalette palette = ground;
-  const auto color = [&](widgets::Tone tone) {
-    palette.setColor(QPalette::WindowText, widgets::toneOf(tone, ground));
-  };
-  switch (mark_) {
-    case Mark::None:
-      break;
-    case Mark::Current:
-      palette.setColor(QPalette::WindowText,
-                       widgets::isDark(ground) ? QColor(0x7A, 0xB4, 0xFF) : QColor(0, 0, 0xFF));
-      break;
-    case Mark::Doubt:
-      color(widgets::Tone::Doubt);
-      break;
-    case Mark::Error:
-      color(widgets::Tone::Error);
-      break;
-    case Mark::Quiet:
-      color(widgets::Tone::Quiet);
-      break;
-  }
-  setPalette(palette);
+  QPalette own;
+  if (mark_ != Mark::None)
+    own.setColor(QPalette::WindowText, colorOf(mark_, QApplication::palette(this)));
+  // The new palette comes back here as a change of it.
+  if (own.color(QPalette::WindowText) != palette().color(QPalette::WindowText)) setPalette(own);
 }
 
 }  // namespace readings

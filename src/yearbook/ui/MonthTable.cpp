@@ -102,6 +102,7 @@ void MonthTable::buildLines(QGridLayout* grid) {
     doubts_[i] = new QLabel(u"⚠ unter 0"_s, this);
     doubts_[i]->setObjectName(consumption(i)->objectName() + u"_Zweifel"_s);
     doubts_[i]->setToolTip(u"Der Stand ist niedriger als der davor, ohne einen Zählerwechsel."_s);
+    widgets::setTone(doubts_[i], widgets::Tone::Doubt);
     consumption(i)->setAlignment(Qt::AlignRight | Qt::AlignVCenter);
     advance(i)->setFixedWidth(numberWidth(advance(i)));
     advance(i)->setToolTip(advanceHint());
@@ -127,6 +128,7 @@ void MonthTable::buildSums(QGridLayout* grid) {
   sum->setContentsMargins(4, 0, 0, 0);
   grid->addWidget(sum, kSumRow, kMonth);
   consumptionSum_->setAlignment(Qt::AlignRight | Qt::AlignVCenter);
+  consumptionSum_->setAccessibleName(u"Summe des Verbrauchs"_s);
   grid->addWidget(consumptionSum_, kSumRow, kConsumption);
   grid->addWidget(new QLabel(unit_, this), kSumRow, kUnit);
   advanceSum->emphasize();
@@ -221,15 +223,12 @@ void MonthTable::showDoubts() {
   const FieldValues& values = editor_.values();
   PerMonth<double> paid{};
   for (int i = 0; i < kMonths; ++i) paid[i] = orZero(euro(values.advances[utility_][i]));
-  QPalette doubt = palette();
-  doubt.setColor(QPalette::WindowText, widgets::toneOf(widgets::Tone::Doubt, doubt));
   for (int i = 0; i < kMonths; ++i) {
     const auto words = amountDoubt(paid[i], othersThan(i, paid));
     widgets::markField(advance(i), widgets::Tone::Doubt, QString::fromStdString(words));
     const bool negative = orZero(values.consumptions[factsOf(utility_).mainMeter][i]) < 0;
     doubts_[i]->setVisible(negative);
-    doubts_[i]->setPalette(doubt);
-    consumption(i)->setPalette(negative ? doubt : QPalette());
+    widgets::setTone(consumption(i), negative ? std::optional(widgets::Tone::Doubt) : std::nullopt);
     consumption(i)->setToolTip(negative ? doubts_[i]->toolTip() : QString());
   }
 }

@@ -195,13 +195,10 @@ void UtilityPage::addVatLine(FigureGroup* contract, const QString& label, QLineE
   missing->setToolTip(
       u"Ein Preis oder eine Grundgebühr steht da; ohne den Satz fehlt die MwSt in "
       "der Summe. Wo keine MwSt anfällt, gehört eine 0 hinein."_s);
+  widgets::setTone(missing, widgets::Tone::Doubt);
   contract->addLine(label, rate, u"%"_s, missing);
-  connect(&editor_, &YearEditor::changed, missing, [this, missing, meter] {
-    QPalette doubt = missing->parentWidget()->palette();
-    doubt.setColor(QPalette::WindowText, widgets::toneOf(widgets::Tone::Doubt, doubt));
-    missing->setPalette(doubt);
-    missing->setVisible(vatMissing(editor_.values(), meter));
-  });
+  connect(&editor_, &YearEditor::changed, missing,
+          [this, missing, meter] { missing->setVisible(vatMissing(editor_.values(), meter)); });
 }
 
 void UtilityPage::addStartMonthLine(FigureGroup* contract, QLabel* month,
