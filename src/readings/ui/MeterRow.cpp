@@ -52,6 +52,12 @@ MeterRow::MeterRow(Meter meter, QWidget* window, QGridLayout* grid, int firstLin
   const QString name = spokenName(meter);
   lblZaehler->setText(name);
   txtStand->setAccessibleName(u"Neuer Stand "_s + name);
+  for (const auto& [label, what] :
+       std::initializer_list<std::pair<QLabel*, QString>>{{lblDavor, u"Stand davor "_s},
+                                                          {lblVerbrauch, u"Verbrauch "_s},
+                                                          {lblUeblich, u"Üblicher Verbrauch "_s},
+                                                          {lblKosten, u"Kosten brutto "_s}})
+    label->setAccessibleName(what + name);
   txtStand->setToolTip(u"Stand am Monatsende, volle "_s + utf8(factsOf(meter).unit));
   chkWechsel->setText(u"Zähler gewechselt"_s);
   chkWechsel->setAccessibleName(u"Zähler gewechselt, "_s + name);
