@@ -1,6 +1,7 @@
 #include "dialogs/WindowPlace.h"
 
 #include <QEvent>
+#include <QGuiApplication>
 #include <QScreen>
 #include <QWidget>
 
@@ -34,8 +35,15 @@ class PlaceKeeper final : public QObject {
 
   void restore() {
     shown_ = true;
-    if (!window_.restoreGeometry(widgets::userSettings().value(key()).toByteArray()))
-      window_.resize(window_.size().boundedTo(window_.screen()->availableSize() - kDecoration));
+    window_.restoreGeometry(widgets::userSettings().value(key()).toByteArray());
+    if (window_.windowState().testAnyFlags(Qt::WindowMaximized | Qt::WindowFullScreen)) return;
+    // The screen may be a smaller one than last time.
+    const QScreen* at = QGuiApplication::screenAt(window_.geometry().center());
+    const QRect room = (at ? at : window_.screen())->availableGeometry();
+    const QSize size = window_.size().boundedTo(room.size() - kDecoration);
+    if (size == window_.size()) return;
+    window_.resize(size);
+    if (window_.testAttribute(Qt::WA_Moved)) window_.move(room.topLeft());
   }
 
   QWidget& window_;

@@ -23,8 +23,8 @@ namespace {
 
 class frmProbe final : public dialogs::Window {
  public:
-  explicit frmProbe(const dialogs::Services& services)
-      : Window(u"frmProbe"_s, u"Probe"_s, services, nullptr) {
+  explicit frmProbe(const dialogs::Services& services, const QString& name = u"frmProbe"_s)
+      : Window(name, u"Probe"_s, services, nullptr) {
     makeCloseButton(cmdClose);
     auto* column = new QVBoxLayout(this);
     for (QWidget* widget :
@@ -130,6 +130,38 @@ TEST_F(WindowBase, OpensWhereAndAsLargeAsItWasClosed) {
   frmProbe next(services_);
   next.show();
   EXPECT_EQ(next.geometry(), place);
+  next.close();
+  frmProbe other(services_, u"frmAndere"_s);
+  other.show();
+  EXPECT_NE(other.size(), place.size()) << "each window has a place of its own";
+}
+
+TEST_F(WindowBase, OpensOnTheScreenThatIsThereAndNoLarger) {
+  show();
+  const QRect screen = window.screen()->availableGeometry();
+  for (const QRect& place :
+       {QRect(5000, 4000, 400, 500), QRect(-3000, 20, 400, 500), QRect(10, 10, 4000, 3000)}) {
+    window.setGeometry(place);
+    window.close();
+    frmProbe next(services_);
+    next.show();
+    EXPECT_TRUE(screen.contains(next.geometry()))
+        << next.x() << ' ' << next.y() << ' ' << next.width() << ' ' << next.height();
+    next.hide();
+    window.show();
+  }
+}
+
+TEST_F(WindowBase, MaximisedComesBackSoWithTheSizeItHadBefore) {
+  show();
+  window.resize(333, 444);
+  window.showMaximized();
+  window.close();
+  frmProbe next(services_);
+  next.show();
+  EXPECT_TRUE(next.isMaximized());
+  next.showNormal();
+  EXPECT_EQ(next.size(), QSize(333, 444));
 }
 
 // The largest screen that a small one leaves: content of any size is reached by scrolling, and the
