@@ -121,6 +121,23 @@ TEST_F(Guide, NoticesWaitForEachOtherByUrgency) {
   EXPECT_FALSE(bar.isVisible());
 }
 
+TEST_F(Guide, TheManualOpensAtThePageThatIsInFront) {
+  openSample();
+  window->activateWindow();
+  ASSERT_TRUE(QTest::qWaitForWindowActive(window.get()));
+  for (int page = 0; page < window->TabStrip->count(); ++page) {
+    window->TabStrip->setCurrentIndex(page);
+    QTest::keyClick(window.get(), Qt::Key_F1);
+    EXPECT_EQ(navigator.calls.last(),
+              u"showManual "_s + window->TabStrip->currentWidget()->objectName());
+  }
+  const int calls = int(navigator.calls.size());
+  for (QAction* entry : window->mnuHilfe->actions()) entry->trigger();
+  EXPECT_EQ(navigator.calls.mid(calls),
+            QStringList({u"showHelp"_s, u"showMeterChangeHelp"_s, u"showManual fraDrucke"_s,
+                         u"showManual Tastenkuerzel"_s, u"showSample"_s, u"showAbout"_s}));
+}
+
 TEST_F(Guide, ANewYearIsOneClickAwayAndTheOldOneSaysThatItIsOpen) {
   openSample();
   window->mnuNew->trigger();

@@ -74,34 +74,41 @@ TEST(ManualText, NoLinkLeadsNowhere) {
 
 TEST(ManualText, EveryWindowHasItsPage) {
   const Manual book;
-  for (const char* window : {"frmVerbrStart",
-                             "frmNeuVerbrauch",
-                             "frmSichern",
-                             "frmRuecksichern",
-                             "Frame1",
-                             "Frame4",
-                             "Frame5",
-                             "fraDrucke",
-                             "frmVerbrauch",
-                             "frmEingabeVerbrauchNS",
-                             "frmHilfeZaehlerWechs",
-                             "frmPreisJeKubikAbW",
-                             "frmGrdGebMoW",
-                             "frmMonatErfassen",
-                             "frmAblesebuch",
-                             "frmTabelleEinlesen",
-                             "frmFortfuehren",
-                             "frmHochrechnung",
-                             "frmDiagramm",
-                             "frmDiagrVergleich",
-                             "frmAlleJahre",
-                             "frmPrognose",
-                             "frmTarife",
-                             "frmAngebot",
-                             "Tastenkuerzel"}) {
+  // What the reader expects to see on top.
+  const std::pair<const char*, const char16_t*> titles[] = {
+      {"frmVerbrStart", u"Das Startfenster"},
+      {"frmNeuVerbrauch", u"Jahre anlegen und löschen"},
+      {"frmSichern", u"Sichern"},
+      {"frmRuecksichern", u"Wiederherstellen"},
+      {"Frame1", u"Das Hauptfenster"},
+      {"Frame4", u"Die Jahresübersicht"},
+      {"Frame5", u"Das Hauptfenster"},
+      {"fraDrucke", u"Drucken und weitergeben"},
+      {"frmVerbrauch", u"Das Hauptfenster"},
+      {"frmEingabeVerbrauchNS", u"Zählerstände"},
+      {"frmHilfeZaehlerWechs", u"Zählerwechsel"},
+      {"frmPreisJeKubikAbW", u"Preise je Monat"},
+      {"frmGrdGebMoW", u"Monatliche Grundgebühren"},
+      {"frmMonatErfassen", u"Monat erfassen"},
+      {"frmAblesebuch", u"Das Ablesebuch"},
+      {"frmTabelleEinlesen", u"Eine Tabelle einlesen"},
+      {"frmFortfuehren", u"Das nächste Jahr"},
+      {"frmHochrechnung", u"Hochrechnung"},
+      {"frmDiagramm", u"Diagramme"},
+      {"frmDiagrVergleich", u"Zwei Jahre im Vergleich"},
+      {"frmAlleJahre", u"Alle Jahre"},
+      {"frmPrognose", u"Prognose"},
+      {"frmTarife", u"Tarife vergleichen"},
+      {"frmAngebot", u"Tarife vergleichen"},
+      {"Tastenkuerzel", u"Tastenkürzel"}};
+  for (const auto& [window, title] : titles) {
     const QString place = manual::placeOf(QLatin1String(window));
-    EXPECT_NE(place, Manual::firstPage()) << window;
-    EXPECT_TRUE(exists(book, place)) << window << ": " << place.toStdString();
+    const auto found =
+        std::find_if(book.sections().begin(), book.sections().end(), [&](const Section& part) {
+          return place == (part.level == 1 ? part.page : part.page + u'#' + part.anchor);
+        });
+    ASSERT_NE(found, book.sections().end()) << window << ": " << place.toStdString();
+    EXPECT_EQ(found->title, QString::fromUtf16(title)) << window;
   }
   EXPECT_EQ(manual::placeOf(u"Frame4"_s), u"handbuch/uebersicht.md"_s);
   EXPECT_EQ(manual::placeOf(u"anderes"_s), Manual::firstPage());
@@ -126,6 +133,20 @@ class ManualWindow : public testing::Test {
     QApplication::processEvents();
   }
   QString shown() const { return manual::placeAt(window.txtSeite->source()); }
+  void clickLink(const QString& to) {
+    const QTextDocument& page = *window.txtSeite->document();
+    for (QTextBlock block = page.begin(); block.isValid(); block = block.next())
+      for (auto part = block.begin(); !part.atEnd(); ++part) {
+        if (part.fragment().charFormat().anchorHref() != to) continue;
+        QTextCursor link(block);
+        link.setPosition(part.fragment().position() + 1);
+        window.txtSeite->setTextCursor(link);
+        window.txtSeite->ensureCursorVisible();
+        const QPoint place = window.txtSeite->cursorRect(link).center();
+        return QTest::mouseClick(window.txtSeite->viewport(), Qt::LeftButton, {}, place);
+      }
+    ADD_FAILURE() << "no link to " << to.toStdString();
+  }
   frmHandbuch window;
 };
 
@@ -144,17 +165,36 @@ TEST_F(ManualWindow, APlaceIsScrolledToAndMarkedInTheContents) {
 
 TEST_F(ManualWindow, PicturesAreNeverWiderThanThePageAndTablesHaveLines) {
   window.showPlace(u"handbuch/hauptfenster.md"_s);
+  const QTextDocument& page = *window.txtSeite->document();
   for (const int width : {1100, 700}) {
     window.resize(width, 500);
     QApplication::processEvents();
     EXPECT_EQ(window.txtSeite->horizontalScrollBar()->maximum(), 0) << width;
-    const QSizeF page = window.txtSeite->document()->size();
-    EXPECT_GT(page.height(), 1000) << "pictures and tables are there";
+    const auto formats = page.allFormats();
+    int pictures = 0;
+    for (const QTextFormat& format : formats) {
+      if (!format.isImageFormat()) continue;
+      const QUrl name(format.toImageFormat().name());
+      const auto picture = page.resource(QTextDocument::ImageResource, name).value<QImage>();
+      EXPECT_GT(picture.width(), 300) << name.toString().toStdString();
+      ++pictures;
+    }
+    EXPECT_GT(pictures, 0);
   }
   bool lines = false;
   for (QTextFrame* frame : window.txtSeite->document()->rootFrame()->childFrames())
     lines |= qobject_cast<QTextTable*>(frame) != nullptr && frame->frameFormat().border() > 0;
   EXPECT_TRUE(lines);
+}
+
+// As a reader clicks it, to a place on another page.
+TEST_F(ManualWindow, ALinkLeadsToItsPlace) {
+  clickLink(u"preise.md"_s);
+  EXPECT_EQ(shown(), u"handbuch/preise.md"_s);
+  window.showPlace(u"handbuch/grundgebuehren.md"_s);
+  clickLink(u"preise.md#brutto-umrechnen"_s);
+  EXPECT_EQ(shown(), u"handbuch/preise.md#brutto-umrechnen"_s);
+  EXPECT_EQ(window.txtSeite->textCursor().block().text(), u"Brutto umrechnen"_s);
 }
 
 TEST_F(ManualWindow, SearchListsThePlacesMarksTheWordsAndComesBackToTheContents) {
@@ -163,6 +203,8 @@ TEST_F(ManualWindow, SearchListsThePlacesMarksTheWordsAndComesBackToTheContents)
   QTest::keyClicks(window.txtSuche, u"Brennwert"_s);
   ASSERT_EQ(window.trvInhalt->topLevelItemCount(), 1);
   EXPECT_EQ(window.lblTreffer->text(), u"1 Stelle"_s);
+  EXPECT_TRUE(window.trvInhalt->topLevelItem(0)->text(0).startsWith(u"Das Hauptfenster: "_s))
+      << "of which page the place is";
   QTest::keyClick(window.txtSuche, Qt::Key_Return);
   EXPECT_TRUE(shown().startsWith(u"handbuch/hauptfenster.md"_s)) << shown().toStdString();
   EXPECT_EQ(window.txtSeite->extraSelections().size(), 1);

@@ -187,6 +187,7 @@ TEST_F(SampleYear, IsMarkedAndLiesApartWhileItIsOpen) {
     EXPECT_EQ(paths.YearDatabasePath, dataFolder() + "Beispiel/Beispiel 2025.kwd");
     EXPECT_EQ(paths.DataFolder, dataFolder() + "Beispiel/");
     EXPECT_TRUE(hints.join(u' ').contains(u"Kopie zum Ausprobieren"_s));
+    EXPECT_TRUE(app::recentYears().isEmpty()) << "it is no year of the household";
     prompts.answer(Button::Ok);
     navigator.showSample();
     EXPECT_EQ(prompts.take().text, u"Das Beispieljahr ist schon geöffnet."_s);
