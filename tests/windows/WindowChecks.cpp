@@ -61,6 +61,10 @@ bool shortensItself(const QLabel& label) {
   return label.toolTip() == label.text();
 }
 
+bool isClosing(const QPushButton& button) {
+  return button.text().remove(u'&').contains(u"chließen"_s);
+}
+
 bool isCut(const QLabel& label) {
   if (label.text().isEmpty() || shortensItself(label)) return false;
   if (label.wordWrap()) return label.height() < label.heightForWidth(label.width());
@@ -204,11 +208,18 @@ Findings figuresWithoutName(const QWidget& window) {
   return nameless;
 }
 
-Findings mainButtons(const QWidget& window) {
-  Findings buttons;
-  for (const QPushButton* button : shown<QPushButton>(window))
-    if (button->isDefault()) buttons.push_back(nameOf(*button));
-  return buttons;
+Findings wrongMainButtons(const QWidget& window) {
+  const auto all = shown<QPushButton>(window);
+  Findings wrong;
+  for (const QPushButton* button : all) {
+    if (!button->isDefault()) continue;
+    const bool closes = isClosing(*button) && all.size() > 1;
+    const bool second = std::any_of(all.begin(), all.end(), [button](const QPushButton* other) {
+      return other != button && other->isDefault();
+    });
+    if (closes || second) wrong.push_back(nameOf(*button));
+  }
+  return wrong;
 }
 
 Findings faintTexts(const QWidget& window) {
@@ -247,8 +258,8 @@ Findings outOfReach(const QWidget& window) {
   for (const QScrollArea* area : shown<QScrollArea>(window))
     if (area->horizontalScrollBar()->isVisible()) hidden.push_back(nameOf(*area) + " sideways");
   for (const QPushButton* button : shown<QPushButton>(window)) {
-    const bool always = button->isDefault() || button->text().remove(u'&').contains(u"chließen"_s);
-    if (always && button->visibleRegion().boundingRect() != button->rect())
+    if ((button->isDefault() || isClosing(*button)) &&
+        button->visibleRegion().boundingRect() != button->rect())
       hidden.push_back(nameOf(*button));
   }
   return hidden;

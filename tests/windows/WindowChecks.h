@@ -22,8 +22,8 @@ Findings overlaps(const QWidget& window);
 Findings faintTexts(const QWidget& window);
 // Keys that two of its controls, or two entries of a menu, have.
 Findings doubleMnemonics(const QWidget& window);
-// Those that Enter presses.
-Findings mainButtons(const QWidget& window);
+// Enter presses one button at most, and it is not the one that closes where there is another.
+Findings wrongMainButtons(const QWidget& window);
 // In a window made small: what goes on to the side, and main and close buttons that must be
 // scrolled to.
 Findings outOfReach(const QWidget& window);
