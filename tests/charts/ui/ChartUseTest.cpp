@@ -351,8 +351,8 @@ TEST_F(ChartUse, PrintingToAFileThatNobodyNamedPrintsNothing) {
 
 TEST_F(ChartUse, FramesKeepTogetherInATallWindow) {
   const auto window = monthly();
-  window->resize(1100, 700);
   window->show();
+  window->resize(1100, 700);
   const int usual = window->frOptionen->height();
   window->resize(1100, 1600);
   QTest::qWait(1);
@@ -361,8 +361,8 @@ TEST_F(ChartUse, FramesKeepTogetherInATallWindow) {
 
 TEST_F(ChartUse, TheSizeStandsBesideTheMenusAndIsNoneOfThem) {
   const auto window = monthly();
-  window->resize(1100, 700);
   window->show();
+  window->resize(1100, 700);
   QTest::qWait(1);
   EXPECT_EQ(window->lblDimensions->text().trimmed(), window->mnuDimensions->text().trimmed());
   EXPECT_TRUE(window->lblDimensions->text().startsWith(u"Abmessungen"_s));
