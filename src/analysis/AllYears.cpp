@@ -75,6 +75,26 @@ bool hasSettings(const yearbook::FieldValues& values) {
                      [](Money sum) { return sum != Money(); });
 }
 
+// What has been used of each utility against what was paid for those months; one that has not been
+// read says nothing yet.
+Money balanceSoFar(const Year& year) {
+  yearbook::FieldValues values = year.values;
+  Money balance;
+  for (const Utility utility : yearbook::kUtilities) {
+    int months = 0;
+    for (const Meter meter : yearbook::metersOf(utility))
+      months = std::max(months, year.months[meter]);
+    if (months == 0) continue;
+    for (const Meter meter : yearbook::metersOf(utility))
+      values.baseFees[meter] =
+          yearbook::baseFeeUntil(yearbook::orZero(values.baseFees[meter]), months);
+    for (const Meter meter : yearbook::metersOf(utility))
+      balance += costOf(values, meter, values.bill.meters[meter].amount).gross;
+    balance = balance - yearbook::advancesUntil(values.advances[utility], months);
+  }
+  return balance;
+}
+
 std::string untilMonth(const Year& year, Meter meter) {
   const int months = year.months[meter];
   if (months == 0 || months == kMonths) return {};
@@ -213,11 +233,11 @@ std::vector<YearFigures> figuresOf(const YearFolder& folder) {
 
 std::string standOf(const Year& year) {
   if (year.isEmpty()) return hasSettings(year.values) ? "noch keine Ablesung" : "leer";
-  const YearFigures figures = figuresOf(year, nullptr);
-  const std::string until = figures.until();
-  const std::string balance =
-      formatMoney(figures.balance) == "0,00" ? "ausgeglichen" : balanceText(figures.balance, 2);
-  return (until.empty() ? "vollständig" : until) + ", " + balance;
+  const std::string until = figuresOf(year, nullptr).until();
+  const Money balance = balanceSoFar(year);
+  const std::string words =
+      formatMoney(balance) == "0,00" ? "ausgeglichen" : balanceText(balance, 2);
+  return (until.empty() ? "vollständig" : until) + ", " + words;
 }
 
 std::string_view priceUnit(Meter meter) {

@@ -33,8 +33,9 @@ YearFigures figuresOf(const Year& year, const Year* before);
 // The figures of every year, in the order of the folder, which must outlive them.
 std::vector<YearFigures> figuresOf(const YearFolder& folder);
 
-// How a year stands in a line: "leer", "noch keine Ablesung", "bis Oktober, Guthaben 119,73 Euro",
-// "vollständig, ausgeglichen".
+// How a year stands in a line, one that is under way as of its last reading, with the payments and
+// the share of the base fees until then: "leer", "noch keine Ablesung", "bis Oktober, Guthaben
+// 119,73 Euro", "vollständig, ausgeglichen".
 std::string standOf(const Year& year);
 
 // Of the gross price per unit: "Cent/kWh", "Euro/m³".

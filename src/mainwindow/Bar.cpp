@@ -3,6 +3,7 @@
 #include <QAccessible>
 #include <QHBoxLayout>
 #include <QPainter>
+#include <QResizeEvent>
 #include <QVBoxLayout>
 #include <algorithm>
 
@@ -18,6 +19,11 @@ void Bar::want(bool wanted) {
   if (wanted == wanted_) return;
   wanted_ = wanted;
   Q_EMIT wantedChanged();
+}
+
+void Bar::closeByHand() {
+  want(false);
+  Q_EMIT closedByHand();
 }
 
 void Bar::captionClose(QToolButton* close) {
@@ -67,8 +73,20 @@ BarPlace::BarPlace(QWidget* parent, const QList<Bar*>& bars) : QWidget(parent), 
   for (Bar* bar : bars_) {
     rows->addWidget(bar);
     connect(bar, &Bar::wantedChanged, this, &BarPlace::showFirst);
+    connect(bar, &Bar::closedByHand, this, &BarPlace::settle);
   }
   showFirst();
+}
+
+void BarPlace::settle() {
+  setMinimumHeight(0);
+}
+
+void BarPlace::resizeEvent(QResizeEvent* event) {
+  QWidget::resizeEvent(event);
+  // Narrower or wider, texts take more or fewer lines.
+  if (event->oldSize().width() != width()) return settle();
+  setMinimumHeight(height());
 }
 
 void BarPlace::showFirst() {

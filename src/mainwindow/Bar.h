@@ -18,10 +18,12 @@ class Bar : public QFrame {
 
  Q_SIGNALS:
   void wantedChanged();
+  void closedByHand();
 
  protected:
   explicit Bar(QWidget* parent);
   void want(bool wanted);
+  void closeByHand();
   void arrange(QLabel* text, QPushButton* way, QToolButton* close);
   static void captionClose(QToolButton* close);
   // Read out to those who cannot see it come, as soon as it is shown.
@@ -35,11 +37,18 @@ class Bar : public QFrame {
 };
 
 // Where the bars stand, one at a time: the first that is wanted, and the next one when it is gone.
+// A bar that goes by itself, or a lower one in its place, leaves the height as it was: what stands
+// below must not slip away under a hand that is about to click.
 class BarPlace final : public QWidget {
   Q_OBJECT
  public:
   // In the order in which they matter.
   BarPlace(QWidget* parent, const QList<Bar*>& bars);
+  // Nothing below is being aimed at: the height is that of the bar shown, or none.
+  void settle();
+
+ protected:
+  void resizeEvent(QResizeEvent* event) override;
 
  private:
   void showFirst();

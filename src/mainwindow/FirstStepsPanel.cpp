@@ -40,6 +40,8 @@ void FirstStepsPanel::buildLayout() {
   cmdZumFeld->setText(u"Zum &Feld"_s);
   cmdZumFeld->setAccessibleName(u"Zum Feld"_s);
   lblSchritt->setWordWrap(true);
+  // A longer sentence moves nothing either.
+  lblSchritt->setMinimumHeight(2 * lblSchritt->fontMetrics().lineSpacing());
   auto* steps = new QHBoxLayout;
   steps->setSpacing(2);
   steps->addWidget(head);
@@ -63,12 +65,13 @@ void FirstStepsPanel::buildLayout() {
   rows->addLayout(now);
 }
 
-void FirstStepsPanel::offer(const yearbook::PerFirstStep<bool>& done, const QString& before) {
+void FirstStepsPanel::offer(const yearbook::FieldValues& values, const QString& before) {
+  const auto done = firstStepsDone(values);
   const auto next = std::find(done.begin(), done.end(), false);
   if (next == done.end() || widgets::userSettings().value(kDismissed).toBool()) return want(false);
   present_ = yearbook::kFirstSteps[std::size_t(next - done.begin())];
   for (const FirstStep step : yearbook::kFirstSteps) showStep(step, done[step], step == present_);
-  lblSchritt->setText(widgets::utf8(adviceFor(present_)));
+  lblSchritt->setText(QString::fromStdString(adviceFor(present_, values)));
   const QString caption = u"Aus "_s + before + u" übernehmen..."_s;
   cmdAusVorjahr->setText(QString(caption).replace(u'&', u"&&"_s));
   cmdAusVorjahr->setAccessibleName(caption);
@@ -94,7 +97,7 @@ void FirstStepsPanel::showStep(FirstStep step, bool done, bool present) {
 
 void FirstStepsPanel::dismiss() {
   widgets::userSettings().setValue(kDismissed, true);
-  want(false);
+  closeByHand();
 }
 
 }  // namespace mainwindow

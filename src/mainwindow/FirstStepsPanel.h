@@ -13,7 +13,7 @@ class FirstStepsPanel final : public Bar {
  public:
   explicit FirstStepsPanel(QWidget* parent);
   // The steps of the year; before is the name of a filled year that this one can begin with, or "".
-  void offer(const yearbook::PerFirstStep<bool>& done, const QString& before);
+  void offer(const yearbook::FieldValues& values, const QString& before);
   void takeAway() { want(false); }
 
   const widgets::ControlArray<QToolButton, int(yearbook::kFirstSteps.size())> cmdSchritt{

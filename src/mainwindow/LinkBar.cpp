@@ -11,7 +11,7 @@ LinkBar::LinkBar(QWidget* parent) : Bar(parent) {
   cmdDorthin->setAccessibleName(u"Dorthin"_s);
   connect(cmdAblesenZu, &QToolButton::clicked, this, [this] {
     closed_ = lblAblesen->text();
-    want(false);
+    closeByHand();
   });
 }
 

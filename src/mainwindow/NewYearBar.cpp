@@ -12,7 +12,7 @@ NewYearBar::NewYearBar(QWidget* parent) : Bar(parent) {
   setAccessibleName(u"Neues Jahr"_s);
   arrange(lblNeuesJahr, cmdNeuesJahr, cmdNeuesJahrZu);
   lblNeuesJahr->setTextFormat(Qt::PlainText);
-  connect(cmdNeuesJahrZu, &QToolButton::clicked, this, [this] { want(false); });
+  connect(cmdNeuesJahrZu, &QToolButton::clicked, this, &NewYearBar::closeByHand);
 }
 
 void NewYearBar::offer(const std::string& path) {

@@ -24,6 +24,7 @@ NoticeBar::NoticeBar(QWidget* parent) : Bar(parent) {
   connect(cmdGelesen, &QToolButton::clicked, this, [this] {
     waiting_.erase(waiting_.begin());
     showFirst();
+    if (waiting_.empty()) closeByHand();
   });
 }
 

@@ -12,7 +12,7 @@ UndoBar::UndoBar(QWidget* parent) : Bar(parent) {
   cmdRueckgaengig->setAccessibleName(u"Rückgängig"_s);
   cmdRueckgaengig->setToolTip(u"Was vorher da war, kommt zurück (Strg+Z)"_s);
   cmdHinweisZu->setToolTip(u"Hinweis schließen; zurück geht es weiter mit Strg+Z"_s);
-  connect(cmdHinweisZu, &QToolButton::clicked, this, [this] { want(false); });
+  connect(cmdHinweisZu, &QToolButton::clicked, this, &UndoBar::closeByHand);
 }
 
 void UndoBar::offer(const QString& text) {

@@ -80,8 +80,10 @@ void frmVerbrauch::buildPages() {
   auto* rows = new QVBoxLayout(central);
   rows->setContentsMargins(0, 0, 0, 0);
   rows->setSpacing(0);
-  rows->addWidget(new mainwindow::BarPlace(
-      central, {fraHinweis, fraGeaendert, fraNeuesJahr, fraErsteSchritte, fraAblesen}));
+  auto* bars = new mainwindow::BarPlace(
+      central, {fraHinweis, fraGeaendert, fraNeuesJahr, fraErsteSchritte, fraAblesen});
+  connect(TabStrip, &QTabWidget::currentChanged, bars, &mainwindow::BarPlace::settle);
+  rows->addWidget(bars);
   rows->addWidget(TabStrip, 1);
   setCentralWidget(central);
 }

@@ -33,12 +33,12 @@ QWidget* firstEmpty(const QList<QWidget*>& fields) {
 
 // In an empty year, and on until all is done once it has been shown.
 void frmVerbrauch::followFirstSteps(const std::optional<std::string>& before) {
-  const auto done = yearbook::firstStepsDone(editor_->values());
-  guided_ = guided_ || !done[FirstStep::FirstReading];
+  guided_ = guided_ || !yearbook::firstStepsDone(editor_->values())[FirstStep::FirstReading];
   if (!guided_) return fraErsteSchritte->takeAway();
   fraErsteSchritte->offer(
-      done, before ? QString::fromStdString(base::baseName(std::string(base::fileName(*before))))
-                   : QString());
+      editor_->values(),
+      before ? QString::fromStdString(base::baseName(std::string(base::fileName(*before))))
+             : QString());
 }
 
 // On the page in front, if it lacks that; else on the first that does.
@@ -65,9 +65,8 @@ void frmVerbrauch::goToStep(FirstStep step) {
           {}}}}},
   }}};
   Utility target = selectedUtility().value_or(Utility::Electricity);
-  for (const Utility utility : yearbook::kUtilities)
-    if (isDone(step, editor_->values(), target) && !isDone(step, editor_->values(), utility))
-      target = utility;
+  const auto lacking = yearbook::lackingIn(step, editor_->values());
+  if (isDone(step, editor_->values(), target) && !lacking.empty()) target = lacking.front();
   TabStrip->setCurrentWidget(pages[target].page);
   firstEmpty(pages[target].fields[step])->setFocus(Qt::TabFocusReason);
 }
@@ -75,7 +74,7 @@ void frmVerbrauch::goToStep(FirstStep step) {
 // In a year that is under way the hand lies on the job of every month; an empty one begins with
 // its first field.
 void frmVerbrauch::focusMonthlyJob() {
-  if (yearbook::firstStepsDone(editor_->values())[FirstStep::StartReadings])
+  if (yearbook::hasBegun(editor_->values()))
     Frame1->cmdEingabeVerbrauchS->setFocus(Qt::OtherFocusReason);
   else
     Frame1->txtAnfStandST->setFocus(Qt::OtherFocusReason);

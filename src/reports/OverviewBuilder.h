@@ -41,9 +41,11 @@ struct OverviewInput {
   PerUtility<std::optional<base::Money>> advances;
   yearbook::FlatRate flatRate;
 
-  // Months from the first to the last one that has a reading or a consumption: what somebody who
-  // reads once a year has read covers all twelve.
+  // Months up to and with the last one that has a reading or a consumption: what somebody who reads
+  // once a year has read covers all twelve.
   PerUtility<int> monthsCovered{};
+  // The payments of those months; `advances` are those of all twelve.
+  PerUtility<base::Money> advancesCovered{};
 };
 
 struct UtilityTotals {

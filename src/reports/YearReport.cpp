@@ -50,6 +50,8 @@ OverviewInput overviewInput(const YearSession& year) {
   for (Utility utility : yearbook::kUtilities) {
     in.months[utility] = monthAmounts(year, utility);
     in.monthsCovered[utility] = monthsCovered(year, utility);
+    in.advancesCovered[utility] =
+        yearbook::advancesUntil(values.advances[utility], in.monthsCovered[utility]);
     // A field that clearing has emptied shows nothing until the next summary.
     if (!values.cleared[utility]) in.advances[utility] = values.advanceSums[utility];
   }

@@ -8,23 +8,35 @@ using base::Money;
 using yearbook::kMonths;
 
 struct Figures {
-  Money balance, gross, fitting;
-  int monthsCovered;
+  Money balance, gross, advances, fitting;
+  int monthsCovered = 0;
+  std::string until;  // "Oktober" in a year that is under way, else ""
 };
 
+// The whole of a year that is complete.
+OverviewInput asOfLastReading(OverviewInput input) {
+  for (yearbook::Meter meter : yearbook::kMeters)
+    if (auto& fee = input.baseFees[meter])
+      fee = yearbook::baseFeeUntil(*fee, input.monthsCovered[utilityOf(meter)]);
+  for (Utility utility : yearbook::kUtilities)
+    input.advances[utility] = input.advancesCovered[utility];
+  return input;
+}
+
 PerUtility<Figures> figuresOf(const OverviewInput& input) {
-  OverviewInput withoutFees = input;
-  withoutFees.baseFees = {};
-  const OverviewTotals totals = overviewTotals(input);
-  const OverviewTotals consumption = overviewTotals(withoutFees);
+  const OverviewInput soFar = asOfLastReading(input);
+  const OverviewTotals totals = overviewTotals(soFar);
   PerUtility<Figures> figures;
   for (Utility utility : yearbook::kUtilities) {
-    const Money gross = totals[utility].gross;
-    const Money used = consumption[utility].gross;
-    const int months = input.monthsCovered[utility];
-    const double fitting =
-        months == 0 ? 0 : used.toDouble() / months + (gross.toDouble() - used.toDouble()) / kMonths;
-    figures[utility] = {totals[utility].balance, gross, Money::roundHalfEven(fitting), months};
+    Figures& part = figures[utility];
+    part.monthsCovered = input.monthsCovered[utility];
+    if (part.monthsCovered == 0) continue;
+    part.balance = totals[utility].balance;
+    part.gross = totals[utility].gross;
+    part.advances = yearbook::orZero(soFar.advances[utility]);
+    part.fitting = Money::roundHalfEven(part.gross.toDouble() / part.monthsCovered);
+    if (part.monthsCovered < kMonths)
+      part.until = input.months[utility][part.monthsCovered - 1].month;
   }
   return figures;
 }
@@ -52,7 +64,9 @@ std::string balanceWords(const Figures& figures, const std::string& euro) {
 std::string standingOf(const Figures& figures) {
   if (figures.monthsCovered == 0 || figures.monthsCovered == kMonths) return {};
   return "Stand: " + std::to_string(figures.monthsCovered) +
-         " von 12 Monaten, Grundgebühr des ganzen Jahres, alle eingetragenen Abschläge";
+         (figures.monthsCovered == 1
+              ? " von 12 Monaten mit seinem Abschlag und seiner Grundgebühr"
+              : " von 12 Monaten mit ihren Abschlägen und ihrer Grundgebühr");
 }
 
 std::string nameOf(Utility utility) {
@@ -69,10 +83,11 @@ PerUtility<YearResult> yearResults(const OverviewInput& input) {
     YearResult& result = results[utility];
     result.kind = kindOf(figures);
     result.name = utility == Utility::Water ? "Wasser und Abwasser" : nameOf(utility);
-    result.headline = balanceWords(figures, " Euro");
+    result.headline = (figures.until.empty() ? "" : "Bis " + figures.until + ": ") +
+                      balanceWords(figures, " Euro");
     if (result.kind == YearResult::Kind::Empty) continue;
-    result.sum = formatMoney(figures.gross) + " brutto − " +
-                 formatMoney(yearbook::orZero(input.advances[utility])) + " Abschläge";
+    result.sum =
+        formatMoney(figures.gross) + " brutto − " + formatMoney(figures.advances) + " Abschläge";
     result.fittingAdvance = figures.fitting;
     result.fitting = "Passender Abschlag: " + formatMoney(figures.fitting) + " Euro im Monat";
     result.standing = standingOf(figures);
@@ -86,7 +101,9 @@ std::vector<std::string> plainSummary(const OverviewInput& input) {
   sentences.reserve(yearbook::kUtilities.size());
   for (Utility utility : yearbook::kUtilities) {
     const Figures& figures = all[utility];
-    std::string text = nameOf(utility) + ": " + balanceWords(figures, " €");
+    std::string text = nameOf(utility) + ": " +
+                       (figures.until.empty() ? "" : "bis " + figures.until + " ") +
+                       balanceWords(figures, " €");
     if (figures.monthsCovered > 0)
       text += "; passender Abschlag wäre " + formatMoney(figures.fitting) + " € im Monat";
     if (const std::string standing = standingOf(figures); !standing.empty())

@@ -8,19 +8,20 @@
 namespace reports {
 
 // How a utility's year stands: what is to be paid or comes back, and the monthly payment that would
-// have balanced it. That payment is the cost of the consumption over the months that the readings
-// cover and a twelfth of the base fee.
+// have balanced it. A year that is under way stands as of its last month read: payments until then
+// and as many twelfths of the base fee, whereas the table has all that has been entered.
 struct YearResult {
   enum class Kind { Empty, Even, Payment, Credit };
   Kind kind = Kind::Empty;
   std::string name;      // "Strom"
-  std::string headline;  // "Nachzahlung 25,99 Euro", "noch keine Ablesungen"
+  std::string headline;  // "Nachzahlung 25,99 Euro", "Bis März: Guthaben 3,10 Euro",
+                         // "noch keine Ablesungen"
   // Empty without readings.
   std::optional<base::Money> fittingAdvance;
   std::string sum;      // "1.657,99 brutto − 1.632,00 Abschläge"
   std::string fitting;  // "Passender Abschlag: 138,17 Euro im Monat"
   // Empty for a whole year, too.
-  std::string standing;  // "Stand: 3 von 12 Monaten, Grundgebühr des ganzen Jahres, ..."
+  std::string standing;  // "Stand: 3 von 12 Monaten mit ihren Abschlägen und ihrer Grundgebühr"
 };
 
 PerUtility<YearResult> yearResults(const OverviewInput& input);

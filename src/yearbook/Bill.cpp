@@ -57,6 +57,16 @@ Money grossOf(Money net, double percent) {
   return Money::roundHalfEven(withVat(net.toDouble(), percent));
 }
 
+Money baseFeeUntil(Money inTheYear, int months) {
+  return Money::roundHalfEven(inTheYear.toDouble() * months / kMonths);
+}
+
+Money advancesUntil(const PerMonth<std::optional<Money>>& advances, int months) {
+  Money sum;
+  for (int i = 0; i < months; ++i) sum += orZero(advances[i]);
+  return sum;
+}
+
 Money FlatRate::amountBeyond(double consumption) const {
   const double excess = consumption - orZero(freeKwh);
   return excess > 0 ? Money::roundHalfEven(excess * orZero(dayPrice) / 100) : Money();

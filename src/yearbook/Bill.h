@@ -25,6 +25,11 @@ std::optional<Money> priceOf(PriceRule rule, double consumption, double unitPric
 Money vatOn(Money net, double percent);    // net / 100 * percent
 Money grossOf(Money net, double percent);  // net / 100 * (100 + percent), rounded once
 
+// Of a year that is under way, as of its first months: the base fee by twelfths, and the payments
+// that were due until then, whatever has been entered for the months to come.
+Money baseFeeUntil(Money inTheYear, int months);
+Money advancesUntil(const PerMonth<std::optional<Money>>& advances, int months);
+
 // A contract in which some kWh of the day tariff are part of the base fee. Only what goes beyond
 // them is charged, at the one price of the main window.
 struct FlatRate {

@@ -51,12 +51,46 @@ bool isDone(FirstStep step, const FieldValues& values, Utility utility) {
                      [&](Meter meter) { return has(step, values, meter); });
 }
 
+bool anyHas(FirstStep step, const FieldValues& values) {
+  return std::any_of(kUtilities.begin(), kUtilities.end(),
+                     [&](Utility utility) { return isDone(step, values, utility); });
+}
+
+bool hasAnything(const FieldValues& values, Utility utility) {
+  return std::any_of(kFirstSteps.begin(), kFirstSteps.end(),
+                     [&](FirstStep step) { return isDone(step, values, utility); });
+}
+
+std::vector<Utility> lackingIn(FirstStep step, const FieldValues& values) {
+  if (step == FirstStep::FirstReading && anyHas(step, values)) return {};
+  const bool ofAll = step == FirstStep::StartReadings && !anyHas(FirstStep::Prices, values);
+  std::vector<Utility> lacking;
+  for (const Utility utility : kUtilities) {
+    const bool asked = ofAll || hasAnything(values, utility);
+    const bool through = isDone(FirstStep::FirstReading, values, utility);
+    if (asked && !through && !isDone(step, values, utility)) lacking.push_back(utility);
+  }
+  return lacking;
+}
+
 PerFirstStep<bool> firstStepsDone(const FieldValues& values) {
   PerFirstStep<bool> done{};
   for (const FirstStep step : kFirstSteps)
-    done[step] = std::any_of(kUtilities.begin(), kUtilities.end(),
-                             [&](Utility utility) { return isDone(step, values, utility); });
+    done[step] = anyHas(step, values) && lackingIn(step, values).empty();
   return done;
+}
+
+bool hasBegun(const FieldValues& values) {
+  return anyHas(FirstStep::StartReadings, values);
+}
+
+std::string adviceFor(FirstStep step, const FieldValues& values) {
+  std::string advice(adviceFor(step));
+  if (!anyHas(step, values)) return advice;
+  std::string left;
+  for (const Utility utility : lackingIn(step, values))
+    left.append(left.empty() ? " Noch ohne: " : ", ").append(factsOf(utility).name);
+  return left.empty() ? advice : advice + left + '.';
 }
 
 }  // namespace yearbook

@@ -1,7 +1,9 @@
 #pragma once
 
 #include <optional>
+#include <string>
 #include <string_view>
+#include <vector>
 
 #include "yearbook/FieldValues.h"
 
@@ -18,11 +20,18 @@ using PerFirstStep = IndexedArray<T, FirstStep, kFirstSteps.size()>;
 // "Anfangsstände", and what is to be done in a sentence.
 std::string_view nameOf(FirstStep step);
 std::string_view adviceFor(FirstStep step);
+// With those that are left, once the step has been begun: "... Noch ohne: Wasser, Gas."
+std::string adviceFor(FirstStep step, const FieldValues& values);
 
-// A step is done when one meter of the house has what it asks for: which of them a household has,
-// nobody else knows.
-PerFirstStep<bool> firstStepsDone(const FieldValues& values);
-// The same for one utility; base fee and VAT are those of its main meter.
+// By any of the utility's meters; base fee and VAT are those of one meter.
 bool isDone(FirstStep step, const FieldValues& values, Utility utility);
+// The utilities for which a step is left. Which of them a household has, it says by what it enters:
+// one for which there is anything, and that has no month read yet. Start readings are asked of all
+// until the first price is there.
+std::vector<Utility> lackingIn(FirstStep step, const FieldValues& values);
+// Done by one utility and left for none.
+PerFirstStep<bool> firstStepsDone(const FieldValues& values);
+// There is a start reading.
+bool hasBegun(const FieldValues& values);
 
 }  // namespace yearbook

@@ -51,6 +51,16 @@ TEST_F(AllYears, AnIncompleteYearIsComparedOverItsOwnMonths) {
   EXPECT_NEAR(*figuresOf(read).front().meters[Meter::Gas].perDay, 1350.0 / 366, 1e-12);
 }
 
+// The payments of the whole year have been entered, as one does in January.
+TEST_F(AllYears, AYearUnderWayStandsAsOfItsLastReading) {
+  const auto stand = [&] { return standOf(folder().years.back()); };
+  EXPECT_EQ(stand(), "vollständig, Nachzahlung 105,37 Euro");
+  endAt("Verbrauch2025.kwd", 10);
+  EXPECT_EQ(stand(), "bis Oktober, Guthaben 119,73 Euro");
+  endAt("Verbrauch2025.kwd", 1);
+  EXPECT_EQ(stand(), "bis Januar, Nachzahlung 188,26 Euro");
+}
+
 // The year before ended early as well: what only one of them has is left out on both sides.
 TEST_F(AllYears, ACompleteYearIsComparedOverTheMonthsOfTheOneBefore) {
   endAt("Verbrauch2024.kwd", 9);

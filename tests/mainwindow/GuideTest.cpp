@@ -34,16 +34,17 @@ TEST_F(Guide, AnEmptyYearIsFilledStepByStep) {
   ASSERT_TRUE(steps().isVisible());
   EXPECT_EQ(ticked(), u"-----"_s) << "a house without electricity has not said anything yet";
   const struct {
+    QAbstractButton* way;
     QLineEdit* field;
     const char* typed;
     const char* marks;
-  } path[] = {{window->Frame1->txtAnfStandST, "44309", "x----"},
-              {window->Frame1->txtTPreis, "28,9", "xx---"},
-              {window->Frame1->txtGrundgebS, "120", "xx---"},
-              {window->Frame1->txtMwStS, "19", "xxx--"},
-              {window->Frame1->months->advance(0), "136", "xxxx-"}};
+  } path[] = {{steps().cmdZumFeld, window->Frame1->txtAnfStandST, "44309", "-----"},
+              {steps().cmdSchritt(1), window->Frame1->txtTPreis, "28,9", "xx---"},
+              {steps().cmdZumFeld, window->Frame1->txtGrundgebS, "120", "xx---"},
+              {steps().cmdZumFeld, window->Frame1->txtMwStS, "19", "xxx--"},
+              {steps().cmdZumFeld, window->Frame1->months->advance(0), "136", "xxxx-"}};
   for (const auto& step : path) {
-    steps().cmdZumFeld->click();
+    step.way->click();
     EXPECT_EQ(window->focusWidget(), step.field) << step.field->objectName().toStdString();
     type(step.field, QString::fromLatin1(step.typed));
     EXPECT_EQ(ticked(), QString::fromLatin1(step.marks));
@@ -74,6 +75,31 @@ TEST_F(Guide, TheStepLeadsToTheUtilityThatLacksIt) {
   window->TabStrip->setCurrentWidget(window->Frame2);
   steps().cmdSchritt(1)->click();
   EXPECT_EQ(window->focusWidget(), window->Frame2->cmdPreisJeEinheitW);
+}
+
+TEST_F(Guide, TheStepsLeadFromMeterToMeterAndNothingSlipsAwayBelow) {
+  openFirst();
+  type(window->Frame1->txtAnfStandST, u"44309"_s);
+  EXPECT_TRUE(steps().lblSchritt->text().endsWith(u"Noch ohne: Wasser, Gas."_s));
+  steps().cmdZumFeld->click();
+  EXPECT_EQ(window->focusWidget(), window->Frame2->txtAnfStandW);
+  type(window->Frame2->txtAnfStandW, u"318"_s);
+  steps().cmdZumFeld->click();
+  EXPECT_EQ(window->focusWidget(), window->Frame3->txtAnfStandG);
+  QTest::qWait(0);
+  const auto top = [&] { return window->TabStrip->mapToGlobal(QPoint()).y(); };
+  const int before = top();
+  window->fraGeaendert->offer(u"Preis für zwölf Monate"_s);
+  QTest::qWait(0);
+  EXPECT_FALSE(steps().isVisible());
+  EXPECT_EQ(top(), before) << "a lower bar";
+  steps().takeAway();
+  window->fraGeaendert->offer({});
+  QTest::qWait(0);
+  EXPECT_EQ(top(), before) << "no bar";
+  window->TabStrip->setCurrentWidget(window->Frame1);
+  QTest::qWait(0);
+  EXPECT_LT(top(), before) << "on another page there is no place to be kept";
 }
 
 TEST_F(Guide, DismissedStepsStayAwayAndAFilledYearHasNone) {

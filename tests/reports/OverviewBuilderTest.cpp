@@ -179,14 +179,14 @@ TEST(PlainSummary, SaysHowTheYearStandsAndWhatWouldHaveFitted) {
   OverviewInput input = sample::overview2025();
   input.monthsCovered[Utility::Water] = 0;
   input.monthsCovered[Utility::Gas] = 6;
-  input.advances[Utility::Gas] = Money::roundHalfEven(1811.66);
+  input.advancesCovered[Utility::Gas] = Money::roundHalfEven(1000);
   const auto sentences = reports::plainSummary(input);
   EXPECT_EQ(sentences[1], "Wasser: noch keine Ablesungen.");
-  // 1.388,00 in six months and 134,40 in twelve, with 19 %.
+  // 1.388,00 and six twelfths of 134,40, with 19 %; the payments of the other months do not count.
   EXPECT_EQ(
       sentences[2],
-      "Gas: ausgeglichen; passender Abschlag wäre 288,62 € im Monat (Stand: 6 von 12 Monaten, "
-      "Grundgebühr des ganzen Jahres, alle eingetragenen Abschläge).");
+      "Gas: bis Juni Nachzahlung 731,69 €; passender Abschlag wäre 288,62 € im Monat (Stand: 6 von "
+      "12 Monaten mit ihren Abschlägen und ihrer Grundgebühr).");
 }
 
 TEST(YearResults, AreWhatTheCardsSay) {
@@ -201,6 +201,14 @@ TEST(YearResults, AreWhatTheCardsSay) {
   EXPECT_EQ(results[Utility::Water].headline, "Guthaben 28,28 Euro");
   EXPECT_EQ(results[Utility::Gas].headline, "noch keine Ablesungen");
   EXPECT_EQ(results[Utility::Gas].sum, "");
+  input.monthsCovered[Utility::Water] = 1;
+  input.advancesCovered[Utility::Water] = Money::roundHalfEven(900);
+  const reports::YearResult water = reports::yearResults(input)[Utility::Water];
+  // 267,75 and a twelfth of 106,80 with 7 %, and 362,95.
+  EXPECT_EQ(water.headline, "Bis Januar: Guthaben 241,03 Euro");
+  EXPECT_EQ(water.sum, "658,97 brutto − 900,00 Abschläge");
+  EXPECT_EQ(water.fittingAdvance->toDouble(), 658.9655);
+  EXPECT_EQ(water.standing, "Stand: 1 von 12 Monaten mit seinem Abschlag und seiner Grundgebühr");
 }
 
 }  // namespace

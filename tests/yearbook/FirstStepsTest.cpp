@@ -1,6 +1,6 @@
 #include "yearbook/FirstSteps.h"
 
-#include <gtest/gtest.h>
+#include <gmock/gmock.h>
 
 using yearbook::FirstStep;
 using yearbook::Meter;
@@ -8,30 +8,58 @@ using yearbook::Utility;
 
 namespace {
 
-TEST(FirstSteps, EachStepIsDoneByAnyMeterOfTheHouse) {
-  yearbook::FieldValues values;
-  const auto marks = [&] {
+class FirstSteps : public testing::Test {
+ protected:
+  std::string marks() const {
     std::string text;
     for (const bool done : yearbook::firstStepsDone(values)) text += done ? 'x' : '-';
     return text;
-  };
+  }
+  std::string advice(FirstStep step) const { return adviceFor(step, values); }
+
+  yearbook::FieldValues values;
+};
+
+const base::Money kSome = base::Money::fromTenThousandths(1);
+
+TEST_F(FirstSteps, TakeEveryMeterAlongThatTheHouseHas) {
   EXPECT_EQ(marks(), "-----");
   values.startReadings[Meter::Day] = 0;  // the answer of a house without electricity
-  EXPECT_EQ(marks(), "-----");
+  EXPECT_FALSE(hasBegun(values));
+  EXPECT_EQ(advice(FirstStep::StartReadings), adviceFor(FirstStep::StartReadings));
   values.startReadings[Meter::Gas] = 900;
-  EXPECT_EQ(marks(), "x----");
+  EXPECT_TRUE(hasBegun(values));
+  EXPECT_EQ(marks(), "-----") << "there may be water and electricity";
+  EXPECT_THAT(advice(FirstStep::StartReadings), testing::EndsWith(" Noch ohne: Strom, Wasser."));
+  values.prices[Meter::Gas] = 9;
+  EXPECT_EQ(marks(), "xx---") << "the house has nothing but gas";
   values.prices[Meter::WasteWater] = 3;
+  EXPECT_EQ(marks(), "-x---") << "and water, as it shows";
+  EXPECT_EQ(lackingIn(FirstStep::StartReadings, values), std::vector{Utility::Water});
+  values.startReadings[Meter::Water] = 318;
   EXPECT_EQ(marks(), "xx---");
-  values.baseFees[Meter::Gas] = base::Money::fromTenThousandths(1);
+  values.baseFees[Meter::Gas] = kSome;
   values.vat[Meter::Water] = 7;
   EXPECT_EQ(marks(), "xx---") << "fee and tax of one meter";
   values.vat[Meter::Gas] = 19;
+  EXPECT_THAT(advice(FirstStep::FeesAndVat), testing::EndsWith(" Noch ohne: Wasser."));
+  values.baseFees[Meter::Water] = kSome;
   EXPECT_EQ(marks(), "xxx--");
-  values.advanceSums[Utility::Water] = base::Money::fromTenThousandths(1);
+  EXPECT_EQ(advice(FirstStep::FeesAndVat), adviceFor(FirstStep::FeesAndVat));
+}
+
+// Water may have no base fee, and its payments may go with the rent.
+TEST_F(FirstSteps, EndWithTheFirstReadingWhateverAMeterHasNot) {
+  values.startReadings[Meter::Day] = values.startReadings[Meter::Water] = 300;
+  values.prices[Meter::Day] = values.prices[Meter::Water] = 2;
+  values.baseFees[Meter::Day] = kSome;
+  values.vat[Meter::Day] = values.vat[Meter::Water] = 19;
+  values.advanceSums[Utility::Electricity] = kSome;
+  EXPECT_EQ(marks(), "xx---");
   values.consumptions[Meter::Night][11] = 1;
+  EXPECT_EQ(marks(), "xx--x");
+  values.consumptions[Meter::WasteWater][0] = 1;
   EXPECT_EQ(marks(), "xxxxx");
-  EXPECT_TRUE(isDone(FirstStep::Prices, values, Utility::Water));
-  EXPECT_FALSE(isDone(FirstStep::Prices, values, Utility::Gas));
 }
 
 }  // namespace

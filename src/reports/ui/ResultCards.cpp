@@ -57,9 +57,10 @@ class ResultCards::Card final : public QWidget {
       label->setVisible(!text->empty());
       if (!text->empty()) spoken += label->text();
     }
-    // A year that is running compares what was used with what is paid for all of it.
     if (!result.standing.empty()) {
-      standing_->setText(standing_->text() + u". Ganzes Jahr: Auswertung > Prognose."_s);
+      standing_->setText(
+          standing_->text() +
+          u"; die Tabelle zählt alles Eingetragene. Ganzes Jahr: Auswertung > Prognose."_s);
       spoken.back() = standing_->text();
     }
     setAccessibleName(spoken.join(u". "_s));
