@@ -79,7 +79,8 @@ BarPlace::BarPlace(QWidget* parent, const QList<Bar*>& bars) : QWidget(parent), 
 }
 
 void BarPlace::settle() {
-  setMinimumHeight(0);
+  const int wrapped = layout()->heightForWidth(width());
+  setMinimumHeight(wrapped < 0 ? layout()->sizeHint().height() : wrapped);
 }
 
 void BarPlace::resizeEvent(QResizeEvent* event) {
@@ -92,7 +93,11 @@ void BarPlace::resizeEvent(QResizeEvent* event) {
 void BarPlace::showFirst() {
   const auto first =
       std::find_if(bars_.begin(), bars_.end(), [](Bar* bar) { return bar->isWanted(); });
-  for (Bar* bar : bars_) bar->setVisible(first != bars_.end() && bar == *first);
+  Bar* const shown = first == bars_.end() ? nullptr : *first;
+  // Before the other one comes: two at a time would be as high as both.
+  for (Bar* bar : bars_)
+    if (bar != shown) bar->hide();
+  if (shown) shown->show();
 }
 
 }  // namespace mainwindow

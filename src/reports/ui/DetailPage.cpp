@@ -135,7 +135,7 @@ bool DetailPage::followTicks() {
 GridPrinter DetailPage::pages() const {
   return GridPrinter(grdDruckAlle->grid(),
                      QString::fromStdString(documentName(services_.clock.today())), kMargins,
-                     footerOf(year_.path()));
+                     PageWords{footerOf(year_.path()), {}});
 }
 
 std::string DetailPage::htmlPage() const {

@@ -22,6 +22,8 @@ namespace {
 constexpr int kTwipsPerPoint = 20;
 constexpr int kTextInset = 60;
 constexpr int kFooterHeight = 400;  // room for the page number, inside the bottom margin's edge
+constexpr int kWordsHeight = 260;   // of a line below the table
+constexpr int kWordsGap = 240;
 constexpr int kThinLine = 8;
 constexpr int kBandLine = 15;
 
@@ -122,14 +124,16 @@ struct GridPrinter::Frame {
   double scale = 1.0;  // paper twips per grid twip
   int tableWidth = 0;  // grid twips
   std::vector<std::vector<int>> pages;
+
+  double tableLeft() const { return (body.width() - tableWidth * scale) / 2; }
 };
 
 GridPrinter::GridPrinter(const Grid& grid, QString documentName, PrintMargins margins,
-                         const QString& footer)
+                         PageWords words)
     : grid_(grid),
       documentName_(std::move(documentName)),
       margins_(margins),
-      footer_(footer.isEmpty() ? footer : footer + u" · "_s) {}
+      words_(std::move(words)) {}
 
 void GridPrinter::prepare(QPrinter& printer) const {
   printer.setDocName(documentName_);
@@ -154,9 +158,30 @@ GridPrinter::Frame GridPrinter::frameOn(const QPagedPaintDevice& device) const {
   for (int column = 0; column < grid_.columns(); ++column)
     if (!grid_.column(column).hidden) frame.tableWidth += grid_.column(column).width;
   frame.scale = std::min(1.0, frame.body.width() / std::max(1, frame.tableWidth));
-  frame.pages =
-      breakIntoPages(grid_, static_cast<int>((frame.body.height() - kFooterHeight) / frame.scale));
+  const int below = words_.below.isEmpty() ? 0 : kWordsGap + kWordsHeight * words_.below.size();
+  frame.pages = breakIntoPages(
+      grid_, static_cast<int>((frame.body.height() - kFooterHeight - below) / frame.scale));
   return frame;
+}
+
+void GridPrinter::drawWords(QPainter& painter, const Frame& frame, int page) const {
+  QFont font = toQFont({grid_.fontName, grid_.pointSize});
+  font.setPixelSize(8 * kTwipsPerPoint);
+  painter.setFont(font);
+  painter.setPen(Qt::black);
+  const int pages = static_cast<int>(frame.pages.size());
+  const QString year = words_.year.isEmpty() ? QString() : words_.year + u" · "_s;
+  painter.drawText(
+      QRectF(0, frame.body.height() - kFooterHeight, frame.body.width(), kFooterHeight),
+      Qt::AlignHCenter | Qt::AlignBottom, year + u"Seite %1 von %2"_s.arg(page).arg(pages));
+  if (page < pages) return;
+  double top = kWordsGap;
+  for (const int row : frame.pages.back()) top += grid_.row(row).height * frame.scale;
+  for (const QString& line : words_.below) {
+    painter.drawText(QRectF(frame.tableLeft(), top, frame.tableWidth * frame.scale, kWordsHeight),
+                     Qt::AlignLeft | Qt::AlignVCenter | Qt::TextSingleLine, line);
+    top += kWordsHeight;
+  }
 }
 
 base::Result<void> GridPrinter::paint(QPagedPaintDevice& device, int firstPage,
@@ -175,14 +200,8 @@ base::Result<void> GridPrinter::paint(QPagedPaintDevice& device, int firstPage,
     painter.scale(static_cast<double>(device.logicalDpiX()) / kTwipsPerInch,
                   static_cast<double>(device.logicalDpiY()) / kTwipsPerInch);
     painter.translate(frame.body.topLeft());
-    QFont footer = toQFont({grid_.fontName, grid_.pointSize});
-    footer.setPixelSize(8 * kTwipsPerPoint);
-    painter.setFont(footer);
-    painter.setPen(Qt::black);
-    painter.drawText(
-        QRectF(0, frame.body.height() - kFooterHeight, frame.body.width(), kFooterHeight),
-        Qt::AlignHCenter | Qt::AlignBottom, footer_ + u"Seite %1 von %2"_s.arg(page).arg(pages));
-    painter.translate((frame.body.width() - frame.tableWidth * frame.scale) / 2, 0);
+    drawWords(painter, frame, page);
+    painter.translate(frame.tableLeft(), 0);
     painter.scale(frame.scale, frame.scale);
     PagePainter(painter, grid_).draw(frame.pages[static_cast<std::size_t>(page - 1)]);
     painter.restore();

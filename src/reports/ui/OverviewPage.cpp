@@ -7,6 +7,7 @@
 #include "dialogs/Prompts.h"
 #include "reports/DetailTable.h"
 #include "reports/Exports.h"
+#include "reports/ui/PdfExport.h"
 
 using namespace Qt::StringLiterals;
 
@@ -66,7 +67,7 @@ void OverviewPage::rebuild() {
 GridPrinter OverviewPage::pages() const {
   return GridPrinter(grdDruck->grid(),
                      QString::fromStdString(documentName(services_.clock.today())),
-                     kOverviewMargins, footerOf(year_.path()));
+                     kOverviewMargins, overviewWords(overviewInput(year_)));
 }
 
 std::string OverviewPage::htmlPage() const {

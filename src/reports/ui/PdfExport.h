@@ -2,8 +2,12 @@
 
 #include "base/File.h"
 #include "reports/OverviewBuilder.h"
+#include "reports/ui/GridPrinter.h"
 
 namespace reports {
+
+// The year's name, and the result of each utility in a sentence.
+PageWords overviewWords(const OverviewInput& input);
 
 // The overview as it is printed, on A4. Needs a QGuiApplication (offscreen will do). The file is
 // replaced whole or stays as it was.

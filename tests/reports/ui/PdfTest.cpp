@@ -58,13 +58,15 @@ TEST_F(PdfText, OverviewHasEveryFigureOnOnePage) {
   const QString text = textOf(path);
   expectAllTexts(buildOverview(sample::overviewFlatRate()), text);
   EXPECT_TRUE(text.contains(u"-433,50"_s));
+  EXPECT_TRUE(
+      text.contains(u"Gas: Nachzahlung 107,66 €; passender Abschlag wäre 150,97 € im Monat."_s));
   EXPECT_TRUE(text.contains(u"Seite 1 von 1"_s));
 }
 
 TEST_F(PdfText, DetailedTableRepeatsItsTitleOnEveryPage) {
   const reports::Grid grid = buildDetailTable(sample::detail2025(), {true, true, true, true, true});
   const QByteArray pdf =
-      reports::GridPrinter(grid, u"Verbrauchs-Abrechnung"_s, {540, 540}, u"Haushalt 2025"_s)
+      reports::GridPrinter(grid, u"Verbrauchs-Abrechnung"_s, {540, 540}, {u"Haushalt 2025"_s, {}})
           .toPdf();
   const std::string path = folder_ / "Monate.pdf";
   QFile file(QString::fromStdString(path));
