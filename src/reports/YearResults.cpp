@@ -64,9 +64,7 @@ std::string balanceWords(const Figures& figures, const std::string& euro) {
 std::string standingOf(const Figures& figures) {
   if (figures.monthsCovered == 0 || figures.monthsCovered == kMonths) return {};
   return "Stand: " + std::to_string(figures.monthsCovered) +
-         (figures.monthsCovered == 1
-              ? " von 12 Monaten mit seinem Abschlag und seiner Grundgebühr"
-              : " von 12 Monaten mit ihren Abschlägen und ihrer Grundgebühr");
+         " von 12 Monaten, Abschläge und Grundgebühr anteilig";
 }
 
 std::string nameOf(Utility utility) {

@@ -21,7 +21,7 @@ struct YearResult {
   std::string sum;      // "1.657,99 brutto − 1.632,00 Abschläge"
   std::string fitting;  // "Passender Abschlag: 138,17 Euro im Monat"
   // Empty for a whole year, too.
-  std::string standing;  // "Stand: 3 von 12 Monaten mit ihren Abschlägen und ihrer Grundgebühr"
+  std::string standing;  // "Stand: 3 von 12 Monaten, Abschläge und Grundgebühr anteilig"
 };
 
 PerUtility<YearResult> yearResults(const OverviewInput& input);

@@ -186,7 +186,7 @@ TEST(PlainSummary, SaysHowTheYearStandsAndWhatWouldHaveFitted) {
   EXPECT_EQ(
       sentences[2],
       "Gas: bis Juni Nachzahlung 731,69 €; passender Abschlag wäre 288,62 € im Monat (Stand: 6 von "
-      "12 Monaten mit ihren Abschlägen und ihrer Grundgebühr).");
+      "12 Monaten, Abschläge und Grundgebühr anteilig).");
 }
 
 TEST(YearResults, AreWhatTheCardsSay) {
@@ -208,7 +208,7 @@ TEST(YearResults, AreWhatTheCardsSay) {
   EXPECT_EQ(water.headline, "Bis Januar: Guthaben 241,03 Euro");
   EXPECT_EQ(water.sum, "658,97 brutto − 900,00 Abschläge");
   EXPECT_EQ(water.fittingAdvance->toDouble(), 658.9655);
-  EXPECT_EQ(water.standing, "Stand: 1 von 12 Monaten mit seinem Abschlag und seiner Grundgebühr");
+  EXPECT_EQ(water.standing, "Stand: 1 von 12 Monaten, Abschläge und Grundgebühr anteilig");
 }
 
 }  // namespace

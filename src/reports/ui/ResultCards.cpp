@@ -43,6 +43,9 @@ class ResultCards::Card final : public QWidget {
     bold.setPointSizeF(bold.pointSizeF() * 1.3);
     headline_->setFont(bold);
     standing_->setForegroundRole(QPalette::PlaceholderText);
+    standing_->setToolTip(
+        u"Es zählen die Monate bis zur letzten Ablesung. Die Tabelle darunter zählt alles, was "
+        "eingetragen ist, auch Abschläge kommender Monate."_s);
   }
 
   void show(const YearResult& result) {
@@ -58,9 +61,7 @@ class ResultCards::Card final : public QWidget {
       if (!text->empty()) spoken += label->text();
     }
     if (!result.standing.empty()) {
-      standing_->setText(
-          standing_->text() +
-          u"; die Tabelle zählt alles Eingetragene. Ganzes Jahr: Auswertung > Prognose."_s);
+      standing_->setText(standing_->text() + u". Ganzes Jahr: Auswertung > Prognose."_s);
       spoken.back() = standing_->text();
     }
     setAccessibleName(spoken.join(u". "_s));

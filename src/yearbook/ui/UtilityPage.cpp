@@ -81,10 +81,6 @@ UtilityPage::UtilityPage(QWidget* parent, const char* name, YearEditor& editor)
   setWidget(content_);
 }
 
-QSize UtilityPage::fullSize() const {
-  return content_->sizeHint();
-}
-
 QPushButton* UtilityPage::button(QPushButton* made, const QString& caption,
                                  const QString& toolTip) const {
   made->setText(caption);
@@ -221,10 +217,17 @@ void UtilityPage::clearPlaces() {
   for (int row = 0; row < 2; ++row) places_->setRowStretch(row, 0);
 }
 
+// Layouts keep the sizes that they have been told.
+void UtilityPage::arrangeContract(int blocks) {
+  parts_.contract->arrange(blocks);
+  parts_.contract->updateGeometry();
+  places_->invalidate();
+}
+
 void UtilityPage::placeSideBySide() {
   clearPlaces();
   const int meters = parts_.second ? 2 : 1;
-  parts_.contract->arrange(meters);
+  arrangeContract(meters);
   places_->addWidget(parts_.first, 0, 0);
   if (parts_.second) places_->addWidget(parts_.second, 0, 1);
   places_->addWidget(parts_.months, 0, meters, 1, 3 - meters);
@@ -233,6 +236,10 @@ void UtilityPage::placeSideBySide() {
   places_->setColumnStretch(2, 1);
   places_->setRowStretch(0, 1);
   content_->setMaximumHeight(kTallestPage * fontMetrics().lineSpacing());
+  fullSize_ = content_->sizeHint();
+  // Water's contract has a second base fee: its blocks stand below one another before the meters
+  // do.
+  if (content_->minimumSizeHint().width() > viewport()->width()) arrangeContract(1);
   leastSideBySide_ = content_->minimumSizeHint().width();
   below_ = false;
 }
@@ -257,10 +264,14 @@ void UtilityPage::placeBelow() {
 
 void UtilityPage::resizeEvent(QResizeEvent* event) {
   QScrollArea::resizeEvent(event);
+  const bool otherWidth = event->oldSize().width() != event->size().width();
   // What stands on the page changes with the year.
-  if (!below_) leastSideBySide_ = content_->minimumSizeHint().width();
+  if (otherWidth)
+    placeSideBySide();
+  else if (!below_)
+    leastSideBySide_ = content_->minimumSizeHint().width();
   const bool narrow = viewport()->width() < leastSideBySide_;
-  if (narrow && (!below_ || event->oldSize().width() != event->size().width())) placeBelow();
+  if (narrow && (!below_ || otherWidth)) placeBelow();
   if (!narrow && below_) placeSideBySide();
 }
 

@@ -46,7 +46,7 @@ class UtilityPage : public QScrollArea {
   Q_OBJECT
  public:
   // The whole page, without bars.
-  QSize fullSize() const;
+  QSize fullSize() const { return fullSize_; }
 
  protected:
   UtilityPage(QWidget* parent, const char* name, YearEditor& editor);
@@ -88,6 +88,7 @@ class UtilityPage : public QScrollArea {
   void resizeEvent(QResizeEvent* event) override;
 
  private:
+  void arrangeContract(int blocks);
   void placeSideBySide();
   void placeBelow();
   static QString priceTip(const QLineEdit& price);
@@ -99,6 +100,7 @@ class UtilityPage : public QScrollArea {
   QWidget* content_;
   QGridLayout* places_;
   Parts parts_{};
+  QSize fullSize_;
   int leastSideBySide_ = 0;
   bool below_ = false;
   bool lettersLeft_ = true;  // the first meter's buttons have not been captioned

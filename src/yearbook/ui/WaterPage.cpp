@@ -46,12 +46,12 @@ void WaterPage::buildMeters() {
 }
 
 void WaterPage::buildContract() {
-  addBaseFeeLine(contract_, u"Grundgebühr Wasser"_s, txtGrundgebW, Meter::Water, cmdWMonatl,
+  addBaseFeeLine(contract_, u"Grundgebühr Wasser im Jahr"_s, txtGrundgebW, Meter::Water, cmdWMonatl,
                  u"Grundgebühr Wasser monatlich eingeben"_s);
   addVatLine(contract_, u"MwSt Wasser"_s, txtMwStW, Meter::Water);
   contract_->addLine(u"MwSt Grundgebühr"_s, txtw, u"Euro"_s);
   addStartMonthLine(contract_, lblStartmonatW, cmdBeginnW);
-  addBaseFeeLine(contract_, u"Grundgebühr Abwasser"_s, txtGrundgebAbW, Meter::WasteWater,
+  addBaseFeeLine(contract_, u"Grundgebühr Abwasser im Jahr"_s, txtGrundgebAbW, Meter::WasteWater,
                  cmdWWMonatl, u"Grundgebühr Abwasser monatlich eingeben"_s);
   contract_->addLine(u"MwSt Abwasser"_s, txtMwStAbW, u"%"_s);
   contract_->addLine(u"MwSt Grundgebühr"_s, txtaw, u"Euro"_s);
