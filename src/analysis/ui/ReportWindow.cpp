@@ -8,6 +8,7 @@
 #include <QMimeData>
 #include <QPrinter>
 #include <QScreen>
+#include <QScrollBar>
 #include <QStyledItemDelegate>
 #include <QTreeWidget>
 
@@ -94,6 +95,13 @@ void ReportWindow::openAs(QSize size) {
   resize(size.boundedTo(screen()->availableSize()));
 }
 
+void ReportWindow::openAs(QSize size, const QTreeWidget& table) {
+  const QMargins margins = layout()->contentsMargins();
+  const int columns = table.header()->length() + table.verticalScrollBar()->sizeHint().width() +
+                      2 * table.frameWidth() + margins.left() + margins.right();
+  openAs(size.expandedTo({columns, 0}));
+}
+
 void ReportWindow::copy() {
   const reports::Grid table = shownTable();
   auto* copied = new QMimeData;
@@ -159,10 +167,15 @@ void fitColumns(QTreeWidget* tree) {
   QHeaderView* header = tree->header();
   header->setStretchLastSection(false);
   header->setMinimumHeight(tree->fontMetrics().height() + kRoom);
+  // Only the column that the rows are sorted by needs room for the arrow.
+  const bool sorted = header->isSortIndicatorShown();
+  const int byColumn = sorted ? header->sortIndicatorSection() : -1;
   for (int column = 0; column < tree->columnCount(); ++column) {
+    header->setSortIndicatorShown(column == byColumn);
     tree->resizeColumnToContents(column);
     tree->setColumnWidth(column, tree->columnWidth(column) + kApart);
   }
+  header->setSortIndicatorShown(sorted);
 }
 
 void makeQuiet(QLabel* label) {

@@ -40,6 +40,8 @@ class ReportWindow : public dialogs::Window {
   QBoxLayout* buildButtons();
   // That large, or as large as the free screen.
   void openAs(QSize size);
+  // Wider where the columns of the table need it.
+  void openAs(QSize size, const QTreeWidget& table);
 
  private:
   void copy();

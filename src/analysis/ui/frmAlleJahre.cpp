@@ -9,6 +9,7 @@
 
 #include "analysis/Charts.h"
 #include "charts/ui/ChartWidget.h"
+#include "widgets/Segment.h"
 #include "yearbook/YearSession.h"
 
 using namespace Qt::StringLiterals;
@@ -74,6 +75,9 @@ frmAlleJahre::frmAlleJahre(const dialogs::Services& services, const yearbook::Ye
   connect(grpZaehler, &QButtonGroup::idClicked, this, &frmAlleJahre::fill);
   connect(lstJahre, &QTreeWidget::itemSelectionChanged, this, &frmAlleJahre::showCharts);
   fill(0);
+  connect(lstJahre->header(), &QHeaderView::sortIndicatorChanged, this,
+          [this] { analysis::fitColumns(lstJahre); });
+  openAs({1240, 740}, *lstJahre);
 }
 
 QWidget* frmAlleJahre::buildSegments() {
@@ -88,6 +92,7 @@ QWidget* frmAlleJahre::buildSegments() {
     button->setAccessibleName(caption);
     button->setIcon(icon);
     button->setCheckable(true);
+    widgets::showChosen(button);
     button->setToolButtonStyle(icon.isNull() ? Qt::ToolButtonTextOnly
                                              : Qt::ToolButtonTextBesideIcon);
     button->setFocusPolicy(Qt::StrongFocus);
@@ -138,7 +143,6 @@ void frmAlleJahre::buildLayout() {
   page->addWidget(lblFehlt);
   page->addLayout(pictures, 1);
   page->addLayout(buildButtons());
-  openAs({1340, 740});
 }
 
 void frmAlleJahre::fill(int segment) {

@@ -25,6 +25,7 @@ frmAngebot::frmAngebot(const analysis::Offer& offer, const dialogs::Services& se
   cboGebuehr->addItems({u"Euro im Jahr"_s, u"Euro im Monat"_s});
   for (QComboBox* box : {cboSteuer, cboGebuehr}) box->setFocusPolicy(Qt::StrongFocus);
   for (widgets::NumberField* field : {txtGrundgebuehr, txtBonus}) field->setDecimals(2, 2);
+  for (widgets::NumberField* field : {txtPreis, txtNachtpreis}) field->setDecimals(2, 4);
   lblFehler->setWordWrap(true);
   cmdUebernehmen->setText(u"Ü&bernehmen"_s);
   cmdUebernehmen->setDefault(true);

@@ -180,6 +180,7 @@ void frmPrognose::fillTable() {
   for (const int column : {5, 7, 8}) lstZaehler->setColumnHidden(column, true);
   const int height = (lstZaehler->sizeHintForRow(0) + 4) * lstZaehler->topLevelItemCount();
   lstZaehler->setFixedHeight(height + lstZaehler->header()->sizeHint().height() + 4);
+  lstZaehler->setMinimumWidth(lstZaehler->header()->length() + 2 * lstZaehler->frameWidth());
   lstZaehler->setVisible(row > 1);
   picMonate->setVisible(row > 1);
   if (row > 1) lstZaehler->setCurrentItem(lstZaehler->topLevelItem(row - 2));

@@ -11,6 +11,7 @@
 #include "charts/ui/ChartWidget.h"
 #include "dialogs/Prompts.h"
 #include "dialogs/Texts.h"
+#include "widgets/Segment.h"
 
 using namespace Qt::StringLiterals;
 using analysis::Energy;
@@ -30,6 +31,7 @@ QToolButton* segment(QButtonGroup* group, int id, const QString& name, const QSt
   button->setText(caption);
   button->setAccessibleName(caption);
   button->setCheckable(true);
+  widgets::showChosen(button);
   button->setFocusPolicy(Qt::StrongFocus);
   button->setToolButtonStyle(Qt::ToolButtonTextBesideIcon);
   group->addButton(button, id);
@@ -53,6 +55,7 @@ frmTarife::frmTarife(const dialogs::Services& services, analysis::Year year,
   buildLayout();
   connectControls();
   chooseEnergy();
+  openAs({1240, 680}, *lstAngebote);
 }
 
 QWidget* frmTarife::buildHead() {
@@ -137,7 +140,6 @@ void frmTarife::buildLayout() {
   page->addWidget(buildChartSwitch());
   page->addWidget(picKosten, 4);
   page->addLayout(buildButtons());
-  openAs({1320, 680});
 }
 
 void frmTarife::connectControls() {

@@ -11,6 +11,7 @@
 #include "readingbook/ui/frmTabelleEinlesen.h"
 #include "readings/ui/MeterLook.h"
 #include "widgets/Rule.h"
+#include "widgets/Segment.h"
 #include "widgets/Tones.h"
 
 using namespace Qt::Literals::StringLiterals;
@@ -102,6 +103,7 @@ void frmAblesebuch::arrange() {
     button->setAccessibleName(name);
     button->setToolTip(u"Ablesungen "_s + name);
     button->setCheckable(true);
+    widgets::showChosen(button);
     button->setFocusPolicy(Qt::StrongFocus);
     group->addButton(button, i);
     meters->addWidget(button);
@@ -132,7 +134,7 @@ void frmAblesebuch::arrange() {
 }
 
 QVBoxLayout* frmAblesebuch::arrangeEntries() {
-  constexpr int kDigits = 11;
+  constexpr int kDigits = 8;
   readings::dressTable(grdAblesungen,
                        {u"Datum"_s, u"Stand"_s, u"seit der letzten"_s, u"Anmerkung"_s}, {kRemark});
   grdAblesungen->horizontalHeader()->setStretchLastSection(true);
@@ -150,11 +152,11 @@ QVBoxLayout* frmAblesebuch::arrangeEntries() {
   };
   auto* line = new QHBoxLayout;
   line->setSpacing(8);
-  for (QWidget* widget : std::initializer_list<QWidget*>{labelled(u"&Datum"_s, txtDatum), txtDatum,
-                                                         labelled(u"Sta&nd"_s, txtStand), txtStand,
-                                                         lblEinheit, chkWechsel})
+  for (QWidget* widget :
+       std::initializer_list<QWidget*>{labelled(u"&Datum"_s, txtDatum), txtDatum,
+                                       labelled(u"Sta&nd"_s, txtStand), txtStand, lblEinheit})
     line->addWidget(widget);
-  line->addStretch();
+  line->addWidget(chkWechsel, 1);
   entry->addLayout(line, 0, 0, 1, 4);
   entry->addWidget(lblNeuerAnfang, 1, 0);
   entry->addWidget(txtNeuerAnfang, 1, 1, 1, 3, Qt::AlignLeft);
@@ -198,7 +200,8 @@ QVBoxLayout* frmAblesebuch::arrangeMonths() {
   readings::dressTable(grdMonate,
                        {u"Monat"_s, u"gespeichert"_s, u"aus dem Buch"_s, u"Unterschied"_s});
   grdMonate->horizontalHeader()->setSectionResizeMode(QHeaderView::ResizeToContents);
-  grdMonate->horizontalHeader()->setStretchLastSection(true);
+  // It has what is left, and all columns are in sight in a narrow window too.
+  grdMonate->horizontalHeader()->setSectionResizeMode(kDifference, QHeaderView::Stretch);
   auto* side = new QVBoxLayout;
   side->setSpacing(8);
   QLabel* head = headLine(new QLabel(u"Monatsstände daraus"_s, this));
@@ -269,11 +272,6 @@ void frmAblesebuch::showMeter() {
   lblAblesungen->setText(u"Ablesungen "_s + name);
   lblEinheit->setText(unit);
   grdAblesungen->horizontalHeaderItem(kReading)->setText(u"Stand "_s + unit);
-  for (int i = 0; i < optZaehler.size(); ++i) {
-    QFont font = optZaehler(i)->font();
-    font.setBold(optZaehler(i)->isChecked());
-    optZaehler(i)->setFont(font);
-  }
   showEntries();
   showMonths();
 }

@@ -5,6 +5,7 @@
 
 #include "base/Paths.h"
 #include "widgets/Rule.h"
+#include "widgets/Segment.h"
 #include "yearbook/CalendarYear.h"
 #include "yearbook/FieldRules.h"
 
@@ -59,6 +60,7 @@ QLayout* frmMonatErfassen::arrangeMonths() {
   auto* group = new QButtonGroup(this);
   for (int k = 0; k < kMonths; ++k) {
     optMonat(k)->setCheckable(true);
+    widgets::showChosen(optMonat(k));
     optMonat(k)->setToolButtonStyle(Qt::ToolButtonTextOnly);
     optMonat(k)->setFocusPolicy(Qt::StrongFocus);
     group->addButton(optMonat(k), k);
@@ -233,11 +235,6 @@ int frmMonatErfassen::firstOpenMonth() const {
 void frmMonatErfassen::chooseMonth(int position) {
   month_ = yearbook::calendarMonth(session_.startMonth(kOrder), position);
   optMonat(position)->setChecked(true);
-  for (int k = 0; k < kMonths; ++k) {
-    QFont font = optMonat(k)->font();
-    font.setBold(k == position);
-    optMonat(k)->setFont(font);
-  }
   load();
   for (Meter meter : kMeters)
     if (rows_[meter]->isShown() && rows_[meter]->txtStand->valueOrZero() == 0) {
