@@ -48,6 +48,7 @@ MeterRow::MeterRow(Meter meter, QWidget* window, QGridLayout* grid, int firstLin
       meter_(meter),
       mark_(new QLabel(window)),
       lblEinheit_(new QLabel(utf8(factsOf(meter).unit), window)),
+      lblVerbrauchseinheit_(new QLabel(lblEinheit_->text(), window)),
       changeLine_(new QWidget(window)) {
   const QString name = spokenName(meter);
   lblZaehler->setText(name);
@@ -85,7 +86,7 @@ MeterRow::MeterRow(Meter meter, QWidget* window, QGridLayout* grid, int firstLin
 void MeterRow::place(QGridLayout* grid, int line) {
   constexpr auto kRight = Qt::AlignRight | Qt::AlignVCenter;
   auto* name = new QHBoxLayout;
-  name->setSpacing(2);
+  name->setSpacing(8);
   name->addWidget(mark_);
   name->addWidget(lblZaehler, 1);
   grid->addLayout(name, line, kName);
@@ -96,6 +97,7 @@ void MeterRow::place(QGridLayout* grid, int line) {
   bold.setBold(true);
   lblVerbrauch->setFont(bold);
   grid->addWidget(lblVerbrauch, line, kUsed, kRight);
+  grid->addWidget(lblVerbrauchseinheit_, line, kUsedUnit);
   grid->addWidget(quiet(lblUeblich), line, kUsual, kRight);
   grid->addWidget(lblKosten, line, kCost, kRight);
   auto* boxes = new QHBoxLayout;
@@ -126,6 +128,7 @@ void MeterRow::setShown(bool shown) {
        std::initializer_list<QWidget*>{mark_, lblZaehler, lblDavor, txtStand, lblEinheit_,
                                        lblVerbrauch, lblUeblich, lblKosten, lblHinweis})
     widget->setVisible(shown);
+  lblVerbrauchseinheit_->setVisible(shown && !lblVerbrauch->text().isEmpty());
   if (chkWieWasser) chkWieWasser->setVisible(shown);
   showChangeLine();
 }
@@ -136,8 +139,12 @@ void MeterRow::load(const MeterYear& year, int position, const QString& monthRea
   vat_ = vat;
   const MonthEntry stored = entryOf(year, position);
   const ReadingBefore before = readingBefore(year, position);
-  constexpr int kMark = 16;
-  mark_->setPixmap(markOf(meter_, mark_->palette()).pixmap(kMark));
+  // Without the room that an icon has around it: it begins where the other lines begin.
+  constexpr int kIcon = 16;
+  constexpr QRectF kMark(3, 3, 10, 10);
+  const QPixmap icon = markOf(meter_, mark_->palette()).pixmap(kIcon);
+  const qreal scale = icon.devicePixelRatio();
+  mark_->setPixmap(icon.copy(QRectF(kMark.topLeft() * scale, kMark.size() * scale).toRect()));
   QString text = before.reading != 0 ? number(before.reading) : QString();
   if (!text.isEmpty() && !monthRead.isEmpty()) text += u" (%1)"_s.arg(monthRead);
   lblDavor->setText(text);
@@ -203,7 +210,8 @@ void MeterRow::showOutcome() {
   const QString unit = utf8(factsOf(meter_).unit);
   const QString used = typed ? number(result->consumption) : QString();
   const bool doubt = typed && result->doubt != Doubt::None;
-  lblVerbrauch->setText(typed ? used + u' ' + unit : QString());
+  lblVerbrauch->setText(used);
+  lblVerbrauchseinheit_->setVisible(shown_ && typed);
   lblVerbrauch->setMark(doubt ? MarkedLabel::Mark::Doubt : MarkedLabel::Mark::None);
   const auto money = cost();
   lblKosten->setText(money ? QString::fromStdString(formatMoney(*money)) + u" Euro"_s : QString());

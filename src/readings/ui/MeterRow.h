@@ -60,6 +60,7 @@ class MeterRow : public QObject {
   const Meter meter_;
   QLabel* const mark_;
   QLabel* const lblEinheit_;
+  QLabel* const lblVerbrauchseinheit_;
   const MeterRow* followed_ = nullptr;
   QWidget* changeLine_;
   MeterYear year_;
