@@ -6,6 +6,7 @@
 #include <QPushButton>
 #include <QScreen>
 #include <QScrollArea>
+#include <QScrollBar>
 #include <QVBoxLayout>
 
 #include "widgets/Pictures.h"
@@ -54,7 +55,8 @@ HelpWindow::HelpWindow(const Content& content, QWidget* parent) : QWidget(parent
   rows->addWidget(close, 0, Qt::AlignRight);
   close->setFocus();
   // High enough for the text where the screen is; the page scrolls elsewhere.
-  const int width = 720 + 2 * 16 + 20;
+  const int bar = area->verticalScrollBar()->sizeHint().width();
+  const int width = page->minimumSizeHint().width() + bar + rows->contentsMargins().right();
   constexpr QSize kDecoration(16, 40);
   resize(QSize(width, qMin(page->heightForWidth(width) + 70, 680))
              .boundedTo(screen()->availableSize() - kDecoration));

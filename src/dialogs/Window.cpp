@@ -2,6 +2,7 @@
 
 #include <QKeyEvent>
 #include <QLineEdit>
+#include <QScreen>
 #include <QScrollArea>
 #include <QScrollBar>
 #include <QVBoxLayout>
@@ -98,7 +99,11 @@ void Window::letTallContentScroll() {
   const int bar = area->verticalScrollBar()->sizeHint().width();
   whole = whole.expandedTo({0, content->totalHeightForWidth(whole.width() - bar)});
   if (buttons) whole.rheight() += buttons->totalSizeHint().height();
-  resize(chosen.isValid() ? chosen : whole);
+  if (chosen.isValid()) whole = chosen;
+  // The bar takes its room beside the content, or a second one would come below it.
+  if (whole.height() + kDecoration.height() > screen()->availableSize().height())
+    whole.setWidth(std::max(whole.width(), least.width() + bar));
+  resize(whole);
 }
 
 void Window::showEvent(QShowEvent* event) {

@@ -12,9 +12,6 @@ using namespace Qt::Literals::StringLiterals;
 namespace dialogs {
 namespace {
 
-// Title bar and frame, which no system tells before the window is there.
-constexpr QSize kDecoration(16, 40);
-
 class PlaceKeeper final : public QObject {
  public:
   explicit PlaceKeeper(QWidget& window) : QObject(&window), window_(window) {

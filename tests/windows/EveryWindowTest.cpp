@@ -53,6 +53,7 @@ TEST_P(EveryWindow, CanBeReadReachedAndFitsASmallScreen) {
   EXPECT_TRUE(fits(window->size(), window->screen()->availableSize())) << "opens too large";
   EXPECT_TRUE(fits(window->minimumSizeHint().expandedTo(window->minimumSize()), kSmallScreen))
       << "cannot be made small enough";
+  EXPECT_THAT(checks::outOfReach(*window), testing::IsEmpty()) << "as it opens";
   EXPECT_THAT(checks::controlsWithoutName(*window), testing::IsEmpty());
   EXPECT_THAT(checks::doubleMnemonics(*window), testing::IsEmpty());
   for (const QSize size : {window->size(), QSize(1600, 900), kSmallScreen}) {
