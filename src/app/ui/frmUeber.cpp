@@ -21,8 +21,10 @@ frmUeber::frmUeber(const dialogs::Services& services, QWidget* parent)
   setTexts();
   arrange();
   connect(cmdOrdner, &QPushButton::clicked, this, &frmUeber::openDataFolder);
-  connect(cmdBericht, &QPushButton::clicked, this,
-          [this] { QApplication::clipboard()->setText(report()); });
+  connect(cmdBericht, &QPushButton::clicked, this, [this] {
+    QApplication::clipboard()->setText(report());
+    lblKopiert->setText(u"✓ kopiert"_s);
+  });
 }
 
 void frmUeber::setTexts() {
@@ -34,8 +36,9 @@ void frmUeber::setTexts() {
   lblVersion->setText(QString::fromStdString(app::plainVersion(KALVIRA_VERSION)));
   lblQt->setText(QString::fromLatin1(qVersion()));
   lblFormate->setText(
-      u"Jahresdateien .kwd: Access 97 (Jet 3) und Access 2000 bis 2003 (Jet 4); neue Jahre sind "
-      "Jet 4. Dateien daneben: Text .dat in Windows-1252."_s);
+      u"Jahresdateien .kwd: Access 97 (Jet\u00a03) und Access 2000 bis 2003 (Jet\u00a04); neue "
+      u"Jahre "
+      "sind Jet\u00a04. Dateien daneben: Text .dat in Windows-1252."_s);
   lblDatenordner->setText(QString::fromStdString(services_.paths.DataFolder));
   lblProgrammordner->setText(QString::fromStdString(services_.paths.ProgramFolder));
   for (QLabel* label : {lblVersion, lblQt, lblFormate, lblDatenordner, lblProgrammordner}) {
@@ -50,6 +53,7 @@ void frmUeber::setTexts() {
       u"Diese Angaben und die des Rechners in die Zwischenablage, ohne Zahlen des Haushalts"_s);
   for (QPushButton* button : {cmdOrdner, cmdBericht})
     button->setAccessibleName(button->text().remove(u'&'));
+  widgets::setTone(lblKopiert, widgets::Tone::Good);
   makeCloseButton(cmdSchliessen, u"&Schließen"_s);
   cmdSchliessen->setMinimumWidth(88);
 }
@@ -70,7 +74,9 @@ void frmUeber::arrange() {
                                                {u"Datenordner"_s, lblDatenordner},
                                                {u"Programmordner"_s, lblProgrammordner}};
   for (const auto& [caption, label] : lines) {
-    form->addRow(caption, label);
+    auto* name = new QLabel(caption);
+    name->setAlignment(Qt::AlignLeft | Qt::AlignTop);
+    form->addRow(name, label);
     // Whole at any font, however small the window was made before.
     label->setMinimumWidth(50 * fontMetrics().averageCharWidth());
     label->setMinimumHeight(label->heightForWidth(label->minimumWidth()));
@@ -80,6 +86,7 @@ void frmUeber::arrange() {
   buttons->setSpacing(8);
   buttons->addWidget(cmdOrdner);
   buttons->addWidget(cmdBericht);
+  buttons->addWidget(lblKopiert);
   buttons->addStretch();
   buttons->addWidget(cmdSchliessen);
   auto* rows = new QVBoxLayout(this);

@@ -19,6 +19,7 @@ class frmUeber final : public dialogs::Window {
   QLabel* const lblProgrammordner = widgets::control<QLabel>(this, "lblProgrammordner");
   QPushButton* const cmdOrdner = widgets::control<QPushButton>(this, "cmdOrdner");
   QPushButton* const cmdBericht = widgets::control<QPushButton>(this, "cmdBericht");
+  QLabel* const lblKopiert = widgets::control<QLabel>(this, "lblKopiert");
   QPushButton* const cmdSchliessen = widgets::control<QPushButton>(this, "cmdSchliessen");
 
   // The same and what of the computer may matter, as text for a mail. No figure of the household.

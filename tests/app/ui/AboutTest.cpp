@@ -23,7 +23,7 @@ TEST_F(About, TellsTheVersionsAndWhereTheDataLie) {
   const frmUeber window(services, nullptr);
   EXPECT_TRUE(QRegularExpression(u"^\\d+\\.\\d+"_s).match(window.lblVersion->text()).hasMatch());
   EXPECT_EQ(window.lblQt->text(), QLatin1String(qVersion()));
-  EXPECT_TRUE(window.lblFormate->text().contains(u"Jet 4"_s));
+  EXPECT_TRUE(window.lblFormate->text().contains(u"Access 97"_s));
   EXPECT_EQ(window.lblDatenordner->text(), data_);
   EXPECT_EQ(window.lblProgrammordner->text(), QString::fromStdString(program.path()));
 }
@@ -43,6 +43,7 @@ TEST_F(About, TheReportTellsOfTheComputerAndNothingOfTheHousehold) {
   put("Familie Meier alt.kwd", "Zahlen");
   const frmUeber window(services, nullptr);
   window.cmdBericht->click();
+  EXPECT_EQ(window.lblKopiert->text(), u"✓ kopiert"_s);
   const QString report = QApplication::clipboard()->text();
   EXPECT_TRUE(report.startsWith(u"Kalvira "_s + window.lblVersion->text() + u'\n'));
   for (const QString& part : {u"Qt "_s + QLatin1String(qVersion()), QGuiApplication::platformName(),
