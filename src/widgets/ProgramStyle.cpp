@@ -31,6 +31,15 @@ void stopAt(const QRadioButton* chosen) {
   }
 }
 
+// On black, where its own outline cannot be seen; that of a main button has another colour.
+bool isFadingButton(QStyle::PrimitiveElement element, const QStyleOption& option) {
+  constexpr int kBlack = 16;
+  const auto* button = qstyleoption_cast<const QStyleOptionButton*>(&option);
+  return element == QStyle::PE_PanelButtonCommand && button &&
+         !button->features.testFlag(QStyleOptionButton::DefaultButton) &&
+         option.palette.color(QPalette::Window).lightness() < kBlack;
+}
+
 }  // namespace
 
 void ProgramStyle::polish(QWidget* widget) {
@@ -56,7 +65,8 @@ void ProgramStyle::drawPrimitive(PrimitiveElement element, const QStyleOption* o
                                  QPainter* painter, const QWidget* widget) const {
   QProxyStyle::drawPrimitive(element, option, painter, widget);
   const bool round = element == PE_IndicatorRadioButton;
-  const bool hasLine = round || element == PE_FrameLineEdit || element == PE_IndicatorCheckBox;
+  const bool hasLine = round || element == PE_FrameLineEdit || element == PE_IndicatorCheckBox ||
+                       isFadingButton(element, *option);
   if (!hasLine || !isDark(option->palette)) return;
   constexpr QRgb kFieldLine = 0x878787;
   const bool focused = option->state.testFlag(State_HasFocus);
