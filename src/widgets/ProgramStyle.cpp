@@ -31,13 +31,35 @@ void stopAt(const QRadioButton* chosen) {
   }
 }
 
-// On black, where its own outline cannot be seen; that of a main button has another colour.
-bool isFadingButton(QStyle::PrimitiveElement element, const QStyleOption& option) {
+// Where the outlines that the style draws itself cannot be seen.
+bool isBlack(const QPalette& palette) {
   constexpr int kBlack = 16;
+  return palette.color(QPalette::Window).lightness() < kBlack;
+}
+
+// Buttons and lists; the outline of a main button has another colour.
+bool isFading(QStyle::PrimitiveElement element, const QStyleOption& option) {
+  if (!isBlack(option.palette)) return false;
   const auto* button = qstyleoption_cast<const QStyleOptionButton*>(&option);
-  return element == QStyle::PE_PanelButtonCommand && button &&
-         !button->features.testFlag(QStyleOptionButton::DefaultButton) &&
-         option.palette.color(QPalette::Window).lightness() < kBlack;
+  return element == QStyle::PE_Frame ||
+         (element == QStyle::PE_PanelButtonCommand && button &&
+          !button->features.testFlag(QStyleOptionButton::DefaultButton));
+}
+
+void drawLine(const QStyleOption& option, QPainter* painter, bool round) {
+  constexpr QRgb kFieldLine = 0x878787;
+  const bool focused = option.state.testFlag(QStyle::State_HasFocus);
+  painter->save();
+  painter->setRenderHint(QPainter::Antialiasing);
+  painter->setBrush(Qt::NoBrush);
+  painter->setPen(focused ? QPen(toneOf(Tone::Accent, option.palette), 1.4)
+                          : QPen(QColor::fromRgb(kFieldLine), 1));
+  const QRectF line = QRectF(option.rect).adjusted(0.5, 0.5, -0.5, -0.5);
+  if (round)
+    painter->drawEllipse(line);
+  else
+    painter->drawRoundedRect(line, 2, 2);
+  painter->restore();
 }
 
 }  // namespace
@@ -66,21 +88,14 @@ void ProgramStyle::drawPrimitive(PrimitiveElement element, const QStyleOption* o
   QProxyStyle::drawPrimitive(element, option, painter, widget);
   const bool round = element == PE_IndicatorRadioButton;
   const bool hasLine = round || element == PE_FrameLineEdit || element == PE_IndicatorCheckBox ||
-                       isFadingButton(element, *option);
-  if (!hasLine || !isDark(option->palette)) return;
-  constexpr QRgb kFieldLine = 0x878787;
-  const bool focused = option->state.testFlag(State_HasFocus);
-  painter->save();
-  painter->setRenderHint(QPainter::Antialiasing);
-  painter->setBrush(Qt::NoBrush);
-  painter->setPen(focused ? QPen(toneOf(Tone::Accent, option->palette), 1.4)
-                          : QPen(QColor::fromRgb(kFieldLine), 1));
-  const QRectF line = QRectF(option->rect).adjusted(0.5, 0.5, -0.5, -0.5);
-  if (round)
-    painter->drawEllipse(line);
-  else
-    painter->drawRoundedRect(line, 2, 2);
-  painter->restore();
+                       isFading(element, *option);
+  if (hasLine && isDark(option->palette)) drawLine(*option, painter, round);
+}
+
+void ProgramStyle::drawComplexControl(ComplexControl control, const QStyleOptionComplex* option,
+                                      QPainter* painter, const QWidget* widget) const {
+  QProxyStyle::drawComplexControl(control, option, painter, widget);
+  if (control == CC_ComboBox && isBlack(option->palette)) drawLine(*option, painter, false);
 }
 
 int ProgramStyle::pixelMetric(PixelMetric metric, const QStyleOption* option,

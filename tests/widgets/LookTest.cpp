@@ -3,12 +3,16 @@
 #include <QAction>
 #include <QApplication>
 #include <QCheckBox>
+#include <QComboBox>
 #include <QLabel>
 #include <QLineEdit>
+#include <QListWidget>
+#include <QPushButton>
 #include <QRadioButton>
 
 #include "dialogs/LookMenu.h"
 #include "support/ui/Contrast.h"
+#include "widgets/ProgramStyle.h"
 #include "widgets/Tones.h"
 
 using namespace Qt::Literals::StringLiterals;
@@ -60,6 +64,24 @@ TEST_F(LookTest, FieldsAndCheckBoxesHaveALineThatCanBeSeenInDark) {
     for (int x = 0; x < picture.width(); ++x)
       best = std::max(best, contrast(picture.pixelColor(x, picture.height() / 2),
                                      QApplication::palette().color(QPalette::Window)));
+    EXPECT_GE(best, 3.0) << widget->metaObject()->className();
+  }
+}
+
+// What stands out by its shade in dark has nothing but its line on black.
+TEST_F(LookTest, ButtonsChoicesAndListsHaveALineOnBlack) {
+  QApplication::setStyle(new widgets::ProgramStyle(u"Fusion"_s));
+  QApplication::setPalette(
+      QPalette(Qt::white, Qt::black, Qt::white, Qt::black, Qt::white, Qt::white, Qt::black));
+  QPushButton button;
+  QComboBox choice;
+  QListWidget list;
+  for (QWidget* widget : std::initializer_list<QWidget*>{&button, &choice, &list}) {
+    widget->resize(80, 40);
+    const QImage picture = widget->grab().toImage();
+    double best = 0;
+    for (int x = 0; x < 4; ++x)
+      best = std::max(best, contrast(picture.pixelColor(x, picture.height() / 2), Qt::black));
     EXPECT_GE(best, 3.0) << widget->metaObject()->className();
   }
 }
