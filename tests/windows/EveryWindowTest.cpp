@@ -67,6 +67,7 @@ TEST_P(EveryWindow, CanBeReadReachedAndFitsASmallScreen) {
   EXPECT_THAT(checks::outOfReach(*window), testing::IsEmpty());
   EXPECT_THAT(checks::figuresWithoutName(*window), testing::IsEmpty());
   EXPECT_THAT(checks::wrongMainButtons(*window), testing::IsEmpty());
+  EXPECT_THAT(checks::choicesThatDoNotShow(*window), testing::IsEmpty());
   // Chosen while the window is open.
   for (const auto look : {widgets::Look::Dark, widgets::Look::Light}) {
     widgets::showAs(look);

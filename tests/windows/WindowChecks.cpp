@@ -4,6 +4,7 @@
 #include <QAbstractItemView>
 #include <QAccessible>
 #include <QApplication>
+#include <QButtonGroup>
 #include <QComboBox>
 #include <QGroupBox>
 #include <QHeaderView>
@@ -16,6 +17,7 @@
 #include <QScrollArea>
 #include <QScrollBar>
 #include <QTabBar>
+#include <QToolButton>
 #include <map>
 
 #include "support/ui/Contrast.h"
@@ -222,6 +224,15 @@ Findings wrongMainButtons(const QWidget& window) {
   return wrong;
 }
 
+Findings choicesThatDoNotShow(const QWidget& window) {
+  Findings alike;
+  for (const QToolButton* button : shown<QToolButton>(window))
+    if (button->isChecked() && button->group() && button->group()->exclusive() &&
+        !button->font().bold())
+      alike.push_back(nameOf(*button));
+  return alike;
+}
+
 Findings faintTexts(const QWidget& window) {
   constexpr double kReadable = 4.5;
   const QColor ground = QApplication::palette().color(QPalette::Window);
@@ -257,6 +268,12 @@ Findings outOfReach(const QWidget& window) {
   Findings hidden;
   for (const QScrollArea* area : shown<QScrollArea>(window))
     if (area->horizontalScrollBar()->isVisible()) hidden.push_back(nameOf(*area) + " sideways");
+  for (const QHeaderView* header : shown<QHeaderView>(window)) {
+    const auto* table = qobject_cast<const QAbstractItemView*>(header->parentWidget());
+    if (table && header->orientation() == Qt::Horizontal && header->length() < window.width() / 2 &&
+        table->horizontalScrollBar()->isVisible())
+      hidden.push_back(nameOf(*table) + " sideways");
+  }
   for (const QPushButton* button : shown<QPushButton>(window)) {
     if ((button->isDefault() || isClosing(*button)) &&
         button->visibleRegion().boundingRect() != button->rect())

@@ -24,8 +24,10 @@ Findings faintTexts(const QWidget& window);
 Findings doubleMnemonics(const QWidget& window);
 // Enter presses one button at most, and it is not the one that closes where there is another.
 Findings wrongMainButtons(const QWidget& window);
-// In a window made small: what goes on to the side, and main and close buttons that must be
-// scrolled to.
+// Buttons of a row whose chosen one is not bold: in dark nothing else tells it.
+Findings choicesThatDoNotShow(const QWidget& window);
+// In a window made small: what goes on to the side, tables of half its width included, and main and
+// close buttons that must be scrolled to.
 Findings outOfReach(const QWidget& window);
 
 }  // namespace checks
