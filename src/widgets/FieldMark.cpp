@@ -6,6 +6,8 @@
 #include <QPainter>
 #include <QToolButton>
 
+#include "widgets/LateIcon.h"
+
 using namespace Qt::Literals::StringLiterals;
 
 namespace widgets {
@@ -42,7 +44,9 @@ void markField(QLineEdit* field, Tone tone, const QString& words) {
   delete mark;
   field->setAccessibleDescription(words);
   if (words.isEmpty()) return;
-  mark = field->addAction(sign(tone, *field), QLineEdit::LeadingPosition);
+  // In the colours of the theme that there is when it is drawn.
+  const QIcon drawn(new LateIcon([tone, field](const QSize&) { return sign(tone, *field); }));
+  mark = field->addAction(drawn, QLineEdit::LeadingPosition);
   mark->setObjectName(name);
   mark->setToolTip(words);
   for (QObject* shown : mark->associatedObjects())

@@ -12,6 +12,7 @@
 
 #include "dialogs/LookMenu.h"
 #include "support/ui/Contrast.h"
+#include "widgets/FieldMark.h"
 #include "widgets/ProgramStyle.h"
 #include "widgets/Tones.h"
 
@@ -48,6 +49,25 @@ TEST_F(LookTest, EveryTextIsReadableInLightAndDark) {
         4.5);
     EXPECT_GE(contrast(palette.color(QPalette::ToolTipText), palette.color(QPalette::ToolTipBase)),
               4.5);
+  }
+}
+
+TEST_F(LookTest, TheSignInAFieldIsReadableAfterTheThemeChanged) {
+  QLineEdit field(u"31.945,00"_s);
+  field.resize(200, 30);
+  widgets::showAs(Look::Light);
+  field.show();
+  widgets::markField(&field, Tone::Doubt, u"sehr viel"_s);
+  for (const Look look : {Look::Dark, Look::Light}) {
+    widgets::showAs(look);
+    QApplication::processEvents();
+    const QImage picture = field.grab(QRect(5, 5, 18, 20)).toImage();
+    double best = 0;
+    for (int x = 0; x < picture.width(); ++x)
+      for (int y = 0; y < picture.height(); ++y)
+        best = std::max(best, contrast(picture.pixelColor(x, y),
+                                       QApplication::palette().color(QPalette::Base)));
+    EXPECT_GE(best, 4.5);
   }
 }
 
