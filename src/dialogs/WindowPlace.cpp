@@ -37,10 +37,7 @@ class PlaceKeeper final : public QObject {
     // The screen may be a smaller one than last time.
     const QScreen* at = QGuiApplication::screenAt(window_.geometry().center());
     const QRect room = (at ? at : window_.screen())->availableGeometry();
-    const QSize size = window_.size().boundedTo(room.size() - kDecoration);
-    if (size == window_.size()) return;
-    window_.resize(size);
-    if (window_.testAttribute(Qt::WA_Moved)) window_.move(room.topLeft());
+    window_.resize(window_.size().boundedTo(room.size() - kDecoration));
   }
 
   QWidget& window_;

@@ -37,7 +37,7 @@ bool isBlack(const QPalette& palette) {
   return palette.color(QPalette::Window).lightness() < kBlack;
 }
 
-// Buttons and lists; the outline of a main button has another colour.
+// Buttons, choices and lists; the outline of a main button has another colour.
 bool isFading(QStyle::PrimitiveElement element, const QStyleOption& option) {
   if (!isBlack(option.palette)) return false;
   const auto* button = qstyleoption_cast<const QStyleOptionButton*>(&option);
@@ -90,12 +90,6 @@ void ProgramStyle::drawPrimitive(PrimitiveElement element, const QStyleOption* o
   const bool hasLine = round || element == PE_FrameLineEdit || element == PE_IndicatorCheckBox ||
                        isFading(element, *option);
   if (hasLine && isDark(option->palette)) drawLine(*option, painter, round);
-}
-
-void ProgramStyle::drawComplexControl(ComplexControl control, const QStyleOptionComplex* option,
-                                      QPainter* painter, const QWidget* widget) const {
-  QProxyStyle::drawComplexControl(control, option, painter, widget);
-  if (control == CC_ComboBox && isBlack(option->palette)) drawLine(*option, painter, false);
 }
 
 int ProgramStyle::pixelMetric(PixelMetric metric, const QStyleOption* option,

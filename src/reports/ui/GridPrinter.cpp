@@ -158,7 +158,8 @@ GridPrinter::Frame GridPrinter::frameOn(const QPagedPaintDevice& device) const {
   for (int column = 0; column < grid_.columns(); ++column)
     if (!grid_.column(column).hidden) frame.tableWidth += grid_.column(column).width;
   frame.scale = std::min(1.0, frame.body.width() / std::max(1, frame.tableWidth));
-  const int below = words_.below.isEmpty() ? 0 : kWordsGap + kWordsHeight * words_.below.size();
+  const int below =
+      words_.below.isEmpty() ? 0 : kWordsGap + kWordsHeight * int(words_.below.size());
   frame.pages = breakIntoPages(
       grid_, static_cast<int>((frame.body.height() - kFooterHeight - below) / frame.scale));
   return frame;
