@@ -7,6 +7,8 @@
 #include <QVBoxLayout>
 #include <algorithm>
 
+#include "widgets/Tones.h"
+
 using namespace Qt::Literals::StringLiterals;
 
 namespace mainwindow {
@@ -59,6 +61,11 @@ void Bar::showEvent(QShowEvent* event) {
 void Bar::paintEvent(QPaintEvent*) {
   constexpr int kStripe = 4;
   QPainter painter(this);
+  if (widgets::isHighContrast(palette())) {
+    painter.setPen(palette().color(QPalette::WindowText));
+    painter.drawRect(rect().adjusted(0, 0, -1, -1));
+    return;
+  }
   const QColor accent = palette().color(QPalette::Active, QPalette::Highlight);
   QColor tint = accent;
   tint.setAlpha(34);

@@ -15,6 +15,7 @@
 #include "dialogs/WindowPlace.h"
 #include "yearbook/IndexRepair.h"
 #include "yearbook/StartMonthShift.h"
+#include "yearbook/ui/MeterMark.h"
 #include "yearbook/ui/WriteWatch.h"
 
 using namespace Qt::Literals::StringLiterals;
@@ -76,6 +77,7 @@ void frmVerbrauch::buildPages() {
   TabStrip->addTab(Frame4, u"Übersicht"_s);
   TabStrip->addTab(Frame5, u"Anmerkungen"_s);
   TabStrip->addTab(fraDrucke, u"Ausführliche Tabelle"_s);
+  markTabs();
   auto* central = new QWidget(this);
   auto* rows = new QVBoxLayout(central);
   rows->setContentsMargins(0, 0, 0, 0);
@@ -86,6 +88,19 @@ void frmVerbrauch::buildPages() {
   rows->addWidget(bars);
   rows->addWidget(TabStrip, 1);
   setCentralWidget(central);
+}
+
+void frmVerbrauch::markTabs() {
+  const std::pair<QWidget*, yearbook::Meter> pages[] = {{Frame1, yearbook::Meter::Day},
+                                                        {Frame2, yearbook::Meter::Water},
+                                                        {Frame3, yearbook::Meter::Gas}};
+  for (const auto& [page, meter] : pages)
+    TabStrip->setTabIcon(TabStrip->indexOf(page), yearbook::meterMark(meter, palette()));
+}
+
+void frmVerbrauch::changeEvent(QEvent* event) {
+  QMainWindow::changeEvent(event);
+  if (event->type() == QEvent::PaletteChange) markTabs();
 }
 
 void frmVerbrauch::takeFittingSize() {

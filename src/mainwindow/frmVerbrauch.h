@@ -91,10 +91,11 @@ class frmVerbrauch final : public QMainWindow {
   QAction* toolButton(const QString& key) const;
 
  protected:
+  void changeEvent(QEvent* event) override;
   void showEvent(QShowEvent* event) override;
   // Stays when what is being typed has to be refused.
   void closeEvent(QCloseEvent* event) override;
-  // Enter presses the button that has the focus.
+  // Enter presses the button that has the focus, Esc takes back what is being typed.
   void keyPressEvent(QKeyEvent* event) override;
 
  private:
@@ -106,6 +107,7 @@ class frmVerbrauch final : public QMainWindow {
   void buildAnalysisMenu();
   void buildToolbar();
   void buildPages();
+  void markTabs();
   void connectMenus();
   void connectPages();
   void connectEntryWindows();

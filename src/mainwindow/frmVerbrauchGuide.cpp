@@ -99,8 +99,11 @@ void frmVerbrauch::print() {
 void frmVerbrauch::keyPressEvent(QKeyEvent* event) {
   auto* button = qobject_cast<QAbstractButton*>(focusWidget());
   const bool enter = event->key() == Qt::Key_Return || event->key() == Qt::Key_Enter;
+  auto* field = qobject_cast<widgets::EntryField*>(focusWidget());
   if (enter && button != nullptr)
     button->click();
+  else if (event->key() == Qt::Key_Escape && field != nullptr)
+    field->takeBack();
   else
     QMainWindow::keyPressEvent(event);
 }

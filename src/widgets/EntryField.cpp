@@ -62,6 +62,14 @@ void EntryField::insertFiltered(const QString& input) {
   insert(kept);
 }
 
+void EntryField::takeBack() {
+  if (isReadOnly() || text() == textAtEntry_) return;
+  aboutToEdit();
+  selectAll();
+  insert(textAtEntry_);
+  selectAll();
+}
+
 void EntryField::pasteFiltered() {
   const QString text = QApplication::clipboard()->text();
   if (columnPaste_ && !isReadOnly() && text.trimmed().contains(u'\n'))

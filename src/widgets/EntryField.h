@@ -29,6 +29,8 @@ class EntryField : public QLineEdit {
   void leaveUndoToWindow() { undoesItself_ = false; }
   // What has been typed counts as entered, as if the field were left; the focus stays.
   void finish() { leave(); }
+  // The text is what it was when the field was entered, as if that had been typed.
+  void takeBack();
 
  Q_SIGNALS:
   // Once, when the field is left, Enter is pressed or the window closes, and the user has changed

@@ -3,6 +3,7 @@
 #include <QApplication>
 #include <QEvent>
 #include <QWidget>
+#include <cstdlib>
 
 #include "widgets/ProgramStyle.h"
 
@@ -109,9 +110,25 @@ bool isDark(const QPalette& palette) {
   return palette.color(QPalette::Active, QPalette::Window).lightness() < 128;
 }
 
+bool isHighContrast(const QPalette& palette) {
+  constexpr int kApart = 224;  // of lightness: white on #1F1F1F
+  constexpr int kSaturated = 230;
+  const auto of = [&](QPalette::ColorRole role) { return palette.color(QPalette::Active, role); };
+  const auto saturated = [](const QColor& color) {
+    return color.hsvSaturation() >= kSaturated && color.value() >= kSaturated;
+  };
+  return std::abs(of(QPalette::WindowText).lightness() - of(QPalette::Window).lightness()) >=
+             kApart &&
+         (saturated(of(QPalette::Window)) || saturated(of(QPalette::Highlight)));
+}
+
+QColor onGround(const QPalette& palette, QRgb forLight, QRgb forDark) {
+  return QColor::fromRgb(isDark(palette) ? forDark : forLight);
+}
+
 QColor toneOf(Tone tone, const QPalette& palette) {
   const GroundColors colors = colorsOf(tone);
-  return QColor::fromRgb(isDark(palette) ? colors.dark : colors.light);
+  return onGround(palette, colors.light, colors.dark);
 }
 
 void setTone(QWidget* widget, std::optional<Tone> tone) {

@@ -20,6 +20,11 @@ enum class Tone {
 };
 
 bool isDark(const QPalette& palette);
+// A theme for those who need strong edges: text far from its ground, and a saturated ground or
+// selection. Nothing is tinted there.
+bool isHighContrast(const QPalette& palette);
+// Of two colours the one for the palette's ground.
+QColor onGround(const QPalette& palette, QRgb forLight, QRgb forDark);
 QColor toneOf(Tone tone, const QPalette& palette);
 
 // The text of the widget has that tone from now on, in whatever theme comes; without one it is the

@@ -176,6 +176,25 @@ TEST_F(Guide, ANewYearIsOneClickAwayAndTheOldOneSaysThatItIsOpen) {
   EXPECT_EQ(navigator.calls.last(), u"openInstead /daten/Haushalt 2026.kwd"_s);
 }
 
+TEST_F(Guide, EscapeTakesBackWhatIsBeingTyped) {
+  openSample();
+  window->activateWindow();
+  ASSERT_TRUE(QTest::qWaitForWindowActive(window.get()));
+  auto* field = window->Frame1->txtAnfStandST;
+  for (const QString& typed : {u"5"_s, u"Q"_s, QString()}) {
+    field->setFocus(Qt::TabFocusReason);
+    if (typed.isEmpty()) QTest::keyClick(field, Qt::Key_Delete);
+    QTest::keyClicks(field, typed);
+    QTest::keyClick(field, Qt::Key_Escape);
+    EXPECT_EQ(field->text(), u"44.309"_s);
+    EXPECT_EQ(field->selectedText(), field->text());
+    EXPECT_EQ(window->Frame1->txtVerbrauchTS->text(), u"2.993"_s);
+    EXPECT_FALSE(window->mnuUndo->isEnabled()) << "nothing is left to be taken back";
+    window->Frame1->txtMwStS->setFocus(Qt::TabFocusReason);
+  }
+  EXPECT_TRUE(window->isVisible());
+}
+
 TEST_F(Guide, TheHandLiesOnTheMonthlyJobAndEnterDoesIt) {
   openSample();
   window->activateWindow();

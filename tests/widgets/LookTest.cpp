@@ -71,6 +71,20 @@ TEST_F(LookTest, TheSignInAFieldIsReadableAfterTheThemeChanged) {
   }
 }
 
+TEST_F(LookTest, AThemeOfStrongEdgesIsToldFromLightAndDark) {
+  for (const Look look : {Look::Light, Look::Dark}) {
+    widgets::showAs(look);
+    EXPECT_FALSE(widgets::isHighContrast(QApplication::palette()));
+  }
+  QPalette strong(Qt::black, Qt::black);
+  strong.setColor(QPalette::WindowText, Qt::white);
+  EXPECT_FALSE(widgets::isHighContrast(strong)) << "black alone is a dark theme";
+  strong.setColor(QPalette::Highlight, Qt::yellow);
+  EXPECT_TRUE(widgets::isHighContrast(strong));
+  strong.setColor(QPalette::WindowText, QColor(200, 200, 200));
+  EXPECT_FALSE(widgets::isHighContrast(strong));
+}
+
 // A field or a check box whose line is as dark as its ground cannot be found.
 TEST_F(LookTest, FieldsAndCheckBoxesHaveALineThatCanBeSeenInDark) {
   widgets::showAs(Look::Dark);

@@ -55,8 +55,7 @@ QString spokenName(Meter meter) {
 
 QIcon markOf(Meter meter, const QPalette& palette) {
   const yearbook::GroundColors& colors = yearbook::kMeterColors[meter];
-  return widgets::colorMark(palette,
-                            QColor::fromRgb(widgets::isDark(palette) ? colors.dark : colors.light));
+  return widgets::colorMark(palette, widgets::onGround(palette, colors.light, colors.dark));
 }
 
 void giveRoom(QAbstractItemView* view) {

@@ -83,8 +83,8 @@ class ResultCards::Card final : public QWidget {
     painter.fillPath(shape, palette().base());
     painter.setClipPath(shape);
     const auto& colors = yearbook::kMeterColors[factsOf(utility_).mainMeter];
-    const bool dark = widgets::isDark(palette());
-    painter.fillRect(0, 0, kStripe, height(), QColor::fromRgb(dark ? colors.dark : colors.light));
+    painter.fillRect(0, 0, kStripe, height(),
+                     widgets::onGround(palette(), colors.light, colors.dark));
     painter.setClipping(false);
     QColor line = palette().color(QPalette::Text);
     line.setAlphaF(0.2F);

@@ -3,7 +3,7 @@
 #include <QPainter>
 #include <algorithm>
 
-#include "widgets/Tones.h"
+#include "yearbook/ui/MeterMark.h"
 
 namespace yearbook {
 namespace {
@@ -18,8 +18,7 @@ void fillRounded(QWidget* widget, const QRectF& area, const QColor& color, doubl
 
 }  // namespace
 
-ConsumptionBar::ConsumptionBar(const GroundColors& colors, QWidget* parent)
-    : QWidget(parent), colors_(colors) {
+ConsumptionBar::ConsumptionBar(Meter meter, QWidget* parent) : QWidget(parent), meter_(meter) {
   setSizePolicy(QSizePolicy::Expanding, QSizePolicy::Preferred);
   setAttribute(Qt::WA_TransparentForMouseEvents);
 }
@@ -42,8 +41,7 @@ void ConsumptionBar::paintEvent(QPaintEvent*) {
   constexpr double kThickness = 8;
   if (share_ <= 0) return;
   const QRectF area(0, (height() - kThickness) / 2, std::max(2.0, width() * share_), kThickness);
-  const bool dark = widgets::isDark(palette());
-  fillRounded(this, area, QColor::fromRgb(dark ? colors_.dark : colors_.light), 2);
+  fillRounded(this, area, meterColor(meter_, palette()), 2);
 }
 
 LineMark::LineMark(QWidget* parent) : QWidget(parent) {

@@ -2,7 +2,7 @@
 
 #include <QWidget>
 
-#include "yearbook/MeterColors.h"
+#include "yearbook/Meter.h"
 
 namespace yearbook {
 
@@ -11,7 +11,7 @@ namespace yearbook {
 class ConsumptionBar final : public QWidget {
   Q_OBJECT
  public:
-  ConsumptionBar(const GroundColors& colors, QWidget* parent);
+  ConsumptionBar(Meter meter, QWidget* parent);
   void setShare(double share);
   QSize sizeHint() const override;
   QSize minimumSizeHint() const override;
@@ -20,7 +20,7 @@ class ConsumptionBar final : public QWidget {
   void paintEvent(QPaintEvent* event) override;
 
  private:
-  const GroundColors colors_;
+  Meter meter_;
   double share_ = 0;
 };
 

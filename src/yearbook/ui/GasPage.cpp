@@ -29,6 +29,7 @@ GasPage::GasPage(QWidget* parent, YearEditor& editor)
 }
 
 void GasPage::buildMeter() {
+  gas_->setMeter(Meter::Gas);
   gas_->addLine(u"Anfangszählerstand"_s, txtAnfStandG, u"m³"_s);
   gas_->addLine(u"Endzählerstand"_s, txtEndStandG, u"m³"_s);
   gas_->addLine(u"Verbrauch"_s, txtVerbrauchG, u"m³"_s);

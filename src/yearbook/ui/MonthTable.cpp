@@ -98,7 +98,7 @@ void MonthTable::buildLines(QGridLayout* grid) {
     auto* mark = new LineMark(this);
     mark->lower();
     marks_[i] = mark;
-    bars_[i] = new ConsumptionBar(kMeterColors[factsOf(utility_).mainMeter], this);
+    bars_[i] = new ConsumptionBar(factsOf(utility_).mainMeter, this);
     doubts_[i] = new QLabel(u"⚠ unter 0"_s, this);
     doubts_[i]->setObjectName(consumption(i)->objectName() + u"_Zweifel"_s);
     doubts_[i]->setToolTip(u"Der Stand ist niedriger als der davor, ohne einen Zählerwechsel."_s);

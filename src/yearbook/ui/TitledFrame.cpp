@@ -2,6 +2,9 @@
 
 #include <QStyleOptionGroupBox>
 #include <QStylePainter>
+#include <algorithm>
+
+#include "yearbook/ui/MeterMark.h"
 
 namespace yearbook {
 
@@ -14,6 +17,16 @@ void TitledFrame::paintEvent(QPaintEvent*) {
   bold.setBold(true);
   painter.setFont(bold);
   option.fontMetrics = QFontMetrics(bold);
+  if (meter_) {
+    constexpr int kRoom = 14, kMark = 16;
+    const int blank = std::max(1, option.fontMetrics.horizontalAdvance(u' '));
+    option.text.prepend(QString((kRoom + blank - 1) / blank, u' '));
+    const QRect label =
+        style()->subControlRect(QStyle::CC_GroupBox, &option, QStyle::SC_GroupBoxLabel, this);
+    // The mark has a margin of its own.
+    const QRect mark(label.left() - 3, label.center().y() - kMark / 2 + 1, kMark, kMark);
+    meterMark(*meter_, palette()).paint(&painter, mark);
+  }
   painter.drawComplexControl(QStyle::CC_GroupBox, option);
 }
 

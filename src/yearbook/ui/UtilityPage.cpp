@@ -112,6 +112,7 @@ QString UtilityPage::priceTip(const QLineEdit& price) {
 void UtilityPage::addMeterLines(FigureGroup* frame, const MeterFrame& fields, Meter meter,
                                 QWidget* extra) const {
   const QString unit = widgets::utf8(factsOf(meter).unit);
+  frame->setMeter(meter);
   frame->addLine(u"Anfangszählerstand"_s, fields.startReading, unit, extra);
   frame->addLine(u"Endzählerstand"_s, fields.endReading, unit);
   frame->addLine(u"Verbrauch"_s, fields.consumption, unit);
