@@ -29,7 +29,6 @@ edit_year() {  # edit_year TITLE
   type_in 41200 31,5
   press ctrl+m
   window 'Monat erfassen'
-  press Return
   type_in 44400 24400 450 10200
   press alt+a
   xdotool type --delay 100 'Zähler geprüft, Straße'

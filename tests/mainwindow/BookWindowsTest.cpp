@@ -98,6 +98,18 @@ TEST_F(BookWindows, AYearOnTheSheetIsTheYearOfTheEntryWindows) {
   EXPECT_EQ(year->values().bill.meters[Meter::Gas].consumption, 1408);
 }
 
+TEST_F(BookWindows, ASheetOfAYearThatIsReadIsAsHighAfterStoringAndBeginsInItsFirstField) {
+  openSample();
+  frmMonatErfassen sheet(services, window->session(), nullptr);
+  sheet.show();
+  settle();
+  EXPECT_EQ(sheet.focusWidget(), sheet.row(Meter::Day)->txtStand);
+  const int before = sheet.height();
+  sheet.cmdUebernehmen->click();
+  settle();
+  EXPECT_EQ(sheet.height(), before);
+}
+
 TEST_F(BookWindows, MetersThatAreNotUsedAreFoldedAwayWithAllTheirLines) {
   const auto year = openUnread(0);
   std::vector<readings::MeterEntries> none = {{Meter::Gas, {}, {}, 0}};

@@ -124,11 +124,12 @@ void MeterRow::place(QGridLayout* grid, int line) {
 
 void MeterRow::setShown(bool shown) {
   shown_ = shown;
-  for (QWidget* widget :
-       std::initializer_list<QWidget*>{mark_, lblZaehler, lblDavor, txtStand, lblEinheit_,
-                                       lblVerbrauch, lblUeblich, lblKosten, lblHinweis})
+  for (QWidget* widget : std::initializer_list<QWidget*>{
+           mark_, lblZaehler, lblDavor, txtStand, lblEinheit_, lblVerbrauch, lblUeblich, lblKosten})
     widget->setVisible(shown);
   lblVerbrauchseinheit_->setVisible(shown && !lblVerbrauch->text().isEmpty());
+  // Shown by showOutcome() alone: even for a moment a line would make the window higher, for good.
+  if (!shown) lblHinweis->hide();
   if (chkWieWasser) chkWieWasser->setVisible(shown);
   showChangeLine();
 }

@@ -36,6 +36,7 @@ frmMonatErfassen::frmMonatErfassen(const dialogs::Services& services,
   arrange();
   connectControls();
   chooseMonth(firstOpenMonth());
+  if (focusWidget() == nullptr) focusFirstField();
 }
 
 // --- making ---
@@ -241,6 +242,11 @@ void frmMonatErfassen::chooseMonth(int position) {
       rows_[meter]->txtStand->setFocus();
       return;
     }
+}
+
+void frmMonatErfassen::focusFirstField() {
+  for (Meter meter : kMeters)
+    if (rows_[meter]->isShown()) return rows_[meter]->txtStand->setFocus();
 }
 
 void frmMonatErfassen::load() {

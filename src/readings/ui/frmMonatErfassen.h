@@ -46,6 +46,7 @@ class frmMonatErfassen final : public readings::EntryWindow {
   void arrangeHeads(QGridLayout* grid);
   void connectControls();
   void chooseMonth(int position);
+  void focusFirstField();
   void load();
   void showMeters();
   void showOutcomes();
