@@ -1,6 +1,6 @@
 #!/usr/bin/python3
 """A household that cannot see the screen makes its first bill, changes a meter, prints to a PDF, makes a backup
-and brings the year back: by role and name of what a screen reader is given, and by keys.
+and brings the year back, and looks something up: by role and name of what a screen reader is given, and by keys.
 
 first_bill.py KALVIRA"""
 import pathlib
@@ -9,7 +9,7 @@ import tempfile
 from decimal import Decimal
 
 import reader
-from reader import text_of, wait
+from reader import Return, key, text_of, wait
 
 MONTHS = ("Januar", "Februar", "März", "April", "Mai", "Juni", "Juli", "August", "September", "Oktober",
           "November", "Dezember")
@@ -124,6 +124,19 @@ def restore(program):
     program.gone("Verbrauchs-Daten")
 
 
+def read_manual(program, year):
+    year.menu("?", "Handbuch")
+    book = program.window("Kalvira - Handbuch")
+    page = book.get("label", "Seite des Handbuchs")
+    wait("the page of what is in front", lambda: text_of(page).startswith("Die Jahresübersicht"))
+    book.type("Suchen", "Brennwert", leave=False)
+    book.get("label", "1 Stelle")
+    key(Return)
+    wait("the place that was found", lambda: "Brennwert" in text_of(page))
+    book.press("Schließen")
+    program.gone("Kalvira - Handbuch")
+
+
 def leave_year(program, year):
     year.press("Ende")
     program.ended()
@@ -135,6 +148,7 @@ def run(path, home):
         make_year(program)
         open_year(program)
         year = make_bill(program)
+        read_manual(program, year)
         change_meter(program, year)
         print_pdf(program, year)
         leave_year(program, year)
