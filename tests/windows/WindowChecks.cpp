@@ -17,7 +17,9 @@
 #include <QScrollArea>
 #include <QScrollBar>
 #include <QTabBar>
+#include <QTableWidget>
 #include <QToolButton>
+#include <QTreeWidget>
 #include <map>
 
 #include "support/ui/Contrast.h"
@@ -233,6 +235,24 @@ Findings choicesThatDoNotShow(const QWidget& window) {
   return alike;
 }
 
+namespace {
+
+// Items with a colour of their own; others are drawn in that of the theme.
+void addFaintItems(const QAbstractItemView& view, const QModelIndex& below, Findings& faint) {
+  constexpr double kReadable = 4.5;
+  const QColor ground = view.palette().color(QPalette::Base);
+  for (int row = 0; row < view.model()->rowCount(below); ++row)
+    for (int column = 0; column < view.model()->columnCount(below); ++column) {
+      const QModelIndex index = view.model()->index(row, column, below);
+      const QVariant own = index.data(Qt::ForegroundRole);
+      if (own.isValid() && contrast(own.value<QBrush>().color(), ground) < kReadable)
+        faint.push_back(nameOf(view) + ": " + index.data().toString().toStdString());
+      addFaintItems(view, index, faint);
+    }
+}
+
+}  // namespace
+
 Findings faintTexts(const QWidget& window) {
   constexpr double kReadable = 4.5;
   const QColor ground = QApplication::palette().color(QPalette::Window);
@@ -245,6 +265,8 @@ Findings faintTexts(const QWidget& window) {
   for (const QLabel* label : shown<QLabel>(window)) look(*label, label->text());
   for (const QAbstractButton* button : shown<QAbstractButton>(window))
     look(*button, button->text());
+  for (const QTreeWidget* tree : shown<QTreeWidget>(window)) addFaintItems(*tree, {}, faint);
+  for (const QTableWidget* table : shown<QTableWidget>(window)) addFaintItems(*table, {}, faint);
   return faint;
 }
 

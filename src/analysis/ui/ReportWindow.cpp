@@ -9,14 +9,13 @@
 #include <QPrinter>
 #include <QScreen>
 #include <QScrollBar>
-#include <QStyledItemDelegate>
 #include <QTreeWidget>
 
 #include "dialogs/Prompts.h"
 #include "reports/DetailTable.h"
 #include "reports/FlexGridHTML.h"
 #include "reports/GridText.h"
-#include "widgets/Tones.h"
+#include "widgets/TonedCells.h"
 
 using namespace Qt::StringLiterals;
 
@@ -27,12 +26,12 @@ constexpr reports::PrintMargins kMargins{640, 640};
 constexpr int kLeastButton = 88;
 
 // Room between the rows.
-class RowDelegate final : public QStyledItemDelegate {
+class RowDelegate final : public widgets::TonedCells {
  public:
-  using QStyledItemDelegate::QStyledItemDelegate;
+  using TonedCells::TonedCells;
   QSize sizeHint(const QStyleOptionViewItem& option, const QModelIndex& index) const override {
     constexpr int kRoom = 8;
-    const QSize hint = QStyledItemDelegate::sizeHint(option, index);
+    const QSize hint = TonedCells::sizeHint(option, index);
     return {hint.width(), option.fontMetrics.height() + kRoom};
   }
 };
@@ -151,9 +150,7 @@ void showHeadings(QTreeWidget* tree, const reports::Grid& grid) {
 void showRow(QTreeWidgetItem* item, const reports::Grid& grid, int row) {
   for (int column = 0; column < grid.columns(); ++column) {
     item->setText(column, QString::fromStdString(grid.text(row, column)).trimmed());
-    if (isUnit(grid, column))
-      item->setForeground(column,
-                          widgets::toneOf(widgets::Tone::Quiet, item->treeWidget()->palette()));
+    if (isUnit(grid, column)) item->setData(column, widgets::kToneRole, int(widgets::Tone::Quiet));
     if (isRight(grid, column)) item->setTextAlignment(column, Qt::AlignRight | Qt::AlignVCenter);
     if (!grid.cell(row, column).bold) continue;
     QFont font = QApplication::font();

@@ -6,7 +6,7 @@
 #include "base/Paths.h"
 #include "readings/ui/MeterLook.h"
 #include "widgets/Rule.h"
-#include "widgets/Tones.h"
+#include "widgets/TonedCells.h"
 
 using namespace Qt::Literals::StringLiterals;
 using nextyear::Group;
@@ -122,7 +122,7 @@ void frmFortfuehren::showLines() {
 }
 
 void frmFortfuehren::makeQuiet(QTreeWidgetItem* item, int column) {
-  item->setForeground(column, widgets::toneOf(widgets::Tone::Quiet, trvAngaben->palette()));
+  item->setData(column, widgets::kToneRole, int(widgets::Tone::Quiet));
 }
 
 void frmFortfuehren::showLine(QTreeWidgetItem* head, const nextyear::Line& line) {

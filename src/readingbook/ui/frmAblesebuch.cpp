@@ -12,7 +12,7 @@
 #include "readings/ui/MeterLook.h"
 #include "widgets/Rule.h"
 #include "widgets/Segment.h"
-#include "widgets/Tones.h"
+#include "widgets/TonedCells.h"
 
 using namespace Qt::Literals::StringLiterals;
 using readingbook::Entry;
@@ -352,8 +352,7 @@ void frmAblesebuch::addMonthLine(int line, const QString& name,
   grdMonate->setItem(line, kDifference, cell(difference, Qt::AlignRight));
   if (planned.differs()) return;
   for (int column = 0; column < kMonthColumns; ++column)
-    grdMonate->item(line, column)
-        ->setForeground(widgets::toneOf(widgets::Tone::Quiet, grdMonate->palette()));
+    grdMonate->item(line, column)->setData(widgets::kToneRole, int(widgets::Tone::Quiet));
 }
 
 // With another meter change the months go together.

@@ -8,7 +8,7 @@
 #include "base/Paths.h"
 #include "readings/ui/MeterLook.h"
 #include "widgets/Rule.h"
-#include "widgets/Tones.h"
+#include "widgets/TonedCells.h"
 
 using namespace Qt::Literals::StringLiterals;
 using readingbook::TableColumns;
@@ -166,7 +166,7 @@ void frmTabelleEinlesen::showProblem(const readingbook::TableProblem& problem) {
   const int line =
       addLine({problem.line > 0 ? QString::number(problem.line) : QString(), {}, {}, {}, text});
   QTableWidgetItem* note = grdVorschau->item(line, kNote);
-  note->setForeground(widgets::toneOf(widgets::Tone::Error, grdVorschau->palette()));
+  note->setData(widgets::kToneRole, int(widgets::Tone::Error));
   note->setToolTip(text);
 }
 

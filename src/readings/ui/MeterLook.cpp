@@ -1,11 +1,10 @@
 #include "readings/ui/MeterLook.h"
 
 #include <QHeaderView>
-#include <QStyledItemDelegate>
 #include <QTableWidget>
 
 #include "widgets/ColorMark.h"
-#include "widgets/Tones.h"
+#include "widgets/TonedCells.h"
 #include "widgets/Utf8.h"
 #include "yearbook/MeterColors.h"
 
@@ -17,12 +16,12 @@ namespace {
 constexpr int kApart = 4;  // on each side of a cell
 constexpr int kRowRoom = 8;
 
-class RoomyCells final : public QStyledItemDelegate {
+class RoomyCells final : public widgets::TonedCells {
  public:
-  using QStyledItemDelegate::QStyledItemDelegate;
+  using TonedCells::TonedCells;
 
   QSize sizeHint(const QStyleOptionViewItem& option, const QModelIndex& index) const override {
-    return {QStyledItemDelegate::sizeHint(option, index).width() + 2 * kApart,
+    return {TonedCells::sizeHint(option, index).width() + 2 * kApart,
             option.fontMetrics.height() + kRowRoom};
   }
   void paint(QPainter* painter, const QStyleOptionViewItem& option,
@@ -31,11 +30,11 @@ class RoomyCells final : public QStyledItemDelegate {
     initStyleOption(&ground, index);
     option.widget->style()->drawPrimitive(QStyle::PE_PanelItemViewItem, &ground, painter,
                                           option.widget);
-    QStyledItemDelegate::paint(painter, inner(option), index);
+    TonedCells::paint(painter, inner(option), index);
   }
   bool editorEvent(QEvent* event, QAbstractItemModel* model, const QStyleOptionViewItem& option,
                    const QModelIndex& index) override {
-    return QStyledItemDelegate::editorEvent(event, model, inner(option), index);
+    return TonedCells::editorEvent(event, model, inner(option), index);
   }
 
  private:
