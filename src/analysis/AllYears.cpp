@@ -84,7 +84,6 @@ Money balanceSoFar(const Year& year) {
     int months = 0;
     for (const Meter meter : yearbook::metersOf(utility))
       months = std::max(months, year.months[meter]);
-    if (months == 0) continue;
     for (const Meter meter : yearbook::metersOf(utility))
       values.baseFees[meter] =
           yearbook::baseFeeUntil(yearbook::orZero(values.baseFees[meter]), months);

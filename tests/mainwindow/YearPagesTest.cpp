@@ -1,4 +1,5 @@
 #include "MainWindowFixture.h"
+#include "yearbook/ui/MeterMark.h"
 
 using namespace Qt::Literals::StringLiterals;
 using base::Money;
@@ -26,6 +27,54 @@ TEST_F(YearPages, TheBillOfTheSampleYear) {
   EXPECT_EQ(window->Frame3->txtFaktor->text(), u"10,523"_s);
   EXPECT_EQ(window->Frame3->txtBetragG->text(), u"1.388,00"_s);
   EXPECT_EQ(window->Frame3->txtGaskWh->text(), u"14.816,384"_s);
+}
+
+TEST_F(YearPages, EachMeterHasItsMarkInTabAndTitle) {
+  openSample();
+  const auto shows = [&](const QImage& picture, yearbook::Meter meter) {
+    const QColor mark = yearbook::meterColor(meter, window->palette());
+    for (int x = 0; x < picture.width(); ++x)
+      for (int y = 0; y < std::min(20, picture.height()); ++y)
+        if (picture.pixelColor(x, y) == mark) return true;
+    return false;
+  };
+  const auto tab = [&](int at) { return window->TabStrip->tabIcon(at).pixmap(16).toImage(); };
+  EXPECT_TRUE(shows(tab(0), yearbook::Meter::Day));
+  EXPECT_TRUE(shows(tab(1), yearbook::Meter::Water));
+  EXPECT_TRUE(shows(tab(2), yearbook::Meter::Gas));
+  EXPECT_TRUE(window->TabStrip->tabIcon(3).isNull());
+  const std::pair<const char*, yearbook::Meter> frames[] = {
+      {"FrameTagstrom", yearbook::Meter::Day},
+      {"FrameNachtstrom", yearbook::Meter::Night},
+      {"FrameAbwasser", yearbook::Meter::WasteWater},
+      {"FrameGas", yearbook::Meter::Gas}};
+  for (const auto& [name, meter] : frames) {
+    auto* frame = window->findChild<QWidget*>(QString::fromLatin1(name));
+    EXPECT_TRUE(shows(frame->grab().toImage(), meter)) << name;
+  }
+}
+
+// Two meters, a contract of two base fees: in what width they stand how.
+TEST_F(YearPages, NothingOfWaterIsCutInWhateverWidth) {
+  openSample();
+  window->TabStrip->setCurrentWidget(window->Frame2);
+  const auto part = [&](const char* name) {
+    return window->Frame2->findChild<QWidget*>(QString::fromLatin1(name));
+  };
+  QStringList kinds;
+  for (int width = 2400; width >= 880; width -= 40) {
+    window->resize(width, 600);
+    settle();
+    QWidget* contract = part("FrameVertragW");
+    EXPECT_GE(contract->width(), contract->minimumSizeHint().width()) << width;
+    const bool beside = part("FrameWasser")->y() == part("FrameAbwasser")->y();
+    const bool blocks = window->Frame2->txtGrundgebW->y() == window->Frame2->txtGrundgebAbW->y();
+    const QString kind = QString(beside ? u"beside"_s : u"below"_s) + (blocks ? u"2"_s : u"1"_s);
+    if (kinds.isEmpty() || kinds.last() != kind) kinds += kind;
+  }
+  ASSERT_GE(kinds.size(), 3) << kinds.join(u' ').toStdString();
+  EXPECT_EQ(kinds[0], u"beside2"_s);
+  EXPECT_EQ(kinds[1], u"beside1"_s) << "the contract gives way before the meters";
 }
 
 TEST_F(YearPages, OpeningAndClosingTheWindowLeavesTheFileAsItWas) {

@@ -54,12 +54,19 @@ TEST_F(YearReport, TheReadingsOfEitherMeterCoverTheMonthsUpToTheLast) {
     using namespace yearbook;
     if (auto set = rows.adoWasser.setNumber(0, wasser::wasteReading, 12); !set) return set;
     if (auto set = rows.adoWasser.setNumber(1, wasser::wasteConsumption, 3); !set) return set;
+    for (int month : {0, 1, 2})
+      if (auto set = rows.adoWasser.setMoney(month, *factsOf(Utility::Water).advance,
+                                             base::Money::roundHalfEven(60 + month));
+          !set)
+        return set;
     return rows.adoStrom.setNumber(4, strom::nightReading, 9);
   }));
   const auto input = reports::overviewInput(*year);
   EXPECT_EQ(input.monthsCovered[Utility::Water], 2);
   EXPECT_EQ(input.monthsCovered[Utility::Electricity], 5);
   EXPECT_EQ(input.monthsCovered[Utility::Gas], 0);
+  EXPECT_EQ(input.advancesCovered[Utility::Water].toDouble(), 60 + 61);
+  EXPECT_EQ(input.advances[Utility::Water]->toDouble(), 60 + 61 + 62);
 }
 
 TEST_F(YearReport, ClearedUtilityShowsNoTotals) {

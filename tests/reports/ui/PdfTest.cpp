@@ -6,6 +6,7 @@
 #include <QStandardPaths>
 #include <map>
 
+#include "reports/YearResults.h"
 #include "reports/ui/GridPrinter.h"
 #include "reports/ui/PdfExport.h"
 #include "support/SampleYears.h"
@@ -58,8 +59,10 @@ TEST_F(PdfText, OverviewHasEveryFigureOnOnePage) {
   const QString text = textOf(path);
   expectAllTexts(buildOverview(sample::overviewFlatRate()), text);
   EXPECT_TRUE(text.contains(u"-433,50"_s));
-  EXPECT_TRUE(
-      text.contains(u"Gas: Nachzahlung 107,66 €; passender Abschlag wäre 150,97 € im Monat."_s));
+  const auto sentences = reports::plainSummary(sample::overviewFlatRate());
+  ASSERT_EQ(sentences.size(), 3u);
+  for (const std::string& said : sentences)
+    EXPECT_TRUE(text.contains(QString::fromStdString(said))) << said;
   EXPECT_TRUE(text.contains(u"Seite 1 von 1"_s));
 }
 
@@ -86,6 +89,21 @@ TEST_F(PdfText, DetailedTableRepeatsItsTitleOnEveryPage) {
     right = std::max(right, at.captured(2).toDouble());
   }
   EXPECT_NEAR(left, 595 - right, 12);
+}
+
+TEST_F(PdfText, LinesBelowTheTableHaveTheirRoomOnTheLastPage) {
+  const reports::Grid grid = buildDetailTable(sample::detail2025(), {true, true, true, true, true});
+  QStringList lines;
+  for (int i = 0; i < 12; ++i) lines += u"Zeile %1."_s.arg(i);
+  const std::string path = folder_ / "Zeilen.pdf";
+  const QByteArray pdf = reports::GridPrinter(grid, {}, {540, 540}, {{}, lines}).toPdf();
+  ASSERT_TRUE(files_->replaceFile(path, base::asBytes({pdf.constData(), std::size_t(pdf.size())})));
+  const QStringList pages = textOf(path).split(u'\f', Qt::SkipEmptyParts);
+  ASSERT_EQ(pages.size(), 3) << "two of them without the lines";
+  const QString last = pages.last();
+  EXPECT_FALSE(pages[1].contains(u"Zeile"_s));
+  EXPECT_LT(last.indexOf(u"Summe Gesamt"_s), last.indexOf(u"Zeile 0."_s));
+  EXPECT_LT(last.indexOf(u"Zeile 11."_s), last.indexOf(u"Seite 3 von 3"_s));
 }
 
 TEST_F(PdfText, TargetThatCannotBeWrittenIsNamed) {
