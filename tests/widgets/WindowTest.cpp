@@ -126,7 +126,7 @@ TEST_F(WindowBase, OpensWhereAndAsLargeAsItWasClosed) {
   show();
   const QRect place(40, 60, 333, 444);
   window.setGeometry(place);
-  window.close();
+  QTest::keyClick(&window, Qt::Key_Escape);  // hidden, as by its buttons, not closed
   frmProbe next(services_);
   next.show();
   EXPECT_EQ(next.geometry(), place);
