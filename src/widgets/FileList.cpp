@@ -59,7 +59,7 @@ class TwoLines final : public QStyledItemDelegate {
     const QString shown = metrics.elidedText(text, Qt::ElideMiddle, room.width());
     painter->setFont(font);
     painter->setPen(color);
-    painter->drawText(room, side | Qt::AlignTop, shown);
+    painter->drawText(room, int(side | Qt::AlignTop), shown);
     return metrics.horizontalAdvance(shown);
   }
 };
