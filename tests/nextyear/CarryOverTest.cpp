@@ -23,11 +23,13 @@ class CarryOver : public testing::Test {
   }
   static std::vector<double> starts(const YearSession& year) {
     std::vector<double> result;
+    result.reserve(std::size(yearbook::kMeters));
     for (Meter meter : yearbook::kMeters) result.push_back(storedMeter(year, meter).startReading);
     return result;
   }
   static std::vector<std::string> advances(const YearSession& year, int position) {
     std::vector<std::string> result;
+    result.reserve(std::size(yearbook::kUtilities));
     for (Utility utility : yearbook::kUtilities)
       result.push_back(formatMoney(yearbook::orZero(year.values().advances[utility][position])));
     return result;
@@ -108,10 +110,9 @@ TEST_F(CarryOver, PricesAndPaymentsAreThoseOfTheLastMonthThatHasThem) {
   const auto last = open("Verbrauch2025.kwd");
   ASSERT_TRUE(last->transact({"leer"}, [](yearbook::YearRows& rows) -> base::Result<void> {
     for (int month = 10; month < 12; ++month) {
-      const auto price = rows.of(Meter::Gas).setNumber(month, *factsOf(Meter::Gas).price, 0);
+      auto price = rows.of(Meter::Gas).setNumber(month, *factsOf(Meter::Gas).price, 0);
       if (!price) return price;
-      const auto paid =
-          rows.of(Utility::Gas).setMoney(month, *factsOf(Utility::Gas).advance, Money());
+      auto paid = rows.of(Utility::Gas).setMoney(month, *factsOf(Utility::Gas).advance, Money());
       if (!paid) return paid;
     }
     return {};
@@ -123,7 +124,7 @@ TEST_F(CarryOver, PricesAndPaymentsAreThoseOfTheLastMonthThatHasThem) {
 }
 
 TEST(YearBefore, IsFoundByTheNames) {
-  const auto before = [](const char* name, std::vector<std::string> names) {
+  const auto before = [](const char* name, const std::vector<std::string>& names) {
     return nextyear::nameBefore(name, names).value_or("-");
   };
   EXPECT_EQ(before("Haus2025.kwd", {"Garten2024.kwd", "Haus2024.kwd", "Haus2025.kwd"}),
@@ -200,6 +201,7 @@ TEST_F(CarryOver, AYearThatBeginsElsewhereInTheCalendarGoesOnThere) {
 TEST_F(CarryOver, ThePreviewShowsWhatIsStored) {
   const auto lines = preview(planOf(*open("Verbrauch2024.kwd")), Advances::AsConsumed);
   std::vector<std::string> shown;
+  shown.reserve(lines.size());
   for (const Line& line : lines)
     shown.push_back(line.name + '|' + line.from + '|' + line.to + '|' + line.unit + '|' +
                     line.source);

@@ -37,6 +37,7 @@ class BookOfYear : public testing::Test {
   std::unique_ptr<YearSession> emptied(const std::string& name = "Verbrauch2025.kwd") {
     auto year = sample::openYear(disk, name);
     std::vector<readings::MeterEntries> none;
+    none.reserve(std::size(yearbook::kMeters));
     for (Meter meter : yearbook::kMeters) none.push_back({meter, {}, {}, 0});
     EXPECT_TRUE(readings::takeOver(*year, {"leer"}, none));
     return year;
@@ -115,7 +116,8 @@ TEST_F(BookOfYear, ALongBookCanBeChanged) {
   for (Meter meter : yearbook::kMeters) {
     const std::chrono::sys_days first(std::chrono::year(1985) / 1 / 1);
     for (int day = 0; day < 14610; ++day)
-      ASSERT_TRUE(book.add(meter, {Date(first + std::chrono::days(day)), day * 1500}));
+      ASSERT_TRUE(book.add(
+          meter, {Date(first + std::chrono::days(day)), day * readingbook::Thousandths(1500)}));
   }
   const std::string text = book.text();
   ASSERT_GT(text.size(), 2U << 20);
