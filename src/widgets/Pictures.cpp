@@ -40,11 +40,28 @@ QPixmap readPng(const QString& path) {
   return QPixmap::fromImageReader(&reader);
 }
 
-QPixmap keptPng(const QString& path) {
+// Each colour in its own hue; what is white stays so.
+QPixmap lightened(const QPixmap& picture) {
+  constexpr float kMore = 0.16F;
+  QImage image = picture.toImage().convertToFormat(QImage::Format_ARGB32);
+  for (int y = 0; y < image.height(); ++y)
+    for (int x = 0; x < image.width(); ++x) {
+      float hue, saturation, lightness, alpha;
+      image.pixelColor(x, y).getHslF(&hue, &saturation, &lightness, &alpha);
+      if (alpha > 0)
+        image.setPixelColor(
+            x, y, QColor::fromHslF(hue, saturation, std::min(1.0F, lightness + kMore), alpha));
+    }
+  return QPixmap::fromImage(image);
+}
+
+// Drawn for a light ground, an icon is too dark for a dark one.
+QPixmap keptPng(const QString& path, bool onDark) {
+  const QString key = onDark ? path + u"-dunkel"_s : path;
   QPixmap picture;
-  if (QPixmapCache::find(path, &picture)) return picture;
-  picture = readPng(path);
-  QPixmapCache::insert(path, picture);
+  if (QPixmapCache::find(key, &picture)) return picture;
+  picture = onDark ? lightened(readPng(path)) : readPng(path);
+  QPixmapCache::insert(key, picture);
   return picture;
 }
 
@@ -67,8 +84,10 @@ QIcon icon(const QString& name) {
       [file, widths](const QSize& size) {
         const int wanted = std::max(size.width(), size.height());
         const auto fitting = std::lower_bound(widths.begin(), widths.end(), wanted);
+        // The program's own icon has its ground with it.
+        const bool onDark = file != u"kalvira"_s && isDark(QApplication::palette());
         return QIcon(
-            keptPng(picturePath(file, fitting == widths.end() ? widths.back() : *fitting)));
+            keptPng(picturePath(file, fitting == widths.end() ? widths.back() : *fitting), onDark));
       },
       sizes));
 }

@@ -9,10 +9,12 @@
 #include <QListWidget>
 #include <QPushButton>
 #include <QRadioButton>
+#include <map>
 
 #include "dialogs/LookMenu.h"
 #include "support/ui/Contrast.h"
 #include "widgets/FieldMark.h"
+#include "widgets/Pictures.h"
 #include "widgets/ProgramStyle.h"
 #include "widgets/Tones.h"
 
@@ -83,6 +85,28 @@ TEST_F(LookTest, AThemeOfStrongEdgesIsToldFromLightAndDark) {
   EXPECT_TRUE(widgets::isHighContrast(strong));
   strong.setColor(QPalette::WindowText, QColor(200, 200, 200));
   EXPECT_FALSE(widgets::isHighContrast(strong));
+}
+
+TEST_F(LookTest, IconsAreAsClearOnADarkGround) {
+  for (const QString& name : {u"Neu"_s, u"Öffnen"_s, u"Speichern"_s, u"Löschen"_s, u"Drucken"_s,
+                              u"Nachtstrom"_s, u"Hochrechnung"_s, u"Hilfe"_s, u"Ende"_s}) {
+    const QIcon icon = widgets::icon(name);
+    for (const Look look : {Look::Light, Look::Dark}) {
+      widgets::showAs(look);
+      const QImage picture = icon.pixmap(48).toImage();
+      std::map<QRgb, int> strokes;
+      for (int x = 0; x < picture.width(); ++x)
+        for (int y = 0; y < picture.height(); ++y)
+          if (picture.pixelColor(x, y).alpha() == 255) ++strokes[picture.pixelColor(x, y).rgb()];
+      const auto most = std::max_element(
+          strokes.begin(), strokes.end(),
+          [](const auto& one, const auto& other) { return one.second < other.second; });
+      ASSERT_NE(most, strokes.end()) << name.toStdString();
+      EXPECT_GE(contrast(QColor(most->first), QApplication::palette().color(QPalette::Window)),
+                look == Look::Dark ? 4.5 : 2.0)
+          << name.toStdString() << int(look);
+    }
+  }
 }
 
 // A field or a check box whose line is as dark as its ground cannot be found.
