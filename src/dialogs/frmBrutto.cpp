@@ -16,14 +16,14 @@ frmBrutto::frmBrutto(const dialogs::Services& services, dialogs::GrossFigure fig
   setModal(true);
   setTexts();
   arrange();
-  // The rate comes first where it is typed; where it is known, Tab and Enter pass it by.
-  setTabOrder({optMonat, optJahr, txtMwSt, txtBrutto, cmdUebernehmen, cmdSchliessen});
+  // Where the rate is known, Tab and Enter pass it by.
+  setTabOrder({optMonat, optJahr, txtBrutto, txtMwSt, cmdUebernehmen, cmdSchliessen});
   for (widgets::NumberField* field : {txtBrutto, txtMwSt})
     connect(field, &widgets::NumberField::valueChanged, this, &frmBrutto::showNet);
   connect(optMonat, &QRadioButton::toggled, this, &frmBrutto::showNet);
   connect(cmdUebernehmen, &QPushButton::clicked, this, &QDialog::accept);
   showNet();
-  (figure_.vat ? txtBrutto : txtMwSt)->setFocus();
+  txtBrutto->setFocus();
 }
 
 void frmBrutto::setTexts() {

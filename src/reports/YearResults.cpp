@@ -87,7 +87,8 @@ PerUtility<YearResult> yearResults(const OverviewInput& input) {
     result.sum =
         formatMoney(figures.gross) + " brutto − " + formatMoney(figures.advances) + " Abschläge";
     result.fittingAdvance = figures.fitting;
-    result.fitting = "Passender Abschlag: " + formatMoney(figures.fitting) + " Euro im Monat";
+    result.fitting = (figures.until.empty() ? "Passender Abschlag: " : "Kosten bisher: ") +
+                     formatMoney(figures.fitting) + " Euro im Monat";
     result.standing = standingOf(figures);
   }
   return results;
@@ -103,7 +104,8 @@ std::vector<std::string> plainSummary(const OverviewInput& input) {
                        (figures.until.empty() ? "" : "bis " + figures.until + " ") +
                        balanceWords(figures, " €");
     if (figures.monthsCovered > 0)
-      text += "; passender Abschlag wäre " + formatMoney(figures.fitting) + " € im Monat";
+      text += (figures.until.empty() ? "; passender Abschlag wäre " : "; Kosten bisher ") +
+              formatMoney(figures.fitting) + " € im Monat";
     if (const std::string standing = standingOf(figures); !standing.empty())
       text.append(" (").append(standing).append(")");
     sentences.push_back(text.append("."));

@@ -18,8 +18,10 @@ struct YearResult {
                          // "noch keine Ablesungen"
   // Empty without readings.
   std::optional<base::Money> fittingAdvance;
-  std::string sum;      // "1.657,99 brutto − 1.632,00 Abschläge"
-  std::string fitting;  // "Passender Abschlag: 138,17 Euro im Monat"
+  std::string sum;  // "1.657,99 brutto − 1.632,00 Abschläge"
+  // "Passender Abschlag: 138,17 Euro im Monat"; "Kosten bisher: ..." while the year is under way,
+  // for what the months to come cost is another matter.
+  std::string fitting;
   // Empty for a whole year, too.
   std::string standing;  // "Stand: 3 von 12 Monaten, Abschläge und Grundgebühr anteilig"
 };

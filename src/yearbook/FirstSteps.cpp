@@ -12,8 +12,11 @@ struct Words {
 constexpr PerFirstStep<Words> kWords = {{{
     {"Anfangsstände",
      "Den Stand vom ersten Tag des Jahres eintragen, bei jedem Zähler des Hauses."},
-    {"Preise", "Den Preis je Einheit netto eintragen; für Wasser mit \"Preise je Monat\"."},
-    {"Grundgebühr und MwSt", "Die Grundgebühr im Jahr netto und den Satz der MwSt eintragen."},
+    {"Preise",
+     "Den Preis je Einheit netto eintragen, ⇄ rechnet einen Bruttopreis um; für Wasser und "
+     "Nachtstrom mit \"Preise je Monat\"."},
+    {"Grundgebühr und MwSt",
+     "Den Satz der MwSt und die Grundgebühr im Jahr netto eintragen, ⇄ rechnet auch sie um."},
     {"Abschläge", "Die monatlichen Abschläge eintragen, brutto, wie sie abgebucht werden."},
     {"Erste Ablesung", "Die Stände am Ende des ersten Monats eintragen."},
 }}};

@@ -113,14 +113,16 @@ TEST_F(EntryAids, WithoutTheYearsRateItIsAskedForAndCountsHereOnly) {
   openEmpty();
   convert([&] { press(u"cmdBrutto_txtGrundgebAbW"); },
           [](frmBrutto& brutto) {
-            EXPECT_EQ(brutto.focusWidget(), brutto.txtMwSt);
+            EXPECT_EQ(brutto.focusWidget(), brutto.txtBrutto);
             EXPECT_TRUE(brutto.lblHinweis->isVisible());
             type(brutto.txtBrutto, u"24"_s);
+            QTest::keyClick(brutto.txtBrutto, Qt::Key_Return);
+            EXPECT_EQ(brutto.focusWidget(), brutto.txtMwSt) << "Enter goes on to the rate";
             EXPECT_EQ(brutto.txtNetto->text(), QString());
             EXPECT_FALSE(brutto.cmdUebernehmen->isEnabled());
             type(brutto.txtMwSt, u"0"_s);
             QTest::keyClick(brutto.txtMwSt, Qt::Key_Return);
-            EXPECT_EQ(brutto.focusWidget(), brutto.txtBrutto);
+            EXPECT_EQ(brutto.focusWidget(), brutto.cmdUebernehmen);
             EXPECT_EQ(brutto.txtNetto->text(), u"24,00"_s);
             brutto.cmdUebernehmen->click();
           });

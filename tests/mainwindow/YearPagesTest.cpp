@@ -27,6 +27,7 @@ TEST_F(YearPages, TheBillOfTheSampleYear) {
   EXPECT_EQ(window->Frame3->txtFaktor->text(), u"10,523"_s);
   EXPECT_EQ(window->Frame3->txtBetragG->text(), u"1.388,00"_s);
   EXPECT_EQ(window->Frame3->txtGaskWh->text(), u"14.816,384"_s);
+  EXPECT_EQ(window->Frame3->txtSummeG->text(), u"1.651,73"_s);
 }
 
 TEST_F(YearPages, EachMeterHasItsMarkInTabAndTitle) {

@@ -183,10 +183,9 @@ TEST(PlainSummary, SaysHowTheYearStandsAndWhatWouldHaveFitted) {
   const auto sentences = reports::plainSummary(input);
   EXPECT_EQ(sentences[1], "Wasser: noch keine Ablesungen.");
   // 1.388,00 and six twelfths of 134,40, with 19 %; the payments of the other months do not count.
-  EXPECT_EQ(
-      sentences[2],
-      "Gas: bis Juni Nachzahlung 731,69 €; passender Abschlag wäre 288,62 € im Monat (Stand: 6 von "
-      "12 Monaten, Abschläge und Grundgebühr anteilig).");
+  EXPECT_EQ(sentences[2],
+            "Gas: bis Juni Nachzahlung 731,69 €; Kosten bisher 288,62 € im Monat (Stand: 6 von "
+            "12 Monaten, Abschläge und Grundgebühr anteilig).");
 }
 
 TEST(YearResults, AreWhatTheCardsSay) {

@@ -5,6 +5,7 @@
 #include "app/ui/RecentYears.h"
 #include "app/ui/frmVerbrStart.h"
 #include "base/Paths.h"
+#include "yearbook/YearSummary.h"
 
 // How the start window keeps up: with its folder, with the year last worked in, with the keyboard.
 
@@ -37,12 +38,19 @@ void frmVerbrStart::offerLastYear() {
   const QStringList names = filFiles->names();
   const std::string& folder = services_.paths.DataFolder;
   lastYear_ = names.contains(newYear_) ? newYear_ : QString();
+  QString looked;  // opened later, but nobody has worked in it
   for (const QString& path : app::recentYears()) {
     if (!lastYear_.isEmpty()) break;
     const std::string year = path.toStdString();
     const QString name = QString::fromStdString(std::string(base::fileName(year)));
-    if (base::folderOf(year) == folder && names.contains(name)) lastYear_ = name;
+    if (base::folderOf(year) != folder || !names.contains(name)) continue;
+    const auto summary = yearbook::summarizeYear(services_.files, year);
+    if (!summary || summary->hasEntries)
+      lastYear_ = name;
+    else if (looked.isEmpty())
+      looked = name;
   }
+  if (lastYear_.isEmpty()) lastYear_ = looked;
   const bool offered = !lastYear_.isEmpty();
   const int room = cmdWeiter->fontMetrics().averageCharWidth() * 30;
   const QString caption = captionOf(lastYear_);

@@ -124,12 +124,11 @@ void MeterRow::place(QGridLayout* grid, int line) {
 
 void MeterRow::setShown(bool shown) {
   shown_ = shown;
-  for (QWidget* widget : std::initializer_list<QWidget*>{
-           mark_, lblZaehler, lblDavor, txtStand, lblEinheit_, lblVerbrauch, lblUeblich, lblKosten})
+  for (QWidget* widget :
+       std::initializer_list<QWidget*>{mark_, lblZaehler, lblDavor, txtStand, lblEinheit_,
+                                       lblVerbrauch, lblUeblich, lblKosten, lblHinweis})
     widget->setVisible(shown);
   lblVerbrauchseinheit_->setVisible(shown && !lblVerbrauch->text().isEmpty());
-  // Shown by showOutcome() alone: even for a moment a line would make the window higher, for good.
-  if (!shown) lblHinweis->hide();
   if (chkWieWasser) chkWieWasser->setVisible(shown);
   showChangeLine();
 }
@@ -221,7 +220,6 @@ void MeterRow::showOutcome() {
   if (hint.isEmpty() && doubt)
     hint = u"⚠ Ergibt %1 %2: %3."_s.arg(used, unit, utf8(wordsOf(result->doubt)));
   lblHinweis->setText(hint);
-  lblHinweis->setVisible(shown_ && !hint.isEmpty());
   txtStand->setAccessibleDescription(hint);
   if (!typed || !entry().changed) return;
   QString text = u"Verbrauch: alter %1 + neuer %2 %3"_s.arg(number(result->oldPart),

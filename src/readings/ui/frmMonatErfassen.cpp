@@ -92,6 +92,16 @@ QLayout* frmMonatErfassen::arrangeMeters() {
   grid->setVerticalSpacing(4);
   grid->setColumnStretch(MeterRow::kBox, 1);
   arrangeHeads(grid);
+  QFont bold = font();
+  bold.setBold(true);
+  // Nothing moves under the hand when figures come.
+  const std::pair<int, QString> widest[] = {{MeterRow::kBefore, u"Stand September"_s},
+                                            {MeterRow::kUsed, u"123.456"_s},
+                                            {MeterRow::kUsedUnit, u"kWh"_s},
+                                            {MeterRow::kUsual, u"12.345"_s},
+                                            {MeterRow::kCost, u"1.234,56 Euro"_s}};
+  for (const auto& [column, text] : widest)
+    grid->setColumnMinimumWidth(column, QFontMetrics(bold).horizontalAdvance(text));
   int line = 1;
   for (Meter meter : kMeters) {
     rows_[meter] = new MeterRow(meter, this, grid, line);
@@ -99,8 +109,6 @@ QLayout* frmMonatErfassen::arrangeMeters() {
   }
   grid->addWidget(widgets::makeRule(this), line, 0, 1, MeterRow::kBox + 1);
   auto* sum = new QLabel(u"Zusammen"_s, this);
-  QFont bold = sum->font();
-  bold.setBold(true);
   sum->setFont(bold);
   lblSumme->setFont(bold);
   grid->addWidget(sum, line + 1, MeterRow::kName);

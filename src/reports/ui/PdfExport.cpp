@@ -3,12 +3,25 @@
 #include "reports/YearResults.h"
 #include "reports/ui/PrintActions.h"
 
+using namespace Qt::StringLiterals;
+
 namespace reports {
+
+QString asOfLastReadingNote() {
+  return u"Bis zur letzten Ablesung zählen Abschläge und Grundgebühr anteilig; die Tabelle zählt "
+         "alles, was eingetragen ist."_s;
+}
 
 PageWords overviewWords(const OverviewInput& input) {
   PageWords words{footerOf(input.yearFileName), {}};
-  for (const std::string& sentence : plainSummary(input))
-    words.below += QString::fromStdString(sentence);
+  bool underWay = false;
+  for (const YearResult& result : yearResults(input)) {
+    std::string line = result.name + ": " + result.headline;
+    if (!result.fitting.empty()) line += ". " + result.fitting;
+    words.below += QString::fromStdString(line + ".");
+    underWay = underWay || !result.standing.empty();
+  }
+  if (underWay) words.below += asOfLastReadingNote();
   return words;
 }
 

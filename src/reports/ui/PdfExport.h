@@ -6,6 +6,8 @@
 
 namespace reports {
 
+// Why results of a year that is under way are not the table's last line.
+QString asOfLastReadingNote();
 // The year's name, and the result of each utility in a sentence.
 PageWords overviewWords(const OverviewInput& input);
 

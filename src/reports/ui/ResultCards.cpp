@@ -64,6 +64,7 @@ class ResultCards::Card final : public QWidget {
       standing_->setText(standing_->text() + u". Ganzes Jahr: Auswertung > Prognose."_s);
       spoken.back() = standing_->text();
     }
+    headline_->setText(headline_->text().replace(u" Euro"_s, u"\u00a0Euro"_s));
     setAccessibleName(spoken.join(u". "_s));
     credit_ = result.kind == YearResult::Kind::Credit;
     color();

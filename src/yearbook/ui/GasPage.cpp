@@ -39,6 +39,9 @@ void GasPage::buildMeter() {
   addPriceLine(gas_, txtPreisGas, Meter::Gas);
   gas_->addLine(u"Betrag netto"_s, txtBetragG, u"Euro"_s);
   gas_->addLine(u"MwSt"_s, txtMwStGas, u"Euro"_s);
+  gas_->addRule();
+  txtSummeG->emphasize();
+  gas_->addLine(u"Summe"_s, txtSummeG, u"Euro"_s);
   entryButtons(cmdEingabeVerbrauchG, u"Eingabe Zählerstand Gas"_s, cmdPreisJeEinheitG,
                u"Preise Gas je Monat eingeben"_s);
   gas_->setFoot(buttonRow(gas_, "FrameTastenG", {cmdEingabeVerbrauchG, cmdPreisJeEinheitG}));
@@ -69,6 +72,7 @@ void GasPage::showValues() {
   txtGaskWh->showText(gasKwhText(values));
   txtBetragG->showText(lines.amount);
   txtMwStGas->showText(lines.vat);
+  txtSummeG->showText(lines.gross);
   result_->showTotal(values, Utility::Gas);
   lblStartmonatG->setText(months->month(0)->text());
 }

@@ -21,6 +21,7 @@ class GasPage final : public UtilityPage {
       widgets::control<widgets::NumberField>(content(), "txtPreisGas");
   DerivedField* const txtBetragG = widgets::control<DerivedField>(content(), "txtBetragG");
   DerivedField* const txtMwStGas = widgets::control<DerivedField>(content(), "txtMwStGas");
+  DerivedField* const txtSummeG = widgets::control<DerivedField>(content(), "txtSummeG");
   QPushButton* const cmdEingabeVerbrauchG =
       widgets::control<QPushButton>(content(), "cmdEingabeVerbrauchG");
   QPushButton* const cmdPreisJeEinheitG =

@@ -55,6 +55,18 @@ TEST_F(StartFolder, EachYearSaysHowItStandsWithoutBeingLocked) {
   EXPECT_EQ(window.filFiles->toolTip(), u"Mit Doppelklick Dia übernehmen"_s);
 }
 
+TEST_F(StartFolder, AnEmptyYearThatWasOnlyOpenedIsNotWhatOneWorkedIn) {
+  ASSERT_TRUE(sample::makeBoth(*files, dataFolder(), support::emptyYear()));
+  for (const char* name : {"Verbrauch.kwd", "Leer.kwd"})
+    EXPECT_TRUE(files->replaceFile(dataFolder() + name, support::emptyYear()));
+  for (const char* name : {"Verbrauch2025.kwd", "Leer.kwd", "Verbrauch.kwd"})
+    remember(dataFolder() + name);
+  EXPECT_EQ(open().cmdWeiter->accessibleName(), u"Weiter mit Verbrauch2025"_s);
+  window_.reset();
+  ASSERT_TRUE(files->remove(dataFolder() + "Verbrauch2025.kwd"));
+  EXPECT_EQ(open().cmdWeiter->accessibleName(), u"Weiter mit Verbrauch"_s) << "none has entries";
+}
+
 TEST_F(StartFolder, GoesOnWithTheYearThatWasOpenLastInThisFolder) {
   for (const char* name : {"Verbrauch.kwd", "Haus & Hof.kwd"}) put(name);
   auto& first = open();

@@ -6,7 +6,6 @@
 #include <QStandardPaths>
 #include <map>
 
-#include "reports/YearResults.h"
 #include "reports/ui/GridPrinter.h"
 #include "reports/ui/PdfExport.h"
 #include "support/SampleYears.h"
@@ -35,6 +34,22 @@ class PdfText : public testing::Test {
                {u"-layout"_s, u"-enc"_s, u"UTF-8"_s, QString::fromStdString(path), u"-"_s});
   }
 
+  // Of all words, in points; a table in the middle is as far from the left as from the right, give
+  // or take what a column leaves free.
+  double leftOf(const std::string& path) { return edgesOf(path).first; }
+  double rightOf(const std::string& path) { return edgesOf(path).second; }
+  std::pair<double, double> edgesOf(const std::string& path) {
+    const QString box = run(u"pdftotext"_s, {u"-bbox"_s, QString::fromStdString(path), u"-"_s});
+    static const QRegularExpression word(u"xMin=\"([\\d.]+)\".*xMax=\"([\\d.]+)\""_s);
+    std::pair<double, double> edges(595, 0);
+    for (auto found = word.globalMatch(box); found.hasNext();) {
+      const auto at = found.next();
+      edges = {std::min(edges.first, at.captured(1).toDouble()),
+               std::max(edges.second, at.captured(2).toDouble())};
+    }
+    return edges;
+  }
+
   // Every text of the grid stands in the PDF's text, as often as in the grid at least.
   void expectAllTexts(const reports::Grid& grid, const QString& text) {
     std::map<QString, int> wanted;
@@ -59,11 +74,22 @@ TEST_F(PdfText, OverviewHasEveryFigureOnOnePage) {
   const QString text = textOf(path);
   expectAllTexts(buildOverview(sample::overviewFlatRate()), text);
   EXPECT_TRUE(text.contains(u"-433,50"_s));
-  const auto sentences = reports::plainSummary(sample::overviewFlatRate());
-  ASSERT_EQ(sentences.size(), 3u);
-  for (const std::string& said : sentences)
-    EXPECT_TRUE(text.contains(QString::fromStdString(said))) << said;
+  for (const QString& said :
+       {u"Strom: "_s, u"Wasser und Abwasser: Guthaben 28,28 Euro."_s,
+        u"Gas: Nachzahlung 107,66 Euro. Passender Abschlag: 150,97 Euro im Monat."_s})
+    EXPECT_TRUE(text.contains(said)) << said.toStdString();
   EXPECT_TRUE(text.contains(u"Seite 1 von 1"_s));
+  EXPECT_FALSE(text.contains(reports::asOfLastReadingNote()));
+}
+
+TEST_F(PdfText, LinesOfAYearUnderWayAreNotWiderThanItsTable) {
+  auto input = sample::overview2025();
+  for (auto& months : input.monthsCovered) months = 9;
+  const std::string path = folder_ / "Übersicht.pdf";
+  ASSERT_TRUE(reports::exportPdf(*files_, path, input, "Verbrauchs-Abrechnung"));
+  EXPECT_TRUE(textOf(path).contains(u"Wasser und Abwasser: Bis September: "_s));
+  EXPECT_TRUE(textOf(path).contains(reports::asOfLastReadingNote()));
+  EXPECT_NEAR(leftOf(path), 595 - rightOf(path), 12);
 }
 
 TEST_F(PdfText, DetailedTableRepeatsItsTitleOnEveryPage) {
@@ -79,16 +105,7 @@ TEST_F(PdfText, DetailedTableRepeatsItsTitleOnEveryPage) {
   expectAllTexts(grid, text);
   EXPECT_EQ(text.count(u"Jahresübersicht alle Beträge in Euro"_s), 2);
   EXPECT_TRUE(text.contains(u"Haushalt 2025 · Seite 2 von 2"_s));
-  // In the middle: as far from the left as from the right, give or take what a column leaves free.
-  const QString box = run(u"pdftotext"_s, {u"-bbox"_s, QString::fromStdString(path), u"-"_s});
-  static const QRegularExpression word(u"xMin=\"([\\d.]+)\".*xMax=\"([\\d.]+)\""_s);
-  double left = 595, right = 0;
-  for (auto found = word.globalMatch(box); found.hasNext();) {
-    const auto at = found.next();
-    left = std::min(left, at.captured(1).toDouble());
-    right = std::max(right, at.captured(2).toDouble());
-  }
-  EXPECT_NEAR(left, 595 - right, 12);
+  EXPECT_NEAR(leftOf(path), 595 - rightOf(path), 12);
 }
 
 TEST_F(PdfText, LinesBelowTheTableHaveTheirRoomOnTheLastPage) {
