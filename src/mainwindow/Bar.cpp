@@ -90,6 +90,11 @@ void BarPlace::settle() {
   setMinimumHeight(wrapped < 0 ? layout()->sizeHint().height() : wrapped);
 }
 
+bool BarPlace::event(QEvent* event) {
+  if (event->type() == QEvent::WindowActivate) settle();
+  return QWidget::event(event);
+}
+
 void BarPlace::resizeEvent(QResizeEvent* event) {
   QWidget::resizeEvent(event);
   // Narrower or wider, texts take more or fewer lines.

@@ -37,20 +37,22 @@ class Bar : public QFrame {
 };
 
 // Where the bars stand, one at a time: the first that is wanted, and the next one when it is gone.
-// A bar that goes by itself, or a lower one in its place, leaves the height as it was: what stands
-// below must not slip away under a hand that is about to click.
+// A bar that goes by itself, or a lower one in its place, leaves the height as it was: tabs and
+// fields below must not slip away under a hand that is about to click. Back from another window,
+// the hand begins anew.
 class BarPlace final : public QWidget {
   Q_OBJECT
  public:
   // In the order in which they matter.
   BarPlace(QWidget* parent, const QList<Bar*>& bars);
-  // Nothing below is being aimed at: the height is that of the bar shown, or none.
-  void settle();
 
  protected:
+  bool event(QEvent* event) override;
   void resizeEvent(QResizeEvent* event) override;
 
  private:
+  // The height is that of the bar shown, or none.
+  void settle();
   void showFirst();
 
   const QList<Bar*> bars_;

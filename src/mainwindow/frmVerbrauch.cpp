@@ -82,10 +82,8 @@ void frmVerbrauch::buildPages() {
   auto* rows = new QVBoxLayout(central);
   rows->setContentsMargins(0, 0, 0, 0);
   rows->setSpacing(0);
-  auto* bars = new mainwindow::BarPlace(
-      central, {fraHinweis, fraGeaendert, fraNeuesJahr, fraErsteSchritte, fraAblesen});
-  connect(TabStrip, &QTabWidget::currentChanged, bars, &mainwindow::BarPlace::settle);
-  rows->addWidget(bars);
+  rows->addWidget(new mainwindow::BarPlace(
+      central, {fraHinweis, fraGeaendert, fraNeuesJahr, fraErsteSchritte, fraAblesen}));
   rows->addWidget(TabStrip, 1);
   setCentralWidget(central);
 }

@@ -68,6 +68,11 @@ void frmVerbrauch::goToStep(FirstStep step) {
   const auto lacking = yearbook::lackingIn(step, editor_->values());
   if (isDone(step, editor_->values(), target) && !lacking.empty()) target = lacking.front();
   TabStrip->setCurrentWidget(pages[target].page);
+  const auto unpriced = yearbook::unpricedMeters(editor_->values(), target);
+  if (step == FirstStep::Prices && unpriced == std::vector{yearbook::Meter::Night})
+    return Frame1->cmdPreisJeEinheitSN->setFocus(Qt::TabFocusReason);
+  if (step == FirstStep::Prices && unpriced == std::vector{yearbook::Meter::WasteWater})
+    return Frame2->cmdPreisJeEinheitAbW->setFocus(Qt::TabFocusReason);
   firstEmpty(pages[target].fields[step])->setFocus(Qt::TabFocusReason);
 }
 

@@ -48,7 +48,16 @@ std::string_view adviceFor(FirstStep step) {
   return kWords[step].advice;
 }
 
+std::vector<Meter> unpricedMeters(const FieldValues& values, Utility utility) {
+  std::vector<Meter> unpriced;
+  for (const Meter meter : metersOf(utility))
+    if (has(FirstStep::StartReadings, values, meter) && !has(FirstStep::Prices, values, meter))
+      unpriced.push_back(meter);
+  return unpriced;
+}
+
 bool isDone(FirstStep step, const FieldValues& values, Utility utility) {
+  if (step == FirstStep::Prices && !unpricedMeters(values, utility).empty()) return false;
   const auto meters = metersOf(utility);
   return std::any_of(meters.begin(), meters.end(),
                      [&](Meter meter) { return has(step, values, meter); });
@@ -87,12 +96,27 @@ bool hasBegun(const FieldValues& values) {
   return anyHas(FirstStep::StartReadings, values);
 }
 
+namespace {
+
+// The second meter by its own name where only that is left.
+std::string_view nameOfLacking(FirstStep step, const FieldValues& values, Utility utility) {
+  const auto unpriced = unpricedMeters(values, utility);
+  const bool ofOne = step == FirstStep::Prices && unpriced.size() == 1 &&
+                     unpriced.front() != factsOf(utility).mainMeter;
+  if (!ofOne) return factsOf(utility).name;
+  return unpriced.front() == Meter::Night ? "Nachtstrom" : factsOf(unpriced.front()).name;
+}
+
+}  // namespace
+
 std::string adviceFor(FirstStep step, const FieldValues& values) {
   std::string advice(adviceFor(step));
-  if (!anyHas(step, values)) return advice;
+  const bool begun = std::any_of(kMeters.begin(), kMeters.end(),
+                                 [&](Meter meter) { return has(step, values, meter); });
+  if (!begun) return advice;
   std::string left;
   for (const Utility utility : lackingIn(step, values))
-    left.append(left.empty() ? " Noch ohne: " : ", ").append(factsOf(utility).name);
+    left.append(left.empty() ? " Noch ohne: " : ", ").append(nameOfLacking(step, values, utility));
   return left.empty() ? advice : advice + left + '.';
 }
 

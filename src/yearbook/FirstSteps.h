@@ -23,7 +23,10 @@ std::string_view adviceFor(FirstStep step);
 // With those that are left, once the step has been begun: "... Noch ohne: Wasser, Gas."
 std::string adviceFor(FirstStep step, const FieldValues& values);
 
-// By any of the utility's meters; base fee and VAT are those of one meter.
+// Those with a start reading that have no price yet.
+std::vector<Meter> unpricedMeters(const FieldValues& values, Utility utility);
+// By any of the utility's meters; base fee and VAT are those of one meter, and every meter with a
+// start reading has a price.
 bool isDone(FirstStep step, const FieldValues& values, Utility utility);
 // The utilities for which a step is left. Which of them a household has, it says by what it enters:
 // one for which there is anything, and that has no month read yet. Start readings are asked of all

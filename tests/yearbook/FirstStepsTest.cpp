@@ -37,7 +37,14 @@ TEST_F(FirstSteps, TakeEveryMeterAlongThatTheHouseHas) {
   EXPECT_EQ(marks(), "-x---") << "and water, as it shows";
   EXPECT_EQ(lackingIn(FirstStep::StartReadings, values), std::vector{Utility::Water});
   values.startReadings[Meter::Water] = 318;
+  EXPECT_EQ(marks(), "x----") << "waste water has a price, water has none";
+  EXPECT_THAT(advice(FirstStep::Prices), testing::EndsWith(" Noch ohne: Wasser."));
+  values.prices[Meter::Water] = 2;
   EXPECT_EQ(marks(), "xx---");
+  values.startReadings[Meter::WasteWater] = 318;
+  values.prices[Meter::WasteWater] = 0;
+  EXPECT_THAT(advice(FirstStep::Prices), testing::EndsWith(" Noch ohne: Abwasser."));
+  values.prices[Meter::WasteWater] = 3;
   values.baseFees[Meter::Gas] = kSome;
   values.vat[Meter::Water] = 7;
   EXPECT_EQ(marks(), "xx---") << "fee and tax of one meter";

@@ -186,14 +186,16 @@ void UtilityPage::addBaseFeeLine(FigureGroup* contract, const QString& label,
 }
 
 void UtilityPage::addVatLine(FigureGroup* contract, const QString& label, QLineEdit* rate,
-                             Meter meter) const {
+                             Meter meter, QWidget* beside) const {
   auto* missing = new QLabel(u"⚠ fehlt noch"_s, contract);
   missing->setObjectName(u"lblFehlt_"_s + rate->objectName());
   missing->setToolTip(
       u"Ein Preis oder eine Grundgebühr steht da; ohne den Satz fehlt die MwSt in "
       "der Summe. Wo keine MwSt anfällt, gehört eine 0 hinein."_s);
   widgets::setTone(missing, widgets::Tone::Doubt);
-  contract->addLine(label, rate, u"%"_s, missing);
+  const QByteArray name = "Frame_" + rate->objectName().toLatin1();
+  contract->addLine(label, rate, u"%"_s,
+                    beside ? buttonRow(contract, name.constData(), {missing, beside}) : missing);
   connect(&editor_, &YearEditor::changed, missing,
           [this, missing, meter] { missing->setVisible(vatMissing(editor_.values(), meter)); });
 }

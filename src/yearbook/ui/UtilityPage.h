@@ -70,7 +70,8 @@ class UtilityPage : public QScrollArea {
   void addBaseFeeLine(FigureGroup* contract, const QString& label, widgets::NumberField* fee,
                       Meter meter, QPushButton* monthly, const QString& monthlyTip) const;
   // Says beside the rate when it is missing and something is to be taxed.
-  void addVatLine(FigureGroup* contract, const QString& label, QLineEdit* rate, Meter meter) const;
+  void addVatLine(FigureGroup* contract, const QString& label, QLineEdit* rate, Meter meter,
+                  QWidget* beside = nullptr) const;
   void addStartMonthLine(FigureGroup* contract, QLabel* month, QPushButton* adapt) const;
 
   struct Parts {

@@ -48,16 +48,22 @@ void WaterPage::buildMeters() {
 void WaterPage::buildContract() {
   addBaseFeeLine(contract_, u"Grundgebühr Wasser im Jahr"_s, txtGrundgebW, Meter::Water, cmdWMonatl,
                  u"Grundgebühr Wasser monatlich eingeben"_s);
-  addVatLine(contract_, u"MwSt Wasser"_s, txtMwStW, Meter::Water);
-  contract_->addLine(u"MwSt Grundgebühr"_s, txtw, u"Euro"_s);
+  addVatLine(contract_, u"MwSt Wasser"_s, txtMwStW, Meter::Water, baseFeeVat("FrameMwStW", txtw));
   addStartMonthLine(contract_, lblStartmonatW, cmdBeginnW);
   addBaseFeeLine(contract_, u"Grundgebühr Abwasser im Jahr"_s, txtGrundgebAbW, Meter::WasteWater,
                  cmdWWMonatl, u"Grundgebühr Abwasser monatlich eingeben"_s);
-  contract_->addLine(u"MwSt Abwasser"_s, txtMwStAbW, u"%"_s);
-  contract_->addLine(u"MwSt Grundgebühr"_s, txtaw, u"Euro"_s);
+  contract_->addLine(u"MwSt Abwasser"_s, txtMwStAbW, u"%"_s, baseFeeVat("FrameMwStAbW", txtaw));
   txtw->setAccessibleName(u"MwSt auf Grundgebühr Wasser"_s);
   txtaw->setAccessibleName(u"MwSt auf Grundgebühr Abwasser"_s);
   txtMwStAbW->setToolTip(u"Für Abwasser wird keine MwSt berechnet"_s);
+}
+
+// Beside its rate: lines are what this page has too many of.
+QWidget* WaterPage::baseFeeVat(const char* name, DerivedField* amount) {
+  amount->setFixedSize(amount->fontMetrics().horizontalAdvance(u"1.234,56"_s) + 16,
+                       fieldHeight(amount));
+  return buttonRow(contract_, name,
+                   {new QLabel(u"MwSt Grundgebühr"_s), amount, new QLabel(u"Euro"_s)});
 }
 
 void WaterPage::bindFields() {

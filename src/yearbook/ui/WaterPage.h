@@ -72,6 +72,7 @@ class WaterPage final : public UtilityPage {
  private:
   void buildMeters();
   void buildContract();
+  QWidget* baseFeeVat(const char* name, DerivedField* amount);
   void bindFields();
   void showValues();
 
