@@ -86,8 +86,13 @@ BarPlace::BarPlace(QWidget* parent, const QList<Bar*>& bars) : QWidget(parent), 
 }
 
 void BarPlace::settle() {
-  const int wrapped = layout()->heightForWidth(width());
-  setMinimumHeight(wrapped < 0 ? layout()->sizeHint().height() : wrapped);
+  int highest = 0;
+  for (const Bar* bar : bars_) {
+    if (!bar->isWanted()) continue;
+    const int wrapped = bar->layout()->heightForWidth(width());
+    highest = std::max(highest, wrapped < 0 ? bar->layout()->sizeHint().height() : wrapped);
+  }
+  setMinimumHeight(highest);
 }
 
 bool BarPlace::event(QEvent* event) {

@@ -51,7 +51,7 @@ class BarPlace final : public QWidget {
   void resizeEvent(QResizeEvent* event) override;
 
  private:
-  // The height is that of the bar shown, or none.
+  // The height is that of the highest bar that is wanted: one that waits will come back.
   void settle();
   void showFirst();
 

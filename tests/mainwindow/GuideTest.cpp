@@ -93,6 +93,17 @@ TEST_F(Guide, TheStepsLeadFromMeterToMeterAndNothingSlipsAwayBelow) {
   QTest::qWait(0);
   EXPECT_FALSE(steps().isVisible());
   EXPECT_EQ(top(), before) << "a lower bar";
+  QDialog other;
+  const auto goAndComeBack = [&] {
+    other.show();
+    other.activateWindow();
+    ASSERT_TRUE(QTest::qWaitForWindowActive(&other));
+    window->activateWindow();
+    ASSERT_TRUE(QTest::qWaitForWindowActive(window.get()));
+    QTest::qWait(0);
+  };
+  goAndComeBack();
+  EXPECT_EQ(top(), before) << "the steps wait behind it";
   steps().takeAway();
   window->fraGeaendert->offer({});
   QTest::qWait(0);
@@ -100,13 +111,7 @@ TEST_F(Guide, TheStepsLeadFromMeterToMeterAndNothingSlipsAwayBelow) {
   window->TabStrip->setCurrentWidget(window->Frame1);
   QTest::qWait(0);
   EXPECT_EQ(top(), before) << "another page";
-  QDialog other;
-  other.show();
-  other.activateWindow();
-  ASSERT_TRUE(QTest::qWaitForWindowActive(&other));
-  window->activateWindow();
-  ASSERT_TRUE(QTest::qWaitForWindowActive(window.get()));
-  QTest::qWait(0);
+  goAndComeBack();
   const int none = top();
   EXPECT_LT(none, before) << "back from another window there is no place to be kept";
   window->fraGeaendert->offer(u"Preis für zwölf Monate"_s);
