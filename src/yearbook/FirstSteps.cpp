@@ -51,7 +51,8 @@ std::string_view adviceFor(FirstStep step) {
 std::vector<Meter> unpricedMeters(const FieldValues& values, Utility utility) {
   std::vector<Meter> unpriced;
   for (const Meter meter : metersOf(utility))
-    if (has(FirstStep::StartReadings, values, meter) && !has(FirstStep::Prices, values, meter))
+    if ((meter != Meter::Night || values.nightShown) &&
+        has(FirstStep::StartReadings, values, meter) && !has(FirstStep::Prices, values, meter))
       unpriced.push_back(meter);
   return unpriced;
 }
@@ -60,6 +61,11 @@ bool isDone(FirstStep step, const FieldValues& values, Utility utility) {
   if (step == FirstStep::Prices && !unpricedMeters(values, utility).empty()) return false;
   const auto meters = metersOf(utility);
   return std::any_of(meters.begin(), meters.end(),
+                     [&](Meter meter) { return has(step, values, meter); });
+}
+
+bool isBegun(FirstStep step, const FieldValues& values) {
+  return std::any_of(kMeters.begin(), kMeters.end(),
                      [&](Meter meter) { return has(step, values, meter); });
 }
 
@@ -75,7 +81,7 @@ bool hasAnything(const FieldValues& values, Utility utility) {
 
 std::vector<Utility> lackingIn(FirstStep step, const FieldValues& values) {
   if (step == FirstStep::FirstReading && anyHas(step, values)) return {};
-  const bool ofAll = step == FirstStep::StartReadings && !anyHas(FirstStep::Prices, values);
+  const bool ofAll = step == FirstStep::StartReadings && !isBegun(FirstStep::Prices, values);
   std::vector<Utility> lacking;
   for (const Utility utility : kUtilities) {
     const bool asked = ofAll || hasAnything(values, utility);
@@ -111,9 +117,7 @@ std::string_view nameOfLacking(FirstStep step, const FieldValues& values, Utilit
 
 std::string adviceFor(FirstStep step, const FieldValues& values) {
   std::string advice(adviceFor(step));
-  const bool begun = std::any_of(kMeters.begin(), kMeters.end(),
-                                 [&](Meter meter) { return has(step, values, meter); });
-  if (!begun) return advice;
+  if (!isBegun(step, values)) return advice;
   std::string left;
   for (const Utility utility : lackingIn(step, values))
     left.append(left.empty() ? " Noch ohne: " : ", ").append(nameOfLacking(step, values, utility));

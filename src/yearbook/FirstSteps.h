@@ -23,7 +23,7 @@ std::string_view adviceFor(FirstStep step);
 // With those that are left, once the step has been begun: "... Noch ohne: Wasser, Gas."
 std::string adviceFor(FirstStep step, const FieldValues& values);
 
-// Those with a start reading that have no price yet.
+// Those with a start reading that have no price yet; not a night meter that is hidden.
 std::vector<Meter> unpricedMeters(const FieldValues& values, Utility utility);
 // By any of the utility's meters; base fee and VAT are those of one meter, and every meter with a
 // start reading has a price.

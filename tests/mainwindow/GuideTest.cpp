@@ -122,6 +122,16 @@ TEST_F(Guide, TheStepsLeadFromMeterToMeterAndNothingSlipsAwayBelow) {
   EXPECT_EQ(top(), none) << "who closes a bar wants its room";
 }
 
+TEST_F(Guide, ThePriceOfASecondMeterIsLedToAsWell) {
+  openFirst();
+  type(window->Frame1->txtAnfStandST, u"45815"_s);
+  type(window->Frame1->txtAnfStandSN, u"25088"_s);
+  type(window->Frame1->txtTPreis, u"28,9"_s);
+  EXPECT_EQ(ticked(), u"x----"_s);
+  steps().cmdZumFeld->click();
+  EXPECT_EQ(window->focusWidget(), window->Frame1->cmdPreisJeEinheitSN);
+}
+
 TEST_F(Guide, DismissedStepsStayAwayAndAFilledYearHasNone) {
   openFirst();
   steps().cmdNichtMehr->click();

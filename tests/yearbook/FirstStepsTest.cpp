@@ -55,6 +55,15 @@ TEST_F(FirstSteps, TakeEveryMeterAlongThatTheHouseHas) {
   EXPECT_EQ(advice(FirstStep::FeesAndVat), adviceFor(FirstStep::FeesAndVat));
 }
 
+TEST_F(FirstSteps, ANightMeterHasAPriceOfItsOwnUnlessItIsHidden) {
+  values.startReadings[Meter::Day] = values.startReadings[Meter::Night] = 300;
+  values.prices[Meter::Day] = 30;
+  EXPECT_EQ(marks(), "x----");
+  EXPECT_THAT(advice(FirstStep::Prices), testing::EndsWith(" Noch ohne: Nachtstrom."));
+  values.nightShown = false;
+  EXPECT_EQ(marks(), "xx---") << "where it would be entered nobody can see";
+}
+
 // Water may have no base fee, and its payments may go with the rent.
 TEST_F(FirstSteps, EndWithTheFirstReadingWhateverAMeterHasNot) {
   values.startReadings[Meter::Day] = values.startReadings[Meter::Water] = 300;

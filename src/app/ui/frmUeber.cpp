@@ -37,8 +37,7 @@ void frmUeber::setTexts() {
   lblQt->setText(QString::fromLatin1(qVersion()));
   lblFormate->setText(
       u"Jahresdateien .kwd: Access 97 (Jet\u00a03) und Access 2000 bis 2003 (Jet\u00a04); neue "
-      u"Jahre "
-      "sind Jet\u00a04. Dateien daneben: Text .dat in Windows-1252."_s);
+      u"Jahre sind Jet\u00a04. Dateien daneben: Text .dat in Windows-1252."_s);
   lblDatenordner->setText(QString::fromStdString(services_.paths.DataFolder));
   lblProgrammordner->setText(QString::fromStdString(services_.paths.ProgramFolder));
   for (QLabel* label : {lblVersion, lblQt, lblFormate, lblDatenordner, lblProgrammordner}) {
