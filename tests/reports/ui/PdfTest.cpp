@@ -117,7 +117,7 @@ TEST_F(PdfText, LinesBelowTheTableHaveTheirRoomOnTheLastPage) {
   ASSERT_TRUE(files_->replaceFile(path, base::asBytes({pdf.constData(), std::size_t(pdf.size())})));
   const QStringList pages = textOf(path).split(u'\f', Qt::SkipEmptyParts);
   ASSERT_EQ(pages.size(), 3) << "two of them without the lines";
-  const QString last = pages.last();
+  const QString& last = pages.last();
   EXPECT_FALSE(pages[1].contains(u"Zeile"_s));
   EXPECT_LT(last.indexOf(u"Summe Gesamt"_s), last.indexOf(u"Zeile 0."_s));
   EXPECT_LT(last.indexOf(u"Zeile 11."_s), last.indexOf(u"Seite 3 von 3"_s));
