@@ -44,8 +44,13 @@ std::optional<std::vector<Measured>> compare(const std::vector<Work>& works, int
   for (const Work& work : works)
     benchmark::RegisterBenchmark(work.name.c_str(),
                                  [&work](benchmark::State& state) {
-                                   for ([[maybe_unused]] auto _ : state)
+                                   for ([[maybe_unused]] auto _ : state) {
                                      if (!work.run()) state.SkipWithError("could not be done");
+                                     if (!work.after) continue;
+                                     state.PauseTiming();
+                                     work.after();
+                                     state.ResumeTiming();
+                                   }
                                  })
         ->Unit(benchmark::kMillisecond)
         ->UseRealTime()

@@ -13,7 +13,8 @@ namespace bench {
 
 struct Work {
   std::string name;
-  std::function<bool()> run;  // false: it could not be done
+  std::function<bool()> run;         // false: it could not be done
+  std::function<void()> after = {};  // follows each run and is not measured
 };
 
 // What the runs of one work came to.

@@ -1,7 +1,7 @@
 #ifndef _WIN32
 
 #include <fstream>
-#include <sstream>
+#include <iterator>
 
 #include "base/Drives.h"
 #include "base/Paths.h"
@@ -11,9 +11,7 @@ namespace {
 
 std::vector<Mount> systemMounts() {
   std::ifstream file("/proc/self/mountinfo", std::ios::binary);
-  std::ostringstream text;
-  text << file.rdbuf();
-  return parseMountInfo(text.str());
+  return parseMountInfo(std::string(std::istreambuf_iterator<char>(file), {}));
 }
 
 // The system marks the whole device; a partition lies in a folder below it.

@@ -32,7 +32,7 @@ struct Program::Parts {
   WindowNavigator navigator;
   OpenYearKeeper keeper;
   dialogs::Services services{paths, *files, clock, prompts, shell, navigator, &keeper};
-  RunningProgram running;
+  RunningProgram running{*files};
 
   YearWindow openYear(QWidget* parent);
   std::string openingProblem(const base::Error& error) const;
@@ -96,7 +96,7 @@ Program::~Program() {
 // Who names a data folder wants it in a window of its own.
 bool Program::handedOver() const {
   const CommandLine& line = parts_->line;
-  return !line.file.empty() && line.dataFolder.empty() && RunningProgram::handOver(line.file);
+  return !line.file.empty() && line.dataFolder.empty() && parts_->running.handOver(line.file);
 }
 
 void Program::start() {

@@ -2,14 +2,15 @@
 
 #include <QCoreApplication>
 #include <QCryptographicHash>
-#include <QDateTime>
 #include <QDir>
 #include <QFile>
 #include <QFileInfo>
 #include <QSaveFile>
 #include <QSysInfo>
-#include <QThread>
+#include <chrono>
+#include <thread>
 
+#include "base/Paths.h"
 #include "widgets/UserSettings.h"
 
 using namespace Qt::Literals::StringLiterals;
@@ -17,13 +18,9 @@ using namespace Qt::Literals::StringLiterals;
 namespace app {
 namespace {
 
-constexpr qint64 kPatience = 4000;  // milliseconds
+constexpr std::chrono::milliseconds kPatience{4000};
 constexpr int kLongestPath = 1 << 16;
-
-const QString& messagePattern() {
-  static const QString pattern = u"*.oeffnen"_s;
-  return pattern;
-}
+constexpr std::string_view kMessageExtension = ".oeffnen";
 
 // Each machine and display has its own: a window on another one would be seen by nobody.
 QDir meetingPlace() {
@@ -35,32 +32,39 @@ QDir meetingPlace() {
   return QDir(settings + u"/laufend-"_s + QString::fromLatin1(key));
 }
 
-std::unique_ptr<QLockFile> lockIn(const QDir& place) {
-  auto lock = std::make_unique<QLockFile>(place.filePath(u"sperre"_s));
-  // However long the program runs; one that has died is noticed by its number.
-  lock->setStaleLockTime(0);
-  return lock;
+// Held as long as the program runs; the system lets go of it when the program dies.
+base::Result<std::unique_ptr<base::File>> lockIn(const QDir& place, base::FileSystem& files) {
+  return files.open(place.filePath(u"sperre"_s).toStdString(), base::OpenMode::Create);
+}
+
+// The paths of all messages that lie there.
+std::vector<std::string> messagesIn(const QDir& place, const base::FileSystem& files) {
+  const std::string folder = base::withSeparator(place.path().toStdString());
+  std::vector<std::string> messages;
+  for (const std::string& name : files.list(folder).value_or(std::vector<std::string>()))
+    if (base::hasExtension(name, kMessageExtension)) messages.push_back(folder + name);
+  return messages;
 }
 
 }  // namespace
 
-bool RunningProgram::handOver(const std::string& path) {
+bool RunningProgram::handOver(const std::string& path) const {
   const QDir place = meetingPlace();
   if (!place.exists()) return false;
-  const auto lock = lockIn(place);
-  if (lock->tryLock()) return false;
-  if (lock->error() != QLockFile::LockFailedError) return false;
+  if (const auto lock = lockIn(place, files_); lock || lock.error().code != base::ErrorCode::InUse)
+    return false;
 
   const QString message =
-      place.filePath(QString::number(QCoreApplication::applicationPid()) + messagePattern().mid(1));
+      place.filePath(QString::number(QCoreApplication::applicationPid()) +
+                     QString::fromUtf8(kMessageExtension.data(), kMessageExtension.size()));
   QSaveFile file(message);
   if (!file.open(QIODevice::WriteOnly)) return false;
   file.write(QByteArray::fromStdString(path));
   if (!file.commit()) return false;
-  constexpr unsigned long kPause = 20;
-  for (qint64 waited = 0; waited < kPatience && !lock->tryLock(); waited += kPause) {
+  constexpr std::chrono::milliseconds kPause{20};
+  for (auto waited = kPause * 0; waited < kPatience && !lockIn(place, files_); waited += kPause) {
     if (!QFile::exists(message)) return true;
-    QThread::msleep(kPause);
+    std::this_thread::sleep_for(kPause);
   }
   // Not taken, so it is ours again; gone in this moment, it was taken after all.
   return !QFile::remove(message);
@@ -69,28 +73,25 @@ bool RunningProgram::handOver(const std::string& path) {
 void RunningProgram::listen(std::function<void(const std::string&)> opened) {
   const QDir place = meetingPlace();
   if (!QDir().mkpath(place.path())) return;
-  auto lock = lockIn(place);
-  if (!lock->tryLock()) return;
-  lock_ = std::move(lock);
+  auto lock = lockIn(place, files_);
+  if (!lock) return;
+  lock_ = std::move(*lock);
   opened_ = std::move(opened);
   // What nobody waits for any more.
-  const QDateTime oldest = QDateTime::currentDateTime().addMSecs(-kPatience);
-  for (const QFileInfo& message : place.entryInfoList({messagePattern()}, QDir::Files))
-    if (message.lastModified() < oldest) QFile::remove(message.filePath());
+  const auto oldest = std::chrono::system_clock::now() - kPatience;
+  for (const std::string& message : messagesIn(place, files_))
+    if (const auto info = files_.info(message); info && info->modified < oldest)
+      base::ignore(files_.remove(message), "what stays is looked at by the next start");
   watcher_.addPath(place.path());
   QObject::connect(&watcher_, &QFileSystemWatcher::directoryChanged, &watcher_, [this] { take(); });
   take();
 }
 
 void RunningProgram::take() {
-  const QDir place = meetingPlace();
-  for (const QString& name : place.entryList({messagePattern()}, QDir::Files)) {
-    QFile message(place.filePath(name));
-    if (!message.open(QIODevice::ReadOnly)) continue;
-    const std::string path = message.read(kLongestPath).toStdString();
-    message.close();
+  for (const std::string& message : messagesIn(meetingPlace(), files_)) {
+    const auto path = files_.readText(message, kLongestPath);
     // Only what could be taken away counts as taken: the other one opens it otherwise.
-    if (message.remove() && !path.empty()) opened_(path);
+    if (path && files_.remove(message) && !path->empty()) opened_(*path);
   }
 }
 

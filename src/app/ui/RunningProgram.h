@@ -1,10 +1,11 @@
 #pragma once
 
 #include <QFileSystemWatcher>
-#include <QLockFile>
 #include <functional>
 #include <memory>
 #include <string>
+
+#include "base/File.h"
 
 namespace app {
 
@@ -17,8 +18,10 @@ namespace app {
 // not answer is not waited for.
 class RunningProgram {
  public:
+  explicit RunningProgram(base::FileSystem& files) : files_(files) {}
+
   // True when another program has taken the file over and this one has nothing left to do.
-  static bool handOver(const std::string& path);
+  bool handOver(const std::string& path) const;
 
   // Becomes the first if there is none. opened gets what others hand over, as long as this object
   // lives. Needs an application with an event loop.
@@ -27,7 +30,8 @@ class RunningProgram {
  private:
   void take();
 
-  std::unique_ptr<QLockFile> lock_;
+  base::FileSystem& files_;
+  std::unique_ptr<base::File> lock_;
   QFileSystemWatcher watcher_;
   std::function<void(const std::string&)> opened_;
 };
