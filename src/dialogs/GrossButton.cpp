@@ -31,8 +31,10 @@ bool GrossButton::eventFilter(QObject* watched, QEvent* event) {
 
 void GrossButton::convert() {
   if (field_->isReadOnly()) return;
-  frmBrutto window(services_, figure_(), this->window());
+  const GrossFigure figure = figure_();
+  frmBrutto window(services_, figure, this->window());
   if (window.exec() != QDialog::Accepted) return;
+  if (const auto rate = window.newVat()) figure.storeVat(*rate);
   field_->setFocus();
   field_->enterValue(window.net());
   field_->finish();

@@ -17,7 +17,8 @@ frmBrutto::frmBrutto(const dialogs::Services& services, dialogs::GrossFigure fig
   setTexts();
   arrange();
   // Where the rate is known, Tab and Enter pass it by.
-  setTabOrder({optMonat, optJahr, txtBrutto, txtMwSt, cmdUebernehmen, cmdSchliessen});
+  setTabOrder(
+      {optMonat, optJahr, txtBrutto, txtMwSt, chkMwStEintragen, cmdUebernehmen, cmdSchliessen});
   for (widgets::NumberField* field : {txtBrutto, txtMwSt})
     connect(field, &widgets::NumberField::valueChanged, this, &frmBrutto::showNet);
   connect(optMonat, &QRadioButton::toggled, this, &frmBrutto::showNet);
@@ -45,9 +46,11 @@ void frmBrutto::setTexts() {
   txtNetto->setFrame(false);
   txtNetto->setFocusPolicy(Qt::ClickFocus);
   txtNetto->setAccessibleName(u"Netto in "_s + figure_.unit);
-  lblHinweis->setText(figure_.vat ? QString()
-                                  : u"Der Satz der MwSt ist in diesem Jahr noch nicht eingetragen; "
-                                    "dieser gilt nur für die Umrechnung."_s);
+  lblHinweis->setText(
+      figure_.vat ? QString() : u"Der Satz der MwSt ist in diesem Jahr noch nicht eingetragen."_s);
+  chkMwStEintragen->setText(u"Diesen Satz auch beim &Vertrag eintragen"_s);
+  chkMwStEintragen->setToolTip(u"Sonst gilt er nur für diese Umrechnung."_s);
+  chkMwStEintragen->setChecked(true);
   cmdUebernehmen->setText(u"&Übernehmen"_s);
   cmdUebernehmen->setDefault(true);
   makeCloseButton(cmdSchliessen, u"&Schließen"_s);
@@ -64,6 +67,7 @@ void frmBrutto::arrange() {
   lblHinweis->setMinimumWidth(fontMetrics().averageCharWidth() * 40);
   lblHinweis->setMinimumHeight(std::max(0, lblHinweis->heightForWidth(lblHinweis->minimumWidth())));
   lblHinweis->setVisible(!lblHinweis->text().isEmpty());
+  chkMwStEintragen->setVisible(!figure_.vat);
   auto* lines = new QGridLayout;
   lines->setHorizontalSpacing(8);
   lines->setVerticalSpacing(8);
@@ -110,6 +114,7 @@ void frmBrutto::arrange() {
   rows->addWidget(lblWofuer);
   rows->addLayout(lines);
   rows->addWidget(lblHinweis);
+  rows->addWidget(chkMwStEintragen);
   rows->addStretch();
   rows->addLayout(buttons);
 }
@@ -123,6 +128,10 @@ base::FeeShare frmBrutto::share() const {
 std::optional<double> frmBrutto::net() const {
   const auto gross = txtBrutto->value();
   return gross ? base::netOf(*gross, txtMwSt->value(), share()) : std::nullopt;
+}
+
+std::optional<double> frmBrutto::newVat() const {
+  return figure_.vat || !chkMwStEintragen->isChecked() ? std::nullopt : txtMwSt->value();
 }
 
 void frmBrutto::showNet() {

@@ -1,5 +1,6 @@
 #include "MainWindowFixture.h"
-#include "dialogs/frmBrutto.h"
+#include "dialogs/GrossButton.h"
+#include "readings/ui/frmPreisJeKubikW.h"
 
 using namespace Qt::Literals::StringLiterals;
 using base::Money;
@@ -108,7 +109,7 @@ TEST_F(EntryAids, AFeeOfTheMonthBecomesOneOfTheYear) {
 }
 
 // Waste water has a rate of its own, and 0 is one.
-TEST_F(EntryAids, WithoutTheYearsRateItIsAskedForAndCountsHereOnly) {
+TEST_F(EntryAids, WithoutTheYearsRateItIsAskedForAndEntered) {
   prompts.answerInput(u"0"_s);
   openEmpty();
   convert([&] { press(u"cmdBrutto_txtGrundgebAbW"); },
@@ -121,13 +122,53 @@ TEST_F(EntryAids, WithoutTheYearsRateItIsAskedForAndCountsHereOnly) {
             EXPECT_EQ(brutto.txtNetto->text(), QString());
             EXPECT_FALSE(brutto.cmdUebernehmen->isEnabled());
             type(brutto.txtMwSt, u"0"_s);
-            QTest::keyClick(brutto.txtMwSt, Qt::Key_Return);
-            EXPECT_EQ(brutto.focusWidget(), brutto.cmdUebernehmen);
             EXPECT_EQ(brutto.txtNetto->text(), u"24,00"_s);
             brutto.cmdUebernehmen->click();
           });
   EXPECT_EQ(window->Frame2->txtGrundgebAbW->text(), u"24,00"_s);
-  EXPECT_FALSE(window->session().values().vat[Meter::WasteWater]);
+  const auto vat = [&](Meter meter) { return window->session().values().vat[meter]; };
+  EXPECT_EQ(vat(Meter::WasteWater), 0);
+  EXPECT_FALSE(vat(Meter::Water));
+  window->mnuUndo->trigger();
+  EXPECT_EQ(vat(Meter::WasteWater), 0) << "a step of its own";
+  window->mnuUndo->trigger();
+  EXPECT_FALSE(vat(Meter::WasteWater));
+
+  convert([&] { press(u"cmdBrutto_txtGrundgebAbW"); },
+          [](frmBrutto& brutto) {
+            type(brutto.txtBrutto, u"24"_s);
+            type(brutto.txtMwSt, u"19"_s);
+            brutto.chkMwStEintragen->click();
+            brutto.cmdUebernehmen->click();
+          });
+  EXPECT_EQ(window->Frame2->txtGrundgebAbW->text(), u"20,1681"_s);
+  EXPECT_FALSE(vat(Meter::WasteWater)) << "not wanted";
+}
+
+// Water has its prices in a window of their own.
+TEST_F(EntryAids, TheRateIsEnteredFromThePricesOfTheMonthsToo) {
+  prompts.answerInput(u"0"_s);
+  openEmpty();
+  window->TabStrip->setCurrentWidget(window->Frame2);
+  frmPreisJeKubikW prices(services, window->session(), window.get());
+  prices.show();
+  convert([&] { prices.findChild<dialogs::GrossButton*>()->click(); },
+          [](frmBrutto& brutto) {
+            type(brutto.txtBrutto, u"2,14"_s);
+            type(brutto.txtMwSt, u"7"_s);
+            brutto.cmdUebernehmen->click();
+          });
+  EXPECT_EQ(window->session().values().vat[Meter::Water], 7);
+}
+
+TEST_F(EntryAids, AYearWithItsRateGetsNoOther) {
+  openSample();
+  convert([&] { press(u"cmdBrutto_txtTPreis"); },
+          [](frmBrutto& brutto) {
+            EXPECT_FALSE(brutto.chkMwStEintragen->isVisible());
+            type(brutto.txtBrutto, u"35,7"_s);
+            EXPECT_FALSE(brutto.newVat());
+          });
 }
 
 TEST_F(EntryAids, APriceWithoutARateSaysThatItIsMissing) {

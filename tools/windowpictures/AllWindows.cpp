@@ -97,7 +97,7 @@ Made comparison(Household& home) {
 
 Made gross(Household& home, std::optional<double> vat) {
   using dialogs::GrossFigure;
-  const GrossFigure fee{u"Grundgebühr im Jahr"_s, u"Euro"_s, GrossFigure::Period::Year, vat};
+  const GrossFigure fee{u"Grundgebühr im Jahr, Strom"_s, u"Euro"_s, GrossFigure::Period::Year, vat};
   auto window = std::make_unique<frmBrutto>(home.services, fee, nullptr);
   window->optMonat->setChecked(true);
   window->txtBrutto->enterValue(16.07);

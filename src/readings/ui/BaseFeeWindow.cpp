@@ -97,9 +97,8 @@ QGridLayout* BaseFeeWindow::arrangeMonths() {
     grid->addWidget(txtVerbrauch(k), k, 1);
     grid->addWidget(new QLabel(u"Euro netto"_s, this), k, 2);
     const auto figure = [this, k] {
-      return dialogs::GrossFigure{txtVerbrauch(k)->accessibleName(), u"Euro"_s,
-                                  dialogs::GrossFigure::Period::Month,
-                                  session_.values().vat[meter_]};
+      return grossFigure(meter_, txtVerbrauch(k)->accessibleName(), u"Euro"_s,
+                         dialogs::GrossFigure::Period::Month);
     };
     grid->addWidget(new dialogs::GrossButton(txtVerbrauch(k), services_, figure, this), k, 3);
   }

@@ -35,6 +35,16 @@ bool EntryWindow::told(const base::Result<void>& done) {
   return false;
 }
 
+dialogs::GrossFigure EntryWindow::grossFigure(yearbook::Meter meter, const QString& name,
+                                              const QString& unit,
+                                              dialogs::GrossFigure::Period period) {
+  const auto storeVat = [this, meter](double rate) {
+    told(session_.storeVat(meter, rate));
+    session_.endEntry();
+  };
+  return {name, unit, period, session_.values().vat[meter], storeVat};
+}
+
 void EntryWindow::makeCloseButton(QPushButton* button) {
   Window::makeCloseButton(button, u"&Schließen"_s);
   button->setToolTip(button->accessibleName());

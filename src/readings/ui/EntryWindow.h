@@ -6,6 +6,7 @@
 
 #include "dialogs/Prompts.h"
 #include "dialogs/Window.h"
+#include "dialogs/frmBrutto.h"
 #include "readings/ui/EntryUndo.h"
 #include "widgets/NumberField.h"
 #include "widgets/Utf8.h"
@@ -32,6 +33,10 @@ class EntryWindow : public dialogs::Window {
   bool goesWithout(const std::function<void()>& takeOver);
   // True when done; else the user has been told.
   bool told(const base::Result<void>& done);
+  // What "Brutto umrechnen" needs to know for a figure of the meter; a rate that is entered there
+  // is stored at once.
+  dialogs::GrossFigure grossFigure(yearbook::Meter meter, const QString& name, const QString& unit,
+                                   dialogs::GrossFigure::Period period);
   // "Schließen" with its tooltip, bound to closing.
   void makeCloseButton(QPushButton* button);
   // A column of numbers from a spreadsheet runs down from the field that it is pasted into. Refused

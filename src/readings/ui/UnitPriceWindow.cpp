@@ -85,9 +85,8 @@ void UnitPriceWindow::arrange() {
   entry->addWidget(new dialogs::GrossButton(
       newPrice, services_,
       [this] {
-        return dialogs::GrossFigure{Frame1->title(), lblUnit->text(),
-                                    dialogs::GrossFigure::Period::None,
-                                    session_.values().vat[meter_]};
+        return grossFigure(meter_, Frame1->title(), lblUnit->text(),
+                           dialogs::GrossFigure::Period::None);
       },
       this));
   auto* frame = new QVBoxLayout(Frame1);

@@ -144,6 +144,10 @@ QWidget* UtilityPage::grossButton(QLineEdit* field, Meter meter,
   const auto now = [this, meter, figure = std::move(figure)] {
     dialogs::GrossFigure asked = figure;
     asked.vat = editor_.values().vat[meter];
+    asked.storeVat = [this, meter](double rate) {
+      editor_.run([&] { return editor_.session().storeVat(meter, rate); });
+      editor_.session().endEntry();
+    };
     return asked;
   };
   return new dialogs::GrossButton(typed, editor_.services(), now, content_);
@@ -174,10 +178,12 @@ void UtilityPage::addBaseFeeLine(FigureGroup* contract, const QString& label,
                                  widgets::NumberField* fee, Meter meter, QPushButton* monthly,
                                  const QString& monthlyTip) const {
   button(monthly, u"Eingabe monatlich"_s, monthlyTip);
-  QWidget* gross = grossButton(fee, meter, {label, u"Euro"_s, dialogs::GrossFigure::Period::Year});
-  const QByteArray name = "Frame_" + fee->objectName().toLatin1();
+  const QString whose = widgets::utf8(factsOf(meter).name);
+  const QString name = label.contains(whose) ? label : label + u", "_s + whose;
+  QWidget* gross = grossButton(fee, meter, {name, u"Euro"_s, dialogs::GrossFigure::Period::Year});
+  const QByteArray row = "Frame_" + fee->objectName().toLatin1();
   contract->addLine(label, fee, u"Euro netto"_s,
-                    buttonRow(contract, name.constData(), {gross, monthly}));
+                    buttonRow(contract, row.constData(), {gross, monthly}));
   fee->setToolTip(u"Die Grundgebühr des ganzen Jahres, ohne MwSt"_s);
   connect(&editor_, &YearEditor::changed, fee, [this, fee, meter] {
     const double shown = orZero(euro(editor_.values().baseFees[meter]));
