@@ -110,6 +110,32 @@ TEST_F(BookWindows, ASheetOfAYearThatIsReadIsAsHighAfterStoringAndBeginsInItsFir
   EXPECT_EQ(sheet.height(), before);
 }
 
+TEST_F(BookWindows, TheFirstMonthOfAYearMovesNothingUnderTheHand) {
+  const auto year = openUnread(0);
+  frmMonatErfassen sheet(services, *year, nullptr);
+  sheet.show();
+  settle();
+  const int width = sheet.minimumSizeHint().width();
+  const QRect december = sheet.optMonat(11)->geometry();
+  const auto places = [&] {
+    return std::vector{sheet.row(Meter::Day)->lblKosten->geometry().right(),
+                       sheet.row(Meter::Gas)->chkWechsel->mapTo(&sheet, QPoint()).x()};
+  };
+  const auto before = places();
+  for (const Meter meter : {Meter::Day, Meter::Night, Meter::Water, Meter::Gas}) {
+    const QString last = sheet.row(meter)->lblDavor->text().remove(QLatin1Char('.'));
+    QTest::keyClicks(sheet.row(meter)->txtStand, QString::number(last.toInt() + 10));
+  }
+  settle();
+  EXPECT_FALSE(sheet.row(Meter::Day)->lblKosten->text().isEmpty());
+  EXPECT_EQ(sheet.minimumSizeHint().width(), width);
+  EXPECT_EQ(places(), before);
+  sheet.cmdUebernehmen->click();
+  settle();
+  EXPECT_TRUE(sheet.optMonat(0)->text().startsWith(u'✓'));
+  EXPECT_EQ(sheet.optMonat(11)->geometry(), december);
+}
+
 TEST_F(BookWindows, MetersThatAreNotUsedAreFoldedAwayWithAllTheirLines) {
   const auto year = openUnread(0);
   std::vector<readings::MeterEntries> none = {{Meter::Gas, {}, {}, 0}};

@@ -98,6 +98,7 @@ TEST_F(EntryAids, AFeeOfTheMonthBecomesOneOfTheYear) {
   window->Frame1->txtGrundgebS->setFocus();
   convert([&] { QTest::keyClick(window->Frame1->txtGrundgebS, Qt::Key_B, Qt::ControlModifier); },
           [](frmBrutto& brutto) {
+            EXPECT_EQ(brutto.lblWofuer->text(), u"Grundgebühr im Jahr, Strom"_s);
             EXPECT_TRUE(brutto.optJahr->isChecked());
             type(brutto.txtBrutto, u"192,78"_s);
             EXPECT_EQ(brutto.txtNetto->text(), u"162,00"_s);

@@ -38,10 +38,7 @@ bool EntryWindow::told(const base::Result<void>& done) {
 dialogs::GrossFigure EntryWindow::grossFigure(yearbook::Meter meter, const QString& name,
                                               const QString& unit,
                                               dialogs::GrossFigure::Period period) {
-  const auto storeVat = [this, meter](double rate) {
-    told(session_.storeVat(meter, rate));
-    session_.endEntry();
-  };
+  const auto storeVat = [this, meter](double rate) { told(session_.storeVat(meter, rate)); };
   return {name, unit, period, session_.values().vat[meter], storeVat};
 }
 

@@ -48,7 +48,7 @@ MeterRow::MeterRow(Meter meter, QWidget* window, QGridLayout* grid, int firstLin
       meter_(meter),
       mark_(new QLabel(window)),
       lblEinheit_(new QLabel(utf8(factsOf(meter).unit), window)),
-      lblVerbrauchseinheit_(new QLabel(lblEinheit_->text(), window)),
+      lblVerbrauchseinheit_(new QLabel(window)),
       changeLine_(new QWidget(window)) {
   const QString name = spokenName(meter);
   lblZaehler->setText(name);
@@ -124,11 +124,10 @@ void MeterRow::place(QGridLayout* grid, int line) {
 
 void MeterRow::setShown(bool shown) {
   shown_ = shown;
-  for (QWidget* widget :
-       std::initializer_list<QWidget*>{mark_, lblZaehler, lblDavor, txtStand, lblEinheit_,
-                                       lblVerbrauch, lblUeblich, lblKosten, lblHinweis})
+  for (QWidget* widget : std::initializer_list<QWidget*>{
+           mark_, lblZaehler, lblDavor, txtStand, lblEinheit_, lblVerbrauch, lblVerbrauchseinheit_,
+           lblUeblich, lblKosten, lblHinweis})
     widget->setVisible(shown);
-  lblVerbrauchseinheit_->setVisible(shown && !lblVerbrauch->text().isEmpty());
   if (chkWieWasser) chkWieWasser->setVisible(shown);
   showChangeLine();
 }
@@ -211,7 +210,7 @@ void MeterRow::showOutcome() {
   const QString used = typed ? number(result->consumption) : QString();
   const bool doubt = typed && result->doubt != Doubt::None;
   lblVerbrauch->setText(used);
-  lblVerbrauchseinheit_->setVisible(shown_ && typed);
+  lblVerbrauchseinheit_->setText(typed ? unit : QString());
   lblVerbrauch->setMark(doubt ? MarkedLabel::Mark::Doubt : MarkedLabel::Mark::None);
   const auto money = cost();
   lblKosten->setText(money ? QString::fromStdString(formatMoney(*money)) + u" Euro"_s : QString());

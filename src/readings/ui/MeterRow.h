@@ -18,7 +18,7 @@ class MeterRow : public QObject {
   // Adds its lines to the grid; the controls are named after the meter's number.
   MeterRow(Meter meter, QWidget* window, QGridLayout* grid, int firstLine);
   static constexpr int kLines = 3;
-  enum Column { kName, kBefore, kField, kUnit, kUsed, kUsedUnit, kUsual, kCost, kEuro, kBox };
+  enum Column { kName, kBefore, kField, kUnit, kUsed, kUsedUnit, kUsual, kCost, kBox };
 
   MarkedLabel* const lblZaehler;
   MarkedLabel* const lblDavor;

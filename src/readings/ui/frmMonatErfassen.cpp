@@ -64,6 +64,9 @@ QLayout* frmMonatErfassen::arrangeMonths() {
     widgets::showChosen(optMonat(k));
     optMonat(k)->setToolButtonStyle(Qt::ToolButtonTextOnly);
     optMonat(k)->setFocusPolicy(Qt::StrongFocus);
+    // As wide as a read month, whose name has a tick before it.
+    optMonat(k)->setText(u"✓ Nov"_s);
+    optMonat(k)->setMinimumWidth(optMonat(k)->sizeHint().width());
     group->addButton(optMonat(k), k);
     months->addWidget(optMonat(k));
   }

@@ -146,7 +146,6 @@ QWidget* UtilityPage::grossButton(QLineEdit* field, Meter meter,
     asked.vat = editor_.values().vat[meter];
     asked.storeVat = [this, meter](double rate) {
       editor_.run([&] { return editor_.session().storeVat(meter, rate); });
-      editor_.session().endEntry();
     };
     return asked;
   };
