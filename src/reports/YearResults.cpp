@@ -1,5 +1,7 @@
 #include "reports/YearResults.h"
 
+#include <algorithm>
+
 namespace reports {
 namespace {
 
@@ -92,6 +94,11 @@ PerUtility<YearResult> yearResults(const OverviewInput& input) {
     result.standing = standingOf(figures);
   }
   return results;
+}
+
+bool isUnderWay(const PerUtility<YearResult>& results) {
+  return std::any_of(results.begin(), results.end(),
+                     [](const YearResult& result) { return !result.standing.empty(); });
 }
 
 std::vector<std::string> plainSummary(const OverviewInput& input) {

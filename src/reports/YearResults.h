@@ -27,6 +27,8 @@ struct YearResult {
 };
 
 PerUtility<YearResult> yearResults(const OverviewInput& input);
+// True when one of them stands as of its last reading.
+bool isUnderWay(const PerUtility<YearResult>& results);
 
 // The same as one sentence per utility (electricity, water, gas):
 // "Strom: Nachzahlung 25,99 €; passender Abschlag wäre 138,17 € im Monat."

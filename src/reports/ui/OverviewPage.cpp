@@ -34,8 +34,12 @@ void OverviewPage::buildLayout() {
     button->setMinimumWidth(button->fontMetrics().averageCharWidth() * 20);
     buttons->addWidget(button);
   }
-  dressOutputNote(lblAusgabe);
-  buttons->addWidget(lblAusgabe);
+  for (QLabel* note : {lblStand, lblAusgabe}) {
+    dressOutputNote(note);
+    buttons->addWidget(note);
+  }
+  lblStand->setText(u"Die Tabelle zählt alles, was eingetragen ist."_s);
+  lblStand->setToolTip(asOfLastReadingNote());
   buttons->addStretch();
 
   grdDruck->setAccessibleName(u"Jahresübersicht"_s);
@@ -60,7 +64,9 @@ void OverviewPage::showEvent(QShowEvent* event) {
 void OverviewPage::rebuild() {
   const OverviewInput input = overviewInput(year_);
   grdDruck->setGrid(buildOverview(input, measureOn(*grdDruck)));
-  fraErgebnisse->show(yearResults(input));
+  const auto results = yearResults(input);
+  fraErgebnisse->show(results);
+  lblStand->setVisible(isUnderWay(results));
   sayBelow(lblAusgabe, pageNotice(htmlPage(), year_.path(), services_));
 }
 

@@ -31,6 +31,8 @@ class OverviewPage final : public QFrame {
   QPushButton* const cmdExpHtml = widgets::control<QPushButton>(this, "cmdExpHtml");
   QPushButton* const cmdVorschau = widgets::control<QPushButton>(this, "cmdVorschau");
   QPushButton* const cmdPdf = widgets::control<QPushButton>(this, "cmdPdf");
+  // Why the table's last line differs from the cards in a year that is under way.
+  QLabel* const lblStand = widgets::control<QLabel>(this, "lblStand");
   QLabel* const lblAusgabe = widgets::control<QLabel>(this, "lblAusgabe");
   QPushButton* const cmdKopieren = widgets::control<QPushButton>(this, "cmdKopieren");
   ResultCards* const fraErgebnisse = new ResultCards(this);

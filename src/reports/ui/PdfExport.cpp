@@ -14,14 +14,13 @@ QString asOfLastReadingNote() {
 
 PageWords overviewWords(const OverviewInput& input) {
   PageWords words{footerOf(input.yearFileName), {}};
-  bool underWay = false;
-  for (const YearResult& result : yearResults(input)) {
+  const auto results = yearResults(input);
+  for (const YearResult& result : results) {
     std::string line = result.name + ": " + result.headline;
     if (!result.fitting.empty()) line += ". " + result.fitting;
     words.below += QString::fromStdString(line + ".");
-    underWay = underWay || !result.standing.empty();
   }
-  if (underWay) words.below += asOfLastReadingNote();
+  if (isUnderWay(results)) words.below += asOfLastReadingNote();
   return words;
 }
 

@@ -58,6 +58,14 @@ TEST_F(ReportPages, OverviewIsBuiltAnewEachTimeItIsShown) {
   overviewPage_.show();
   EXPECT_EQ(cellText(*overviewPage_.grdDruck, 30, 1), u"1.657,99"_s);
   EXPECT_TRUE(card().contains(u"Nachzahlung 1.657,99 Euro"));
+  EXPECT_FALSE(overviewPage_.lblStand->isVisible()) << "cards and table agree in a whole year";
+  overviewPage_.hide();
+  ASSERT_TRUE(year_->transact({}, [](yearbook::YearRows& rows) {
+    auto done = rows.adoGas.setNumber(11, yearbook::gas::reading, 0);
+    return done ? rows.adoGas.setNumber(11, yearbook::gas::consumption, 0) : done;
+  }));
+  overviewPage_.show();
+  EXPECT_TRUE(overviewPage_.lblStand->isVisible()) << "gas is read until November";
 }
 
 TEST_F(ReportPages, OverviewExportWritesTellsAndOpens) {
