@@ -75,8 +75,8 @@ std::vector<std::string> basisOf(const Forecast& forecast) {
   if (sentences.empty()) return sentences;
   sentences.emplace_back(
       "Preise und Abschläge kommender Monate wie eingetragen, wo nichts eingetragen ist wie "
-      "zuletzt; die Grundgebühr des ganzen Jahres. In acht von zehn Jahren liegt das Ergebnis in "
-      "der Spanne.");
+      "zuletzt; die Grundgebühr des ganzen Jahres steht beim ersten Zähler eines Versorgers. In "
+      "acht von zehn Jahren liegt das Ergebnis in der Spanne.");
   return sentences;
 }
 

@@ -254,7 +254,10 @@ TEST_F(YearPages, HidingTheNightTariffClosesTheGap) {
   window->resize(1400, 800);  // side by side
   settle();
   const int before = window->Frame1->months->mapTo(window.get(), QPoint()).x();
+  const auto* onlyDay = window->findChild<QLabel*>(u"lblNurTagstrom"_s);
+  EXPECT_TRUE(onlyDay->isVisible());
   window->mnuNachtstrom->trigger();
+  EXPECT_FALSE(onlyDay->isVisible()) << "there is no other";
   settle();
   EXPECT_FALSE(window->Frame1->FrameNachtstrom->isVisible());
   EXPECT_FALSE(window->Frame1->Frame22->isVisible());

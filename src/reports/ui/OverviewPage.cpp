@@ -12,12 +12,18 @@
 using namespace Qt::StringLiterals;
 
 namespace reports {
+namespace {
+
+constexpr int kGap = 4;  // below a button
+
+}  // namespace
 
 OverviewPage::OverviewPage(const dialogs::Services& services, const yearbook::YearSession& year,
                            QWidget* parent)
     : QFrame(parent), services_(services), year_(year) {
   setObjectName(u"Frame4"_s);
   buildLayout();
+  grdDruck->installEventFilter(this);
   connect(cmdDrucken, &QPushButton::clicked, this, &OverviewPage::cmdDruckenClick);
   connect(cmdExpHtml, &QPushButton::clicked, this, &OverviewPage::cmdExpHtmlClick);
   connect(cmdVorschau, &QPushButton::clicked, this, &OverviewPage::cmdVorschauClick);
@@ -28,7 +34,7 @@ OverviewPage::OverviewPage(const dialogs::Services& services, const yearbook::Ye
 void OverviewPage::buildLayout() {
   captionAll({cmdDrucken, cmdVorschau, cmdExpHtml, cmdKopieren}, u"Übersicht"_s);
   auto* buttons = new QVBoxLayout;
-  buttons->setSpacing(4);
+  buttons->setSpacing(kGap);
   captionPdf(cmdPdf);
   for (QPushButton* button : {cmdDrucken, cmdVorschau, cmdExpHtml, cmdPdf, cmdKopieren}) {
     button->setMinimumWidth(button->fontMetrics().averageCharWidth() * 20);
@@ -66,8 +72,21 @@ void OverviewPage::rebuild() {
   grdDruck->setGrid(buildOverview(input, measureOn(*grdDruck)));
   const auto results = yearResults(input);
   fraErgebnisse->show(results);
-  lblStand->setVisible(isUnderWay(results));
+  underWay_ = isUnderWay(results);
+  showStand();
   sayBelow(lblAusgabe, pageNotice(htmlPage(), year_.path(), services_));
+}
+
+bool OverviewPage::eventFilter(QObject* watched, QEvent* event) {
+  if (event->type() == QEvent::Resize) showStand();
+  return QFrame::eventFilter(watched, event);
+}
+
+// On a small screen the buttons take all the height; the cards' tooltips and the print say it too.
+void OverviewPage::showStand() {
+  const int buttons = cmdKopieren->geometry().bottom() - cmdDrucken->y();
+  const int needed = lblStand->heightForWidth(cmdDrucken->width()) + kGap;
+  lblStand->setVisible(underWay_ && buttons + needed < grdDruck->height());
 }
 
 GridPrinter OverviewPage::pages() const {

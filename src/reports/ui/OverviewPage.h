@@ -31,7 +31,8 @@ class OverviewPage final : public QFrame {
   QPushButton* const cmdExpHtml = widgets::control<QPushButton>(this, "cmdExpHtml");
   QPushButton* const cmdVorschau = widgets::control<QPushButton>(this, "cmdVorschau");
   QPushButton* const cmdPdf = widgets::control<QPushButton>(this, "cmdPdf");
-  // Why the table's last line differs from the cards in a year that is under way.
+  // Why the table's last line differs from the cards of a year that is under way, where there is
+  // room for it.
   QLabel* const lblStand = widgets::control<QLabel>(this, "lblStand");
   QLabel* const lblAusgabe = widgets::control<QLabel>(this, "lblAusgabe");
   QPushButton* const cmdKopieren = widgets::control<QPushButton>(this, "cmdKopieren");
@@ -41,14 +42,17 @@ class OverviewPage final : public QFrame {
 
  protected:
   void showEvent(QShowEvent* event) override;
+  bool eventFilter(QObject* watched, QEvent* event) override;
 
  private:
   void buildLayout();
+  void showStand();
   GridPrinter pages() const;
   std::string htmlPage() const;
 
   const dialogs::Services& services_;
   const yearbook::YearSession& year_;
+  bool underWay_ = false;
 };
 
 }  // namespace reports

@@ -87,6 +87,12 @@ void MonthTable::buildHeader(QGridLayout* grid) {
   grid->addWidget(monthHeading, kHeaderRow, kMonth);
   grid->addWidget(heading(u"Verbrauch"_s, this), kHeaderRow, kConsumption,
                   Qt::AlignRight | Qt::AlignVCenter);
+  if (utility_ == Utility::Electricity) {
+    onlyDay_ = new QLabel(u"nur Tagstrom"_s, this);
+    onlyDay_->setObjectName(u"lblNurTagstrom"_s);
+    onlyDay_->setForegroundRole(QPalette::PlaceholderText);
+    grid->addWidget(onlyDay_, kHeaderRow, kBar, Qt::AlignLeft | Qt::AlignVCenter);
+  }
   auto* advanceHeading = heading(u"Abschlag"_s, this);
   advanceHeading->setContentsMargins(0, 0, textInset(*advance(0)), 0);
   grid->addWidget(advanceHeading, kHeaderRow, kAdvance, Qt::AlignRight | Qt::AlignVCenter);
@@ -210,6 +216,7 @@ void MonthTable::showValues() {
     marks_[i]->setVisible(current);
     bars_[i]->setShare(texts.shares[i]);
   }
+  if (onlyDay_) onlyDay_->setVisible(editor_.values().nightShown);
   consumptionSum_->setText(QString::fromStdString(texts.consumptionSum));
   advanceSum->setText(QString::fromStdString(texts.advanceSum));
   const bool writable = !editor_.session().database().writeObstacle();

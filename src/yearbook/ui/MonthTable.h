@@ -65,6 +65,7 @@ class MonthTable final : public TitledFrame {
   Utility utility_;
   QString unit_;
   QLabel* consumptionSum_;
+  QLabel* onlyDay_ = nullptr;  // beside a night meter; nullptr where there is none
   PerMonth<ConsumptionBar*> bars_{};
   PerMonth<QWidget*> marks_{};
   PerMonth<QLabel*> doubts_{};  // in a bar's place

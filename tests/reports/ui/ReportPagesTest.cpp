@@ -65,7 +65,10 @@ TEST_F(ReportPages, OverviewIsBuiltAnewEachTimeItIsShown) {
     return done ? rows.adoGas.setNumber(11, yearbook::gas::consumption, 0) : done;
   }));
   overviewPage_.show();
+  overviewPage_.resize(900, 700);
   EXPECT_TRUE(overviewPage_.lblStand->isVisible()) << "gas is read until November";
+  overviewPage_.resize(900, 300);
+  EXPECT_FALSE(overviewPage_.lblStand->isVisible()) << "it would be cut";
 }
 
 TEST_F(ReportPages, OverviewExportWritesTellsAndOpens) {
