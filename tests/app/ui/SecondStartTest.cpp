@@ -5,6 +5,8 @@
 #include <QProcess>
 #include <QTest>
 #include <csignal>
+#include <filesystem>
+#include <fstream>
 
 #include "SampleYear.h"
 #include "base/File.h"
@@ -78,6 +80,25 @@ TEST_F(SecondStart, HandsItsFileToTheOneThatRuns) {
   ASSERT_TRUE(fourth.waitForFinished(20'000));
   EXPECT_TRUE(opens("B.kwd"));
   EXPECT_EQ(third.state(), QProcess::Running);
+}
+
+// A file that was handed over to a program that then died is opened by the one that waited.
+TEST_F(SecondStart, WhatNobodyWaitsForIsNotOpenedLater) {
+  QProcess& first = start({at("A.kwd")});
+  ASSERT_TRUE(opens("A.kwd"));
+  first.kill();
+  ASSERT_TRUE(first.waitForFinished());
+  std::filesystem::path message;
+  for (const auto& entry : std::filesystem::recursive_directory_iterator(home.path()))
+    if (entry.path().filename() == "sperre") message = entry.path().parent_path() / "1.oeffnen";
+  ASSERT_FALSE(message.empty());
+  std::ofstream(message) << (home / "B.kwd");
+  using std::filesystem::file_time_type;
+  std::filesystem::last_write_time(message, file_time_type::clock::now() - std::chrono::minutes(1));
+  start({at("A.kwd")});
+  ASSERT_TRUE(opens("A.kwd"));
+  EXPECT_FALSE(std::filesystem::exists(message));
+  EXPECT_FALSE(isOpen("B.kwd"));
 }
 
 TEST_F(SecondStart, AnotherHomeFolderIsAnotherUser) {
