@@ -43,7 +43,6 @@ Theme themeOf(const QPalette& palette) {
 ChartWidget::ChartWidget(QWidget* parent) : QWidget(parent) {
   setMouseTracking(true);
   setFocusPolicy(Qt::StrongFocus);
-  setAttribute(Qt::WA_OpaquePaintEvent);
   setSizePolicy(QSizePolicy::Expanding, QSizePolicy::Expanding);
   setAccessibleName(u"Diagramm"_s);
 }
