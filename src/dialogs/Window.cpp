@@ -17,14 +17,22 @@ namespace {
 // What is left of 1366 x 768 at 144 dpi, or of 1024 x 600.
 constexpr QSize kSmallScreen(880, 440);
 
-// The last row of a window whose parts stand one below the other, if buttons stand in it.
-QLayout* takeButtonRow(QLayout* content) {
+// What stands last where the parts stand one below the other.
+QLayout* lastOf(QLayout* content) {
   auto* rows = qobject_cast<QVBoxLayout*>(content);
-  QLayout* last = rows && rows->count() > 0 ? rows->itemAt(rows->count() - 1)->layout() : nullptr;
-  for (int i = 0; last && i < last->count(); ++i)
-    if (qobject_cast<QPushButton*>(last->itemAt(i)->widget()))
-      return rows->takeAt(rows->count() - 1)->layout();
-  return nullptr;
+  return rows && rows->count() > 0 ? rows->itemAt(rows->count() - 1)->layout() : nullptr;
+}
+
+// A row of buttons, or one with a line above it.
+bool endsWithButtons(QLayout* foot) {
+  for (int i = 0; foot && i < foot->count(); ++i)
+    if (qobject_cast<QPushButton*>(foot->itemAt(i)->widget())) return true;
+  return foot && lastOf(foot) && endsWithButtons(lastOf(foot));
+}
+
+QLayout* takeFoot(QLayout* content) {
+  if (!endsWithButtons(lastOf(content))) return nullptr;
+  return content->takeAt(content->count() - 1)->layout();
 }
 
 }  // namespace
@@ -62,7 +70,7 @@ void Window::setVisible(bool visible) {
   QDialog::setVisible(visible);
 }
 
-// All but the row of buttons at the bottom, where there is one.
+// All but the row of buttons at the bottom, where there is one, and the line above it.
 void Window::letTallContentScroll() {
   QLayout* content = layout();
   if (!content) return;
@@ -70,7 +78,7 @@ void Window::letTallContentScroll() {
   if (least.width() <= kSmallScreen.width() && least.height() <= kSmallScreen.height()) return;
   const QSize chosen = testAttribute(Qt::WA_Resized) ? size() : QSize();
   const QMargins margins = content->contentsMargins();
-  QLayout* buttons = takeButtonRow(content);
+  QLayout* buttons = takeFoot(content);
   constexpr int kAboveButtons = 8;
   if (buttons)
     content->setContentsMargins(margins.left(), margins.top(), margins.right(), kAboveButtons);

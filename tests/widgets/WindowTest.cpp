@@ -198,4 +198,21 @@ TEST_F(WindowBase, OpensWithAllOfATallContentInSight) {
   EXPECT_FALSE(area->isAncestorOf(window.cmdStore));
 }
 
+TEST_F(WindowBase, ALineAboveTheButtonsStaysInSightWithThem) {
+  auto* foot = new QVBoxLayout;
+  auto* note = new QLabel(u"noch nicht übernommen"_s);
+  foot->addWidget(note);
+  auto* buttons = new QHBoxLayout;
+  buttons->addWidget(window.cmdStore);
+  foot->addLayout(buttons);
+  static_cast<QVBoxLayout*>(window.layout())->addLayout(foot);
+  window.first->setMinimumSize(300, 460);
+  show();
+  const auto* area = window.findChild<QScrollArea*>();
+  ASSERT_NE(area, nullptr);
+  EXPECT_TRUE(area->isAncestorOf(window.first));
+  EXPECT_FALSE(area->isAncestorOf(window.cmdStore));
+  EXPECT_FALSE(area->isAncestorOf(note));
+}
+
 }  // namespace

@@ -79,8 +79,7 @@ void BaseFeeWindow::arrange() {
   window->setContentsMargins(14, 12, 14, 12);
   window->setSpacing(12);
   window->addWidget(Frame1, 1);
-  window->addWidget(lblOffen);
-  window->addLayout(buttonRow({Command3}, {Command1, Command2}));
+  window->addLayout(footOf(lblOffen, buttonRow({Command3}, {Command1, Command2})));
   letColumnsBePasted({txtVerbrauch.begin(), txtVerbrauch.end()});
   tameButtons();
 }

@@ -84,6 +84,14 @@ void setDigits(widgets::NumberField* field, int digits) {
                        kFrameAndCursor);
 }
 
+QVBoxLayout* footOf(QWidget* note, QHBoxLayout* buttons) {
+  auto* foot = new QVBoxLayout;
+  foot->setSpacing(12);
+  foot->addWidget(note);
+  foot->addLayout(buttons);
+  return foot;
+}
+
 QHBoxLayout* buttonRow(std::initializer_list<QPushButton*> left,
                        std::initializer_list<QPushButton*> right) {
   auto* row = new QHBoxLayout;

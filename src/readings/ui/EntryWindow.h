@@ -13,6 +13,7 @@
 #include "yearbook/YearSession.h"
 
 class QHBoxLayout;
+class QVBoxLayout;
 
 namespace readings {
 
@@ -54,6 +55,8 @@ using widgets::utf8;
 void makeDisplay(widgets::NumberField* field);
 // Wide enough for that many digits.
 void setDigits(widgets::NumberField* field, int digits);
+// The note on what is open above the buttons: both stay in sight where the rest scrolls.
+QVBoxLayout* footOf(QWidget* note, QHBoxLayout* buttons);
 // Buttons at both ends of a line.
 QHBoxLayout* buttonRow(std::initializer_list<QPushButton*> left,
                        std::initializer_list<QPushButton*> right);

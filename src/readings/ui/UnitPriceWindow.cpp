@@ -102,22 +102,24 @@ void UnitPriceWindow::arrange() {
   window->setContentsMargins(14, 12, 14, 12);
   window->setSpacing(12);
   window->addWidget(Frame1, 1);
-  window->addWidget(lblOffen);
-  window->addLayout(buttonRow({}, {Command1, Command2}));
+  window->addLayout(footOf(lblOffen, buttonRow({}, {Command1, Command2})));
   tameButtons();
 }
 
 QGridLayout* UnitPriceWindow::arrangeMonths() {
   auto* grid = new QGridLayout;
   grid->setHorizontalSpacing(8);
-  grid->setVerticalSpacing(2);
+  grid->setVerticalSpacing(1);
   grid->setColumnStretch(0, 1);
+  // Even, or half a pixel sets some texts of a line lower than the others.
+  const int line = (fontMetrics().height() + 9) / 2 * 2;
   for (int k = 0; k < kMonths; ++k) {
     makeDisplay(monthPrice(k));
     monthPrice(k)->setDecimals(kDecimals.least, kDecimals.most);
     setDigits(monthPrice(k), kPriceDigits);
     grid->addWidget(Check1(k), k, 0);
     cmdAb(k)->setAutoRaise(true);
+    cmdAb(k)->setFixedHeight(line);
     cmdAb(k)->setFocusPolicy(Qt::NoFocus);
     grid->addWidget(cmdAb(k), k, 1);
     grid->addWidget(monthPrice(k), k, 2);
