@@ -71,6 +71,7 @@ frmVerbrauch::~frmVerbrauch() {
 void frmVerbrauch::buildPages() {
   TabStrip->setDocumentMode(true);
   TabStrip->setAccessibleName(u"Seiten des Jahres"_s);
+  TabStrip->setIconSize(yearbook::kTabMark);
   TabStrip->addTab(Frame1, u"Zählerstände und Preise Strom"_s);
   TabStrip->addTab(Frame2, u"Zählerstände und Preise Wasser"_s);
   TabStrip->addTab(Frame3, u"Zählerstände und Preise Gas"_s);
@@ -93,7 +94,7 @@ void frmVerbrauch::markTabs() {
                                                         {Frame2, yearbook::Meter::Water},
                                                         {Frame3, yearbook::Meter::Gas}};
   for (const auto& [page, meter] : pages)
-    TabStrip->setTabIcon(TabStrip->indexOf(page), yearbook::meterMark(meter, palette()));
+    TabStrip->setTabIcon(TabStrip->indexOf(page), yearbook::tabMark(meter, palette()));
 }
 
 void frmVerbrauch::changeEvent(QEvent* event) {
@@ -109,8 +110,8 @@ void frmVerbrauch::takeFittingSize() {
     wanted = wanted.expandedTo(page->fullSize());
   wanted += QSize(24, menuBar()->sizeHint().height() + Toolbar1->sizeHint().height() +
                           TabStrip->tabBar()->sizeHint().height() + 8);
-  // Room for a notice, which may come later.
-  wanted.rheight() += 2 * fontMetrics().lineSpacing();
+  // Room for a notice or the first steps, which may come later.
+  wanted.rheight() += 5 * fontMetrics().lineSpacing();
   // The title bar and the frame are not part of it.
   constexpr QSize kDecoration(16, 40);
   resize(wanted.boundedTo(screen()->availableSize() - kDecoration));

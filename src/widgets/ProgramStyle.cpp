@@ -5,6 +5,8 @@
 #include <QPointer>
 #include <QRadioButton>
 #include <QStyleOption>
+#include <QTabBar>
+#include <cmath>
 
 #include "widgets/LateIcon.h"
 #include "widgets/Tones.h"
@@ -62,6 +64,36 @@ void drawLine(const QStyleOption& option, QPainter* painter, bool round) {
   painter->restore();
 }
 
+// Where a pixel of the window is no whole number of pixels on the screen, the style's line around
+// lists falls beside them at most places.
+bool isLost(QStyle::PrimitiveElement element, const QPainter& painter) {
+  const double scale = painter.deviceTransform().m11();
+  return element == QStyle::PE_Frame && scale != std::floor(scale);
+}
+
+void drawLostLine(const QStyleOption& option, QPainter* painter) {
+  constexpr int kDarker = 140, kLighter = 108;  // as the style's own
+  const QColor line = option.palette.color(QPalette::Window).darker(kDarker).lighter(kLighter);
+  painter->save();
+  painter->setRenderHint(QPainter::Antialiasing);
+  painter->setBrush(Qt::NoBrush);
+  painter->setPen(line);
+  painter->drawRect(QRectF(option.rect).adjusted(0.5, 0.5, -0.5, -0.5));
+  painter->restore();
+}
+
+// What stands left and right of a tab's text together: as much as the style wants, or what there
+// is.
+int roomBesideText(const QTabBar& bar, int wanted) {
+  constexpr int kLeast = 2, kBesideIcon = 4;
+  int texts = 0;
+  for (int i = 0; i < bar.count(); ++i) {
+    texts += bar.fontMetrics().size(Qt::TextShowMnemonic, bar.tabText(i)).width();
+    if (!bar.tabIcon(i).isNull()) texts += bar.iconSize().width() + kBesideIcon;
+  }
+  return std::clamp((bar.width() - texts) / std::max(1, bar.count()), kLeast, wanted);
+}
+
 }  // namespace
 
 void ProgramStyle::polish(QWidget* widget) {
@@ -89,14 +121,31 @@ void ProgramStyle::drawPrimitive(PrimitiveElement element, const QStyleOption* o
   const bool round = element == PE_IndicatorRadioButton;
   const bool hasLine = round || element == PE_FrameLineEdit || element == PE_IndicatorCheckBox ||
                        isFading(element, *option);
-  if (hasLine && isDark(option->palette)) drawLine(*option, painter, round);
+  if (hasLine && isDark(option->palette))
+    drawLine(*option, painter, round);
+  else if (isLost(element, *painter))
+    drawLostLine(*option, painter);
 }
 
 int ProgramStyle::pixelMetric(PixelMetric metric, const QStyleOption* option,
                               const QWidget* widget) const {
   constexpr int kHeaderMargin = 6;
-  return metric == PM_HeaderMargin ? kHeaderMargin
-                                   : QProxyStyle::pixelMetric(metric, option, widget);
+  if (metric == PM_HeaderMargin) return kHeaderMargin;
+  const int wanted = QProxyStyle::pixelMetric(metric, option, widget);
+  const auto* bar = qobject_cast<const QTabBar*>(widget);
+  // Others than those of a document are as wide as their tabs.
+  if (metric != PM_TabBarTabHSpace || !bar || !bar->documentMode()) return wanted;
+  return roomBesideText(*bar, wanted);
+}
+
+QSize ProgramStyle::sizeFromContents(ContentsType type, const QStyleOption* option,
+                                     const QSize& contents, const QWidget* widget) const {
+  const auto* head = qstyleoption_cast<const QStyleOptionHeader*>(option);
+  if (type != CT_HeaderSection || !head || !widget)
+    return QProxyStyle::sizeFromContents(type, option, contents, widget);
+  QStyleOptionHeader plain(*head);
+  plain.fontMetrics = widget->fontMetrics();
+  return QProxyStyle::sizeFromContents(type, &plain, contents, widget);
 }
 
 }  // namespace widgets

@@ -4,7 +4,7 @@
 
 namespace widgets {
 
-// The system's style, or the one of that name, with four changes. In dark its field lines are
+// The system's style, or the one of that name, with some changes. In dark its field lines are
 // darker than their ground: fields, check boxes and radio buttons get a line that can be seen, on
 // black buttons, choices and lists as well. The arrow of menu bars and toolbars that are too narrow
 // is fetched when it is drawn: the style decodes it for every bar, seen or not, and the first
@@ -19,9 +19,13 @@ class ProgramStyle final : public QProxyStyle {
                      const QWidget* widget) const override;
   void drawPrimitive(PrimitiveElement element, const QStyleOption* option, QPainter* painter,
                      const QWidget* widget) const override;
-  // Heads of tables stand as far from the line between columns as the cells do.
+  // Heads of tables stand as far from the line between columns as the cells do, and tabs closer
+  // together where the window is too narrow for all of them.
   int pixelMetric(PixelMetric metric, const QStyleOption* option,
                   const QWidget* widget) const override;
+  // No head is ever bold, and none gets the room for it.
+  QSize sizeFromContents(ContentsType type, const QStyleOption* option, const QSize& contents,
+                         const QWidget* widget) const override;
 };
 
 }  // namespace widgets

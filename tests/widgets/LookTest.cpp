@@ -9,6 +9,8 @@
 #include <QListWidget>
 #include <QPushButton>
 #include <QRadioButton>
+#include <QTabBar>
+#include <QToolButton>
 #include <map>
 
 #include "dialogs/LookMenu.h"
@@ -142,6 +144,63 @@ TEST_F(LookTest, ButtonsChoicesAndListsHaveALineOnBlack) {
       best = std::max(best, contrast(picture.pixelColor(x, picture.height() / 2), Qt::black));
     EXPECT_GE(best, 3.0) << widget->metaObject()->className();
   }
+}
+
+// Where one and a half pixels of the screen are one of the window's.
+TEST_F(LookTest, AListHasItsLineOnEverySideAt144Dpi) {
+  QApplication::setStyle(new widgets::ProgramStyle(u"Fusion"_s));
+  widgets::showAs(Look::Light);
+  QWidget window;
+  window.resize(200, 100);
+  QListWidget list(&window);
+  for (const QRect place : {QRect(15, 13, 101, 61), QRect(16, 14, 100, 60)}) {
+    list.setGeometry(place);
+    QImage picture(300, 150, QImage::Format_RGB32);
+    picture.setDevicePixelRatio(1.5);
+    window.render(&picture);
+    const auto isDrawn = [&](double x, double y) {
+      constexpr int kLine = 200;  // window and list are lighter
+      bool drawn = false;
+      for (int dx = -1; dx <= 1; ++dx)
+        for (int dy = -1; dy <= 1; ++dy)
+          drawn |= qGray(picture.pixel(int(x * 1.5) + dx, int(y * 1.5) + dy)) < kLine;
+      return drawn;
+    };
+    const QPointF middle = QRectF(place).center();
+    EXPECT_TRUE(isDrawn(place.left(), middle.y())) << place.left();
+    EXPECT_TRUE(isDrawn(place.right() + 0.5, middle.y())) << place.left();
+    EXPECT_TRUE(isDrawn(middle.x(), place.top())) << place.left();
+    EXPECT_TRUE(isDrawn(middle.x(), place.bottom() + 0.5)) << place.left();
+  }
+}
+
+TEST_F(LookTest, TabsOfADocumentCloseUpBeforeTheyScroll) {
+  QApplication::setStyle(new widgets::ProgramStyle(u"Fusion"_s));
+  QTabBar tabs;
+  tabs.setDocumentMode(true);
+  tabs.setExpanding(false);
+  const QPixmap mark(10, 10);
+  int texts = 0;
+  for (const auto& name : {u"Zählerstände und Preise"_s, u"Übersicht"_s, u"Anmerkungen"_s}) {
+    tabs.addTab(QIcon(mark), name);
+    texts += tabs.fontMetrics().horizontalAdvance(name);
+  }
+  const auto widthOfFirst = [&](int width) {
+    tabs.resize(width, 30);
+    tabs.show();
+    QCoreApplication::processEvents();
+    return tabs.tabRect(0).width();
+  };
+  const int wide = widthOfFirst(2 * texts);
+  const int icons = 3 * (tabs.iconSize().width() + 4);
+  const int narrow = widthOfFirst(texts + icons + 3 * 8);
+  EXPECT_LE(narrow + 12, wide);
+  EXPECT_GE(tabs.width(), tabs.tabRect(2).right());
+  for (const auto* arrow : tabs.findChildren<QToolButton*>()) EXPECT_FALSE(arrow->isVisible());
+  EXPECT_EQ(widthOfFirst(2 * texts), wide);
+  // The texts are whole all the same.
+  widthOfFirst(texts / 2);
+  EXPECT_GT(tabs.tabRect(0).width(), tabs.fontMetrics().horizontalAdvance(tabs.tabText(0)));
 }
 
 TEST_F(LookTest, ATextKeepsItsToneInWhateverThemeComes) {

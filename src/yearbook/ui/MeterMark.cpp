@@ -14,4 +14,8 @@ QIcon meterMark(Meter meter, const QPalette& palette) {
   return widgets::colorMark(palette, meterColor(meter, palette));
 }
 
+QIcon tabMark(Meter meter, const QPalette& palette) {
+  return widgets::colorMark(palette, meterColor(meter, palette), {0, 0, 3, 0});
+}
+
 }  // namespace yearbook
