@@ -15,7 +15,7 @@ GrossButton::GrossButton(widgets::NumberField* field, const Services& services,
   setToolTip(u"Brutto umrechnen"_s);
   setAccessibleName(toolTip());
   setAccessibleDescription(u"Strg+B im Feld"_s);
-  setFixedSize(QSize(26, 24).expandedTo(minimumSizeHint()));
+  setFixedSize(QSize(26, kHeight).expandedTo(minimumSizeHint()));
   setFocusPolicy(Qt::NoFocus);
   connect(this, &QToolButton::clicked, this, &GrossButton::convert);
   auto* key = new QShortcut(QKeySequence(u"Ctrl+B"_s), field);

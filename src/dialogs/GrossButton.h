@@ -13,6 +13,9 @@ namespace dialogs {
 class GrossButton final : public QToolButton {
   Q_OBJECT
  public:
+  // With letters of the usual size.
+  static constexpr int kHeight = 24;
+
   // The figure as it is when the button is pressed.
   GrossButton(widgets::NumberField* field, const Services& services,
               std::function<GrossFigure()> figure, QWidget* parent);

@@ -84,6 +84,10 @@ QLabel* FigureGroup::addNote() {
   auto* note = new QLabel(this);
   note->setForegroundRole(QPalette::PlaceholderText);
   note->setWordWrap(true);
+  // Nothing moves when it speaks, and two meters side by side keep their lines at one height.
+  QSizePolicy policy = note->sizePolicy();
+  policy.setRetainSizeWhenHidden(true);
+  note->setSizePolicy(policy);
   note->hide();
   rows_.push_back({{}, note});
   arrange(1);

@@ -18,6 +18,13 @@ namespace {
 // In lines of text. In a taller page the months stand too far apart to be read as one table.
 constexpr int kTallestPage = 54;
 
+// A line without the button is as high as the one beside it that has one.
+QWidget* roomOfGrossButton(QWidget* parent) {
+  auto* room = new QWidget(parent);
+  room->setFixedSize(0, dialogs::GrossButton::kHeight);
+  return room;
+}
+
 }  // namespace
 
 ResultGroup::ResultGroup(QWidget* parent, const QString& caption, DerivedField* total)
@@ -62,8 +69,11 @@ void ResultGroup::showTotal(const FieldValues& values, Utility utility) {
   totalNote_->setText(QString::fromStdString(grossNote(values, utility)));
 }
 
-void ResultGroup::addButton(QWidget* button) {
-  buttons_->addWidget(button);
+void ResultGroup::addButton(QWidget* made) {
+  // Narrower than buttons usually are: on a small screen they stand beside the meters.
+  if (auto* button = qobject_cast<QPushButton*>(made))
+    button->setMinimumWidth(button->fontMetrics().horizontalAdvance(button->text()) + 16);
+  buttons_->addWidget(made);
 }
 
 UtilityPage::UtilityPage(QWidget* parent, const char* name, YearEditor& editor)
@@ -127,8 +137,8 @@ void UtilityPage::addMeterLines(FigureGroup* frame, const MeterFrame& fields, Me
 void UtilityPage::addPriceLine(FigureGroup* frame, QLineEdit* price, Meter meter) const {
   const QString label = u"Preis je Einheit"_s;
   const QString unit = widgets::utf8(factsOf(meter).price->unit);
-  frame->addLine(label, price, unit + u" netto"_s,
-                 grossButton(price, meter, {label + u", "_s + frame->title(), unit}));
+  QWidget* gross = grossButton(price, meter, {label + u", "_s + frame->title(), unit});
+  frame->addLine(label, price, unit + u" netto"_s, gross ? gross : roomOfGrossButton(frame));
   price->setToolTip(priceTip(*price));
   QLabel* note = frame->addNote();
   note->setObjectName(u"lblPreise"_s + widgets::utf8(factsOf(meter).name));
@@ -261,9 +271,18 @@ void UtilityPage::placeBelow() {
   if (parts_.contract->minimumSizeHint().width() > room) parts_.contract->arrange(1);
   places_->addWidget(parts_.first, 0, 0);
   if (parts_.second) places_->addWidget(parts_.second, 1, 0);
-  places_->addWidget(parts_.months, 0, 1, 2, 1);
+  // Two meters are higher than the months: the result fills what is left beside them.
+  if (parts_.second) {
+    auto* beside = new QVBoxLayout;
+    beside->setSpacing(places_->verticalSpacing());
+    beside->addWidget(parts_.months);
+    beside->addWidget(parts_.result, 1);
+    places_->addLayout(beside, 0, 1, 2, 1);
+  } else {
+    places_->addWidget(parts_.months, 0, 1, 2, 1);
+    places_->addWidget(parts_.result, 3, 0, 1, 2);
+  }
   places_->addWidget(parts_.contract, 2, 0, 1, 2);
-  places_->addWidget(parts_.result, 3, 0, 1, 2);
   places_->setColumnStretch(1, 1);
   places_->setRowStretch(1, 1);
   content_->setMaximumHeight(QWIDGETSIZE_MAX);
