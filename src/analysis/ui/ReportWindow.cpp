@@ -15,7 +15,7 @@
 #include "reports/DetailTable.h"
 #include "reports/FlexGridHTML.h"
 #include "reports/GridText.h"
-#include "widgets/TonedCells.h"
+#include "widgets/RoomyCells.h"
 
 using namespace Qt::StringLiterals;
 
@@ -24,17 +24,8 @@ namespace {
 
 constexpr reports::PrintMargins kMargins{640, 640};
 constexpr int kLeastButton = 88;
-
-// Room between the rows.
-class RowDelegate final : public widgets::TonedCells {
- public:
-  using TonedCells::TonedCells;
-  QSize sizeHint(const QStyleOptionViewItem& option, const QModelIndex& index) const override {
-    constexpr int kRoom = 8;
-    const QSize hint = TonedCells::sizeHint(option, index);
-    return {hint.width(), option.fontMetrics.height() + kRoom};
-  }
-};
+constexpr int kHeadRoom = 10;
+constexpr int kWidest = 40;  // what a column gets on top of its content
 
 // What stands behind a number, without a heading of its own.
 bool isUnit(const reports::Grid& grid, int column) {
@@ -43,6 +34,48 @@ bool isUnit(const reports::Grid& grid, int column) {
 
 bool isRight(const reports::Grid& grid, int column) {
   return grid.column(column).alignment == reports::Alignment::RightCenter;
+}
+
+// In two lines, as even as its words allow.
+QString folded(const QString& head, const QFontMetrics& text) {
+  QString best = head;
+  for (qsizetype at = head.indexOf(u' '); at >= 0; at = head.indexOf(u' ', at + 1)) {
+    QString lines = head;
+    lines[at] = u'\n';
+    if (text.size(0, lines).width() < text.size(0, best).width()) best = lines;
+  }
+  return best;
+}
+
+void foldHeads(QTreeWidget& tree, bool fold) {
+  QTreeWidgetItem* heads = tree.headerItem();
+  for (int column = 0; column < tree.columnCount(); ++column) {
+    const QString head = heads->text(column).replace(u'\n', u' ');
+    heads->setText(column, fold ? folded(head, tree.header()->fontMetrics()) : head);
+  }
+}
+
+void resizeColumns(QTreeWidget& tree) {
+  QHeaderView* header = tree.header();
+  // Only the column that the rows are sorted by needs room for the arrow.
+  const bool sorted = header->isSortIndicatorShown();
+  const int byColumn = sorted ? header->sortIndicatorSection() : -1;
+  for (int column = 0; column < tree.columnCount(); ++column) {
+    header->setSortIndicatorShown(column == byColumn);
+    tree.resizeColumnToContents(column);
+  }
+  header->setSortIndicatorShown(sorted);
+}
+
+// What is left beside the columns goes between them, as far as a row can still be followed. A unit
+// stays with its number.
+void spread(QTreeWidget& tree, int left) {
+  std::vector<int> wider;
+  for (int column = 0; column < tree.columnCount(); ++column)
+    if (!tree.isColumnHidden(column) && !tree.headerItem()->text(column).isEmpty())
+      wider.push_back(column);
+  const int each = std::clamp(left / std::max(1, int(wider.size())), 0, kWidest);
+  for (const int column : wider) tree.setColumnWidth(column, tree.columnWidth(column) + each);
 }
 
 }  // namespace
@@ -101,6 +134,16 @@ void ReportWindow::openAs(QSize size, const QTreeWidget& table) {
   openAs(size.expandedTo({columns, 0}));
 }
 
+void ReportWindow::resizeEvent(QResizeEvent* event) {
+  Window::resizeEvent(event);
+  for (QTreeWidget* table : findChildren<QTreeWidget*>()) fitColumns(table);
+}
+
+void ReportWindow::showEvent(QShowEvent* event) {
+  Window::showEvent(event);
+  for (QTreeWidget* table : findChildren<QTreeWidget*>()) fitColumns(table);
+}
+
 void ReportWindow::copy() {
   const reports::Grid table = shownTable();
   auto* copied = new QMimeData;
@@ -137,8 +180,8 @@ void ReportWindow::print() {
 void showHeadings(QTreeWidget* tree, const reports::Grid& grid) {
   tree->setColumnCount(grid.columns());
   tree->setUniformRowHeights(true);
-  if (dynamic_cast<RowDelegate*>(tree->itemDelegate()) == nullptr)
-    tree->setItemDelegate(new RowDelegate(tree));
+  if (qobject_cast<widgets::RoomyCells*>(tree->itemDelegate()) == nullptr)
+    tree->setItemDelegate(new widgets::RoomyCells(tree));
   tree->setAllColumnsShowFocus(true);
   for (int column = 0; column < grid.columns(); ++column) {
     tree->headerItem()->setText(column, QString::fromStdString(grid.text(0, column)));
@@ -160,19 +203,20 @@ void showRow(QTreeWidgetItem* item, const reports::Grid& grid, int row) {
 }
 
 void fitColumns(QTreeWidget* tree) {
-  constexpr int kApart = 8, kRoom = 10;
   QHeaderView* header = tree->header();
   header->setStretchLastSection(false);
-  header->setMinimumHeight(tree->fontMetrics().height() + kRoom);
-  // Only the column that the rows are sorted by needs room for the arrow.
-  const bool sorted = header->isSortIndicatorShown();
-  const int byColumn = sorted ? header->sortIndicatorSection() : -1;
-  for (int column = 0; column < tree->columnCount(); ++column) {
-    header->setSortIndicatorShown(column == byColumn);
-    tree->resizeColumnToContents(column);
-    tree->setColumnWidth(column, tree->columnWidth(column) + kApart);
+  header->setMinimumHeight(tree->fontMetrics().height() + kHeadRoom);
+  foldHeads(*tree, false);
+  resizeColumns(*tree);
+  if (!tree->isVisible()) return;
+  int room = tree->width() - 2 * tree->frameWidth();
+  if (tree->verticalScrollBarPolicy() != Qt::ScrollBarAlwaysOff)
+    room -= tree->verticalScrollBar()->sizeHint().width();
+  if (header->length() > room) {
+    foldHeads(*tree, true);
+    resizeColumns(*tree);
   }
-  header->setSortIndicatorShown(sorted);
+  spread(*tree, room - header->length());
 }
 
 void makeQuiet(QLabel* label) {

@@ -42,6 +42,8 @@ class ReportWindow : public dialogs::Window {
   void openAs(QSize size);
   // Wider where the columns of the table need it.
   void openAs(QSize size, const QTreeWidget& table);
+  void resizeEvent(QResizeEvent* event) override;
+  void showEvent(QShowEvent* event) override;
 
  private:
   void copy();
@@ -55,7 +57,7 @@ class ReportWindow : public dialogs::Window {
 // A table of texts as rows of a tree, column by column, numbers right. Row heights follow the font.
 void showHeadings(QTreeWidget* tree, const reports::Grid& grid);
 void showRow(QTreeWidgetItem* item, const reports::Grid& grid, int row);
-// Columns as wide as their content.
+// Columns as wide as their content; heads in two lines where the table has no room for all of them.
 void fitColumns(QTreeWidget* tree);
 // The darkest grey that is still quiet beside the text.
 void makeQuiet(QLabel* label);

@@ -101,6 +101,7 @@ QFrame* frmPrognose::buildCard(Utility utility) {
               u" ("_s + text(base::formatNumber(part.paymentLow->toDouble(), 0)) + u" bis "_s +
               text(base::formatNumber(part.paymentHigh->toDouble(), 0)) + u')';
   lines->addWidget(cardLine(payment, 1, false));
+  lines->addStretch(1);
   card->setAccessibleName(name + u": "_s + figure + u". "_s + range + u". "_s + payment);
   return card;
 }
@@ -178,8 +179,11 @@ void frmPrognose::fillTable() {
   analysis::fitColumns(lstZaehler);
   // The cards show balance and payment.
   for (const int column : {5, 7, 8}) lstZaehler->setColumnHidden(column, true);
-  const int height = (lstZaehler->sizeHintForRow(0) + 4) * lstZaehler->topLevelItemCount();
-  lstZaehler->setFixedHeight(height + lstZaehler->header()->sizeHint().height() + 4);
+  lstZaehler->setVerticalScrollBarPolicy(Qt::ScrollBarAlwaysOff);  // it shows all its rows
+  const QHeaderView* header = lstZaehler->header();
+  const int head = std::max(header->sizeHint().height(), header->minimumHeight());
+  lstZaehler->setFixedHeight(lstZaehler->sizeHintForRow(0) * lstZaehler->topLevelItemCount() +
+                             head + 2 * lstZaehler->frameWidth());
   lstZaehler->setMinimumWidth(lstZaehler->header()->length() + 2 * lstZaehler->frameWidth());
   lstZaehler->setVisible(row > 1);
   picMonate->setVisible(row > 1);

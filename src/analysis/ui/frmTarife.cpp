@@ -130,7 +130,8 @@ QWidget* frmTarife::buildChartSwitch() {
 void frmTarife::buildLayout() {
   lstAngebote->setAccessibleName(u"Angebote"_s);
   lstAngebote->setRootIsDecorated(false);
-  lstAngebote->setMinimumHeight(100);
+  // The contract and two offers below heads in two lines, and a bar.
+  lstAngebote->setMinimumHeight(7 * fontMetrics().height() + 24);
   auto* page = new QVBoxLayout(this);
   page->setContentsMargins(16, 12, 16, 12);
   page->setSpacing(12);

@@ -2,6 +2,7 @@
 
 #include <QApplication>
 #include <QClipboard>
+#include <QHeaderView>
 #include <QTest>
 #include <QTimer>
 #include <QToolButton>
@@ -90,6 +91,29 @@ TEST_F(AnalysisWindows, AllYearsOfOneMeterAreSortedByAnyColumn) {
   EXPECT_EQ(first(), u"1.350"_s);
   window->lstJahre->sortByColumn(10, Qt::DescendingOrder);
   EXPECT_EQ(first(), u"1.350"_s);  // 117,14 is more than 107,66
+}
+
+TEST_F(AnalysisWindows, HeadsTakeTwoLinesWhereTheTableIsNarrow) {
+  const auto window = allYears();
+  const QTreeWidgetItem& heads = *window->lstJahre->headerItem();
+  const auto widthAt = [&](int width) {
+    window->resize(width, 500);
+    QCoreApplication::processEvents();
+    return window->lstJahre->header()->length();
+  };
+  window->show();
+  const int whole = widthAt(1400);
+  EXPECT_EQ(heads.text(7), u"Brutto je Einheit"_s);
+  // What is left goes between the columns, and not between a number and its unit.
+  EXPECT_GT(whole, widthAt(1200));
+  const int unit = window->lstJahre->columnWidth(8);
+  const int folded = widthAt(900);
+  EXPECT_EQ(heads.text(7), u"Brutto je\nEinheit"_s);
+  EXPECT_EQ(heads.text(1), u"Verbrauch"_s);
+  EXPECT_LT(folded, 900);
+  EXPECT_EQ(window->lstJahre->columnWidth(8), unit);
+  EXPECT_EQ(widthAt(1400), whole);
+  EXPECT_EQ(heads.text(7), u"Brutto je Einheit"_s);
 }
 
 TEST_F(AnalysisWindows, ChartsFollowTheChosenRow) {
