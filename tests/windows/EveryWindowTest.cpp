@@ -8,6 +8,7 @@
 #include <QPushButton>
 #include <QRadioButton>
 #include <QScreen>
+#include <QTabBar>
 
 #include "AllWindows.h"
 #include "WindowChecks.h"
@@ -42,6 +43,7 @@ class EveryWindow : public testing::TestWithParam<pictures::View> {};
 
 TEST_P(EveryWindow, CanBeReadReachedAndFitsASmallScreen) {
   qputenv("HOME", pictures::Household::kHome);  // first folder of backups
+  widgets::showAs(widgets::Look::System);
   pictures::Household household;
   const std::unique_ptr<QWidget> window = GetParam().make(household);
   window->setAttribute(Qt::WA_DeleteOnClose, false);
@@ -65,6 +67,8 @@ TEST_P(EveryWindow, CanBeReadReachedAndFitsASmallScreen) {
         << size.width() << 'x' << size.height();
   }
   EXPECT_THAT(checks::outOfReach(*window), testing::IsEmpty());
+  EXPECT_THAT(checks::unpainted(*window), testing::IsEmpty());
+  EXPECT_THAT(checks::crooked(*window), testing::IsEmpty());
   EXPECT_THAT(checks::figuresWithoutName(*window), testing::IsEmpty());
   EXPECT_THAT(checks::wrongMainButtons(*window), testing::IsEmpty());
   EXPECT_THAT(checks::choicesThatDoNotShow(*window), testing::IsEmpty());
@@ -128,6 +132,29 @@ TEST(WindowChecks, FindWhatIsWrong) {
   faint.setColor(QPalette::WindowText, Qt::lightGray);
   alone->setPalette(faint);
   EXPECT_THAT(checks::faintTexts(window), testing::ElementsAre("QLabel: 291"));
+}
+
+TEST(WindowChecks, FindWhatIsBadlyPlacedOrNotPainted) {
+  QWidget window;
+  window.resize(300, 300);
+  QLabel first(u"Summe"_s, &window), second(u"12,00"_s, &window);
+  first.setGeometry(10, 10, 100, 20);
+  second.setGeometry(120, 12, 100, 20);
+  second.setObjectName(u"crooked"_s);
+  QTabBar tabs(&window);
+  tabs.setObjectName(u"tabs"_s);
+  for (const auto& name : {u"Zählerstände"_s, u"Übersicht"_s, u"Anmerkungen"_s}) tabs.addTab(name);
+  tabs.setGeometry(10, 100, 90, 30);
+  QWidget bare(&window);
+  bare.setObjectName(u"bare"_s);
+  bare.setGeometry(10, 200, 50, 50);
+  window.show();
+  pictures::settle();
+  EXPECT_THAT(checks::crooked(window), testing::ElementsAre("QLabel and crooked"));
+  EXPECT_THAT(checks::outOfReach(window), testing::ElementsAre("tabs sideways"));
+  EXPECT_THAT(checks::unpainted(window), testing::IsEmpty());
+  bare.setAttribute(Qt::WA_OpaquePaintEvent);
+  EXPECT_THAT(checks::unpainted(window), testing::ElementsAre("bare"));
 }
 
 INSTANTIATE_TEST_SUITE_P(All, EveryWindow, testing::ValuesIn(pictures::allViews()),

@@ -100,6 +100,11 @@ bool isCut(const QLineEdit& field) {
          field.fontMetrics().horizontalAdvance(wholeTextOf(field)) + margin;
 }
 
+bool isCut(const QHeaderView& header, int section, const QString& text) {
+  const QSize lines = header.fontMetrics().size(0, text);
+  return header.sectionSize(section) < lines.width() || header.height() < lines.height();
+}
+
 Findings cutHeads(const QWidget& window) {
   Findings cut;
   for (const QHeaderView* header : shown<QHeaderView>(window))
@@ -107,7 +112,7 @@ Findings cutHeads(const QWidget& window) {
       const QString text =
           header->model()->headerData(i, header->orientation(), Qt::DisplayRole).toString();
       if (header->orientation() == Qt::Horizontal && !header->isSectionHidden(i) &&
-          header->sectionSize(i) < header->fontMetrics().horizontalAdvance(text))
+          isCut(*header, i, text))
         cut.push_back(nameOf(*header) + ": " + text.toStdString());
     }
   for (const QTabBar* bar : shown<QTabBar>(window))
@@ -292,9 +297,14 @@ Findings outOfReach(const QWidget& window) {
     if (area->horizontalScrollBar()->isVisible()) hidden.push_back(nameOf(*area) + " sideways");
   for (const QHeaderView* header : shown<QHeaderView>(window)) {
     const auto* table = qobject_cast<const QAbstractItemView*>(header->parentWidget());
-    if (table && header->orientation() == Qt::Horizontal && header->length() < window.width() / 2 &&
+    if (table && header->orientation() == Qt::Horizontal && header->length() < window.width() &&
         table->horizontalScrollBar()->isVisible())
       hidden.push_back(nameOf(*table) + " sideways");
+  }
+  for (const QTabBar* bar : shown<QTabBar>(window)) {
+    const auto arrows = bar->findChildren<QToolButton*>();
+    if (std::any_of(arrows.begin(), arrows.end(), [](auto* arrow) { return arrow->isVisible(); }))
+      hidden.push_back(nameOf(*bar) + " sideways");
   }
   for (const QPushButton* button : shown<QPushButton>(window)) {
     if ((button->isDefault() || isClosing(*button)) &&
@@ -302,6 +312,56 @@ Findings outOfReach(const QWidget& window) {
       hidden.push_back(nameOf(*button));
   }
   return hidden;
+}
+
+Findings unpainted(QWidget& window) {
+  constexpr double kScale = 1.5;
+  QImage picture((QSizeF(window.size()) * kScale).toSize(), QImage::Format_ARGB32_Premultiplied);
+  picture.setDevicePixelRatio(kScale);
+  picture.fill(Qt::transparent);
+  window.render(&picture);
+  Findings places;
+  for (int y = 0; y + 1 < picture.height(); ++y)
+    for (int x = 0; x + 1 < picture.width(); ++x) {
+      if (qAlpha(picture.pixel(x, y)) == 0xFF) continue;
+      const QPoint at = (QPointF(x, y) / kScale).toPoint();
+      const QWidget* widget = window.childAt(at);
+      const std::string place = widget ? nameOf(*widget) : "the window itself";
+      if (std::find(places.begin(), places.end(), place) == places.end()) places.push_back(place);
+    }
+  return places;
+}
+
+namespace {
+
+// In one frame, or in two of a kind.
+bool isOneTable(const QWidget& text, const QWidget& other) {
+  return text.parentWidget()->metaObject() == other.parentWidget()->metaObject();
+}
+
+}  // namespace
+
+Findings crooked(const QWidget& window) {
+  struct Line {
+    const QWidget* widget;
+    double middle;
+  };
+  std::vector<Line> lines;
+  const auto take = [&](const QWidget& widget, const QString& text) {
+    if (text.isEmpty() || widget.height() > 2 * widget.fontMetrics().height()) return;
+    const double top = widget.mapTo(&window, QPoint()).y();
+    lines.push_back({&widget, top + widget.height() / 2.0});
+  };
+  for (const QLabel* label : shown<QLabel>(window)) take(*label, label->text());
+  for (const QLineEdit* field : shown<QLineEdit>(window)) take(*field, field->text());
+  Findings found;
+  for (std::size_t i = 0; i < lines.size(); ++i)
+    for (std::size_t k = i + 1; k < lines.size(); ++k) {
+      const double apart = std::abs(lines[i].middle - lines[k].middle);
+      if (apart >= 1 && apart < 4 && isOneTable(*lines[i].widget, *lines[k].widget))
+        found.push_back(nameOf(*lines[i].widget) + " and " + nameOf(*lines[k].widget));
+    }
+  return found;
 }
 
 }  // namespace checks

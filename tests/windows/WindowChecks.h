@@ -26,6 +26,11 @@ Findings doubleMnemonics(const QWidget& window);
 Findings wrongMainButtons(const QWidget& window);
 // Buttons of a row whose chosen one is not bold: in dark nothing else tells it.
 Findings choicesThatDoNotShow(const QWidget& window);
+// What is drawn over by nobody at 144 dpi, where a pixel of the window is one and a half of the
+// screen: it shows whatever was there before.
+Findings unpainted(QWidget& window);
+// Texts that stand almost, but not quite, on one line.
+Findings crooked(const QWidget& window);
 // In a window made small: what goes on to the side, tables of half its width included, and main and
 // close buttons that must be scrolled to.
 Findings outOfReach(const QWidget& window);
