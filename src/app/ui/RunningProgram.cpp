@@ -62,7 +62,8 @@ bool RunningProgram::handOver(const std::string& path) const {
   file.write(QByteArray::fromStdString(path));
   if (!file.commit()) return false;
   constexpr std::chrono::milliseconds kPause{20};
-  for (auto waited = kPause * 0; waited < kPatience && !lockIn(place, files_); waited += kPause) {
+  for (std::chrono::milliseconds waited{0}; waited < kPatience && !lockIn(place, files_);
+       waited += kPause) {
     if (!QFile::exists(message)) return true;
     std::this_thread::sleep_for(kPause);
   }
