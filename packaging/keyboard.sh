@@ -17,9 +17,12 @@ has_keyboard() {  # has_keyboard TITLE
 }
 gone() { ! xdotool search --onlyvisible --name "$1" >/dev/null; }
 window() { wait_for "Fenster „$1“" has_keyboard "$1"; sleep 1; }
-close_window() {  # as its title bar does
+close_window() { wait_for "Ende von „$1“" closed "$1"; }  # as its title bar does
+closed() {  # closed TITLE; a busy machine loses the wish now and then
+  gone "$1" && return
   press ctrl+alt+Escape
-  wait_for "Ende von „$1“" gone "$1"
+  sleep 3
+  gone "$1"
 }
 
 # A start reading, a price of all months, a month's readings with a remark, an edit taken back.
