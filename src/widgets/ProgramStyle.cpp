@@ -42,6 +42,7 @@ bool isBlack(const QPalette& palette) {
 // Buttons, choices and lists; the outline of a main button has another colour.
 bool isFading(QStyle::PrimitiveElement element, const QStyleOption& option) {
   if (!isBlack(option.palette)) return false;
+  if (element == QStyle::PE_PanelButtonTool) return !option.state.testFlag(QStyle::State_AutoRaise);
   const auto* button = qstyleoption_cast<const QStyleOptionButton*>(&option);
   return element == QStyle::PE_Frame ||
          (element == QStyle::PE_PanelButtonCommand && button &&
@@ -125,6 +126,17 @@ void ProgramStyle::drawPrimitive(PrimitiveElement element, const QStyleOption* o
     drawLine(*option, painter, round);
   else if (isLost(element, *painter))
     drawLostLine(*option, painter);
+}
+
+void ProgramStyle::drawComplexControl(ComplexControl control, const QStyleOptionComplex* option,
+                                      QPainter* painter, const QWidget* widget) const {
+  QProxyStyle::drawComplexControl(control, option, painter, widget);
+  if (!isBlack(option->palette) || (control != CC_Slider && control != CC_ScrollBar)) return;
+  QStyleOption handle(*option);
+  handle.rect = subControlRect(control, option,
+                               control == CC_Slider ? SC_SliderHandle : SC_ScrollBarSlider, widget);
+  handle.state &= ~State_HasFocus;
+  drawLine(handle, painter, false);
 }
 
 int ProgramStyle::pixelMetric(PixelMetric metric, const QStyleOption* option,

@@ -19,6 +19,8 @@ class ProgramStyle final : public QProxyStyle {
                      const QWidget* widget) const override;
   void drawPrimitive(PrimitiveElement element, const QStyleOption* option, QPainter* painter,
                      const QWidget* widget) const override;
+  void drawComplexControl(ComplexControl control, const QStyleOptionComplex* option,
+                          QPainter* painter, const QWidget* widget) const override;
   // Heads of tables stand as far from the line between columns as the cells do, and tabs closer
   // together where the window is too narrow for all of them.
   int pixelMetric(PixelMetric metric, const QStyleOption* option,

@@ -9,6 +9,8 @@
 #include <QListWidget>
 #include <QPushButton>
 #include <QRadioButton>
+#include <QScrollBar>
+#include <QSlider>
 #include <QTabBar>
 #include <QToolButton>
 #include <map>
@@ -134,13 +136,18 @@ TEST_F(LookTest, ButtonsChoicesAndListsHaveALineOnBlack) {
   QApplication::setPalette(
       QPalette(Qt::white, Qt::black, Qt::white, Qt::black, Qt::white, Qt::white, Qt::black));
   QPushButton button;
+  QToolButton segment;
   QComboBox choice;
   QListWidget list;
-  for (QWidget* widget : std::initializer_list<QWidget*>{&button, &choice, &list}) {
+  QSlider slider(Qt::Horizontal);
+  QScrollBar bar(Qt::Horizontal);
+  for (QWidget* widget :
+       std::initializer_list<QWidget*>{&button, &segment, &choice, &list, &slider, &bar}) {
     widget->resize(80, 40);
     const QImage picture = widget->grab().toImage();
     double best = 0;
-    for (int x = 0; x < 4; ++x)
+    // The handle of a bar stands behind its arrow.
+    for (int x = 0; x < (widget == &bar ? 40 : 4); ++x)
       best = std::max(best, contrast(picture.pixelColor(x, picture.height() / 2), Qt::black));
     EXPECT_GE(best, 3.0) << widget->metaObject()->className();
   }

@@ -285,6 +285,8 @@ bool showIn(const QString& colors) {
     QPalette strong(Qt::white, Qt::black, Qt::white, Qt::black, Qt::white, Qt::white, Qt::black);
     strong.setColor(QPalette::Highlight, Qt::yellow);
     strong.setColor(QPalette::HighlightedText, Qt::black);
+    for (const auto role : {QPalette::WindowText, QPalette::Text, QPalette::ButtonText})
+      strong.setColor(QPalette::Disabled, role, QColor(0x3FF23F));
     QApplication::setPalette(strong);
   }
   return QStringList{u"light"_s, u"dark"_s, u"contrast"_s}.contains(colors);
