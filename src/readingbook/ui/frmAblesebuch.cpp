@@ -163,6 +163,7 @@ QVBoxLayout* frmAblesebuch::arrangeEntries() {
   entry->addWidget(labelled(u"An&merkung"_s, txtAnmerkung), 2, 0);
   entry->addWidget(txtAnmerkung, 2, 1, 1, 2);
   entry->addWidget(cmdEintragen, 2, 3);
+  entry->setColumnStretch(2, 1);
   lblFehler->setMinimumHeight(2 * fontMetrics().height());
   auto* side = new QVBoxLayout;
   side->setSpacing(8);
