@@ -78,6 +78,18 @@ TEST_F(YearPages, NothingOfWaterIsCutInWhateverWidth) {
   EXPECT_EQ(kinds[1], u"beside1"_s) << "the contract gives way before the meters";
 }
 
+// 1366 x 768 at 144 dpi.
+TEST_F(YearPages, TheTwelveMonthsStandTogetherOnASmallScreen) {
+  openSample();
+  window->resize(895, 472);
+  settle();
+  const yearbook::MonthTable& months = *window->Frame1->months;
+  EXPECT_LT(window->Frame1->FrameNachtstrom->x(), months.x()) << "below the other meter";
+  EXPECT_GT(window->Frame1->FrameNachtstrom->y(), months.y());
+  EXPECT_LE(months.month(11)->y() - months.month(0)->y(), 11 * 28);
+  EXPECT_GE(months.advance(11)->visibleRegion().boundingRect().height(), 10) << "seen at once";
+}
+
 TEST_F(YearPages, OpeningAndClosingTheWindowLeavesTheFileAsItWas) {
   makeSample();
   const base::Bytes before = disk.get(kSample);
