@@ -65,10 +65,11 @@ TEST_P(EveryWindow, CanBeReadReachedAndFitsASmallScreen) {
         << size.width() << 'x' << size.height();
     EXPECT_THAT(checks::overlaps(*window), testing::IsEmpty())
         << size.width() << 'x' << size.height();
+    EXPECT_THAT(checks::crooked(*window), testing::IsEmpty())
+        << size.width() << 'x' << size.height();
   }
   EXPECT_THAT(checks::outOfReach(*window), testing::IsEmpty());
   EXPECT_THAT(checks::unpainted(*window), testing::IsEmpty());
-  EXPECT_THAT(checks::crooked(*window), testing::IsEmpty());
   EXPECT_THAT(checks::figuresWithoutName(*window), testing::IsEmpty());
   EXPECT_THAT(checks::wrongMainButtons(*window), testing::IsEmpty());
   EXPECT_THAT(checks::choicesThatDoNotShow(*window), testing::IsEmpty());
