@@ -11,6 +11,7 @@
 #include <QRadioButton>
 #include <QScrollBar>
 #include <QSlider>
+#include <QStandardItemModel>
 #include <QTabBar>
 #include <QToolButton>
 #include <map>
@@ -20,6 +21,7 @@
 #include "widgets/FieldMark.h"
 #include "widgets/Pictures.h"
 #include "widgets/ProgramStyle.h"
+#include "widgets/RoomyCells.h"
 #include "widgets/Tones.h"
 
 using namespace Qt::Literals::StringLiterals;
@@ -179,6 +181,20 @@ TEST_F(LookTest, AListHasItsLineOnEverySideAt144Dpi) {
     EXPECT_TRUE(isDrawn(middle.x(), place.top())) << place.left();
     EXPECT_TRUE(isDrawn(middle.x(), place.bottom() + 0.5)) << place.left();
   }
+}
+
+TEST_F(LookTest, CellsBeginWhereTheirHeadsDo) {
+  const widgets::ProgramStyle style(u"Fusion"_s);
+  QStandardItemModel model(1, 1);
+  model.setItem(0, new QStandardItem(u"2.993"_s));
+  const widgets::RoomyCells cells;
+  const QStyledItemDelegate plain;
+  QStyleOptionViewItem option;
+  option.fontMetrics = QFontMetrics(QApplication::font());
+  const QModelIndex index = model.index(0, 0);
+  const int added = cells.sizeHint(option, index).width() - plain.sizeHint(option, index).width();
+  const int own = style.pixelMetric(QStyle::PM_FocusFrameHMargin, nullptr, nullptr) + 1;
+  EXPECT_EQ(added / 2 + own, style.pixelMetric(QStyle::PM_HeaderMargin, nullptr, nullptr));
 }
 
 TEST_F(LookTest, TabsOfADocumentCloseUpBeforeTheyScroll) {

@@ -161,6 +161,18 @@ TEST_F(AnalysisWindows, TheForecastShowsCardsTableAndMonths) {
   EXPECT_THAT(texts(window->picMonate->sceneFor({600, 300})), testing::Contains("Gas"));
 }
 
+TEST_F(AnalysisWindows, TheCardsBeginOnOneLineHoweverManyTheyHave) {
+  const auto window = ofTheYear<frmPrognose>();
+  window->resize(1160, 600);
+  window->show();
+  QCoreApplication::processEvents();
+  const auto lineOf = [&](const char* card, int line) {
+    return window->findChild<QFrame*>(QLatin1String(card))->findChildren<QLabel*>().at(line)->y();
+  };
+  for (const char* card : {"fraKarteWasser", "fraKarteGas"})
+    for (const int line : {0, 1}) EXPECT_EQ(lineOf(card, line), lineOf("fraKarteStrom", line));
+}
+
 TEST_F(AnalysisWindows, OffersAreEnteredChangedAndDeletedForGood) {
   const auto window = ofTheYear<frmTarife>();
   click(window.get(), "optEnergie_1");
