@@ -137,6 +137,7 @@ class frmVerbrauch final : public QMainWindow {
   void followModes();
   void followSteps();
   void step(base::Result<void> (yearbook::YearSession::*way)());
+  void takeBack(widgets::EntryField& field);
 
   void pressToolButton(const QString& key);
   void showPrintPage();

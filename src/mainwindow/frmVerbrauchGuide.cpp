@@ -101,6 +101,10 @@ void frmVerbrauch::print() {
     showPrintPage();
 }
 
+void frmVerbrauch::takeBack(widgets::EntryField& field) {
+  if (Frame5->flush()) editor_->takeBack(field);
+}
+
 void frmVerbrauch::keyPressEvent(QKeyEvent* event) {
   auto* button = qobject_cast<QAbstractButton*>(focusWidget());
   const bool enter = event->key() == Qt::Key_Return || event->key() == Qt::Key_Enter;
@@ -108,7 +112,7 @@ void frmVerbrauch::keyPressEvent(QKeyEvent* event) {
   if (enter && button != nullptr)
     button->click();
   else if (event->key() == Qt::Key_Escape && field != nullptr)
-    field->takeBack();
+    takeBack(*field);
   else
     QMainWindow::keyPressEvent(event);
 }

@@ -39,7 +39,12 @@ bool changesText(const QKeyEvent& event) {
 
 }  // namespace
 
-EntryField::EntryField(QWidget* parent) : QLineEdit(parent) {}
+EntryField::EntryField(QWidget* parent) : QLineEdit(parent) {
+  // What the program shows while the field has the focus is no edit to be taken back.
+  connect(this, &QLineEdit::textChanged, this, [this] {
+    if (!isModified()) textAtEntry_ = text();
+  });
+}
 
 void EntryField::allowOnly(const QString& characters) {
   filter_ = [characters](const QString& input) {
@@ -63,7 +68,7 @@ void EntryField::insertFiltered(const QString& input) {
 }
 
 void EntryField::takeBack() {
-  if (isReadOnly() || text() == textAtEntry_) return;
+  if (isReadOnly() || !isModified() || text() == textAtEntry_) return;
   aboutToEdit();
   selectAll();
   insert(textAtEntry_);
@@ -78,12 +83,20 @@ void EntryField::pasteFiltered() {
     insertFiltered(text);
 }
 
+void EntryField::asTyped(const std::function<void()>& show) {
+  const QString before = textAtEntry_;
+  show();
+  setModified(true);
+  textAtEntry_ = before;
+}
+
 void EntryField::leave() {
   editing_ = hasFocus();
   // Text set by the program is not modified in Qt's sense.
   const bool typed = isModified();
+  const QString before = textAtEntry_;
   settle();
-  const bool changed = typed && text() != textAtEntry_;
+  const bool changed = typed && text() != before;
   textAtEntry_ = text();
   if (!changed || isReadOnly()) return;
   Q_EMIT entered();

@@ -46,6 +46,8 @@ class EntryField : public QLineEdit {
   // Called before the user changes the text, whichever way.
   virtual void aboutToEdit() {}
   void leave();
+  // What show sets counts as typed.
+  void asTyped(const std::function<void()>& show);
 
   bool event(QEvent* event) override;
   void keyPressEvent(QKeyEvent* event) override;
@@ -64,7 +66,8 @@ class EntryField : public QLineEdit {
 
   Filter filter_;
   ColumnPaste columnPaste_;
-  QString textAtEntry_;   // as it was when the focus came, or when it was last reported
+  // As it was when the focus came, was last reported or set by the program.
+  QString textAtEntry_;
   bool editing_ = false;  // has the focus, or had it when the window lost it
   bool enterMovesOn_ = true;
   bool undoesItself_ = true;

@@ -52,8 +52,7 @@ void NumberField::setValue(std::optional<double> value) {
 }
 
 void NumberField::enterValue(std::optional<double> value) {
-  setValue(value);
-  setModified(true);
+  asTyped([&] { setValue(value); });
   Q_EMIT textEdited(text());
   Q_EMIT valueChanged();
 }

@@ -70,7 +70,9 @@ void StepHistory::add(Step step) {
   append(last.cells, step.cells);
   last.after = std::move(step.after);
   if (last.notice.empty()) last.notice = std::move(step.notice);
-  if (changesNothing(last)) done_.pop_back();
+  if (!changesNothing(last)) return;
+  done_.pop_back();
+  entryOpen_ = false;  // the step before it is another one
 }
 
 void StepHistory::extend(const std::vector<CellChange>& cells) {

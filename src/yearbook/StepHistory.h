@@ -40,6 +40,8 @@ class StepHistory {
   void extend(const std::vector<CellChange>& cells);
   // The field was left: what is typed next is a step of its own.
   void endEntry() { entryOpen_ = false; }
+  // The last step is what is being typed in a field that has not been left.
+  bool isTyping() const { return entryOpen_ && !done_.empty(); }
 
   // nullptr when there is none.
   const Step* last() const { return done_.empty() ? nullptr : &done_.back(); }

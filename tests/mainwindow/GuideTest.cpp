@@ -10,6 +10,7 @@ using yearbook::FirstStep;
 namespace {
 
 using namespace Qt::Literals::StringLiterals;
+using yearbook::Meter;
 
 class Guide : public MainWindowFixture {
  protected:
@@ -223,6 +224,87 @@ TEST_F(Guide, EscapeTakesBackWhatIsBeingTyped) {
     window->Frame1->txtMwStS->setFocus(Qt::TabFocusReason);
   }
   EXPECT_TRUE(window->isVisible());
+}
+
+// Typed into the field, a price is that of all twelve months at once.
+TEST_F(Guide, EscapeInThePriceGivesEveryMonthItsOwnBack) {
+  openSample();
+  window->activateWindow();
+  ASSERT_TRUE(QTest::qWaitForWindowActive(window.get()));
+  auto* price = window->Frame1->txtTPreis;
+  const auto prices = [&] {
+    std::vector<std::optional<double>> all;
+    for (int row = 0; row < yearbook::kMonths; ++row)
+      all.push_back(window->session().adoStrom.number(row, yearbook::strom::dayPrice));
+    return all;
+  };
+  const auto before = prices();
+  ASSERT_NE(before[0], before[11]);
+  for (const QString& typed : {u"99"_s, u"9"_s, u"28,9"_s, u"28,90"_s}) {
+    price->setFocus(Qt::TabFocusReason);
+    QTest::keyClicks(price, typed);
+    EXPECT_NE(prices(), before) << typed.toStdString();
+    QTest::keyClick(price, Qt::Key_Escape);
+    EXPECT_EQ(prices(), before) << typed.toStdString();
+    EXPECT_EQ(price->text(), u"28,90"_s);
+    EXPECT_FALSE(window->mnuUndo->isEnabled());
+    EXPECT_FALSE(window->fraGeaendert->isVisible());
+    window->Frame1->txtMwStS->setFocus(Qt::TabFocusReason);
+  }
+  EXPECT_EQ(window->Frame1->txtIstwertS->text(), u"1.465,21"_s);
+}
+
+TEST_F(Guide, EscapeTakesBackNothingThatWasEnteredBefore) {
+  openSample();
+  window->activateWindow();
+  ASSERT_TRUE(QTest::qWaitForWindowActive(window.get()));
+  enter(window->Frame1->txtMwStS, u"20"_s);
+  auto* fee = window->Frame1->txtGrundgebS;
+  fee->setFocus(Qt::TabFocusReason);
+  QTest::keyClick(fee, Qt::Key_Escape);
+  // Typed and typed back: no step of its own.
+  QTest::keyClicks(fee, u"1620"_s);
+  QTest::keyClick(fee, Qt::Key_Backspace);
+  EXPECT_EQ(fee->text(), u"162"_s);
+  QTest::keyClick(fee, Qt::Key_Escape);
+  EXPECT_EQ(window->session().values().vat[Meter::Day], 20);
+  // Set by another road while the hand is in the field.
+  ASSERT_TRUE(window->session().storeBaseFee(Meter::Day, base::Money::roundHalfEven(200)));
+  window->mnuUndo->trigger();
+  window->mnuRedo->trigger();
+  EXPECT_EQ(fee->text(), u"200,00"_s);
+  QTest::keyClick(fee, Qt::Key_Escape);
+  EXPECT_EQ(fee->text(), u"200,00"_s);
+  QTest::keyClicks(fee, u"7"_s);
+  QTest::keyClick(fee, Qt::Key_Escape);
+  EXPECT_EQ(fee->text(), u"200,00"_s);
+  EXPECT_EQ(window->session().values().baseFees[Meter::Day], base::Money::roundHalfEven(200));
+}
+
+TEST_F(Guide, EscapeTakesBackADateAndARemark) {
+  openSample();
+  window->activateWindow();
+  ASSERT_TRUE(QTest::qWaitForWindowActive(window.get()));
+  auto* date = window->Frame1->txtDatumStrom;
+  date->setFocus(Qt::TabFocusReason);
+  for (const QString& typed : {u"02.03.2024"_s, u"02.0"_s}) {
+    date->selectAll();
+    QTest::keyClicks(date, typed);
+    QTest::keyClick(date, Qt::Key_Escape);
+    EXPECT_EQ(date->text(), u"01.01.2025"_s);
+    EXPECT_EQ(window->session().values().startDate, "01.01.2025");
+  }
+  window->TabStrip->setCurrentWidget(window->Frame5);
+  auto* remark = window->Frame5->txtAnmerkungenW(0);
+  const QString before = remark->text();
+  remark->setFocus(Qt::TabFocusReason);
+  remark->selectAll();
+  QTest::keyClicks(remark, u"Rohrbruch"_s);
+  QTest::keyClick(remark, Qt::Key_Escape);
+  EXPECT_EQ(remark->text(), before);
+  EXPECT_EQ(QString::fromStdString(window->session().values().remarks[yearbook::Utility::Water][0]),
+            before);
+  EXPECT_FALSE(window->mnuUndo->isEnabled());
 }
 
 TEST_F(Guide, TheHandLiesOnTheMonthlyJobAndEnterDoesIt) {

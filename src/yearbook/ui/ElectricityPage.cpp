@@ -94,7 +94,7 @@ void ElectricityPage::bindDate() {
       storeDate();
     else
       refuseDate();
-    editor().session().endEntry();
+    editor().endEntry();
   });
 }
 
@@ -102,7 +102,8 @@ void ElectricityPage::storeDate() {
   const std::string typed = txtDatumStrom->text().toStdString();
   dateRefused_ = false;
   widgets::markField(txtDatumStrom, widgets::Tone::Error, {});
-  if (!editor().run([&] { return editor().session().storeStartDate(typed); })) showDate();
+  if (!editor().type(txtDatumStrom, [&] { return editor().session().storeStartDate(typed); }))
+    showDate();
 }
 
 void ElectricityPage::refuseDate() {

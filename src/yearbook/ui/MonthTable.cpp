@@ -195,7 +195,7 @@ void MonthTable::nameFillButton() {
 }
 
 void MonthTable::fillFrom(int first) {
-  editor_.session().endEntry();
+  editor_.endEntry();
   editor_.run([&] { return yearbook::fillAdvances(editor_.session(), utility_, first); });
 }
 

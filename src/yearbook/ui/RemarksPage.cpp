@@ -79,7 +79,7 @@ QWidget* RemarksPage::column(Utility utility) {
     connect(field, &QLineEdit::textEdited, this, [this, utility, i] { edited({utility, i}); });
     connect(field, &widgets::EntryField::entered, this, [this] {
       flush();
-      editor_.session().endEntry();
+      editor_.endEntry();
     });
   }
   return frame;
@@ -95,10 +95,11 @@ bool RemarksPage::flush() {
   pause_.stop();
   if (!pending_) return true;
   const Place place = *pending_;
-  const std::string text = fields(place.utility)(place.month)->text().toStdString();
+  const widgets::EntryField* field = fields(place.utility)(place.month);
+  const std::string text = field->text().toStdString();
   pending_.reset();
-  return editor_.run(
-      [&] { return editor_.session().storeRemark(place.utility, place.month, text); });
+  return editor_.type(
+      field, [&] { return editor_.session().storeRemark(place.utility, place.month, text); });
 }
 
 void RemarksPage::hideEvent(QHideEvent* event) {

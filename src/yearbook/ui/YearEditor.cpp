@@ -94,14 +94,32 @@ void YearEditor::store(const NumberBinding& binding) {
   const auto value = binding.field->value();
   if (!isComplete(binding.kind, value)) return;
   typedIn_ = binding.field;
-  run([&] { return binding.store(value); });
+  type(binding.field, [&] { return binding.store(value); });
   typedIn_ = nullptr;
 }
 
 void YearEditor::leave(const NumberBinding& binding) {
   if (!isComplete(binding.kind, binding.field->value())) tellWholeUnits(binding.kind);
   binding.field->setValue(binding.shown(values()));
+  endEntry();
+}
+
+bool YearEditor::type(const QObject* field, const std::function<base::Result<void>()>& change) {
+  if (typing_ != field) session_.endEntry();
+  typing_ = field;
+  return run(change);
+}
+
+void YearEditor::endEntry() {
+  typing_ = nullptr;
   session_.endEntry();
+}
+
+void YearEditor::takeBack(widgets::EntryField& field) {
+  const bool stored = typing_ == &field && session_.history().isTyping();
+  if (stored && !run([this] { return session_.undo(); })) return;
+  field.takeBack();
+  field.selectAll();
 }
 
 bool YearEditor::run(const std::function<base::Result<void>()>& change) {

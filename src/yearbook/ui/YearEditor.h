@@ -41,6 +41,12 @@ class YearEditor final : public QObject {
   void bindPrice(widgets::NumberField* field, Meter meter);
   // Runs one change of the year; false when it failed (the user has been told).
   bool run(const std::function<base::Result<void>()>& change);
+  // The same for what is being typed in a field: one step until endEntry(), when the field is left.
+  bool type(const QObject* field, const std::function<base::Result<void>()>& change);
+  void endEntry();
+  // What is being typed in the field counts as never typed, with all that followed from it in the
+  // year: a price typed over those of twelve months is gone, and they are as they were.
+  void takeBack(widgets::EntryField& field);
   // A safety copy before the year changes as a whole; false when that is not to happen then.
   bool keepBefore(dialogs::Harm harm);
   // The box that refuses fractions of a unit.
@@ -70,6 +76,7 @@ class YearEditor final : public QObject {
   bool refused_ = false;
   // Keeps the text in the making while its own change is shown everywhere else.
   const QObject* typedIn_ = nullptr;
+  const QObject* typing_ = nullptr;  // its last change is an open entry
 };
 
 // A number of the session in euro, and a typed number as an amount for it. InvalidValue beyond the
