@@ -132,10 +132,10 @@ void ProgramStyle::drawComplexControl(ComplexControl control, const QStyleOption
                                       QPainter* painter, const QWidget* widget) const {
   QProxyStyle::drawComplexControl(control, option, painter, widget);
   if (!isBlack(option->palette) || (control != CC_Slider && control != CC_ScrollBar)) return;
-  QStyleOption handle(*option);
+  QStyleOption handle;
+  handle.palette = option->palette;
   handle.rect = subControlRect(control, option,
                                control == CC_Slider ? SC_SliderHandle : SC_ScrollBarSlider, widget);
-  handle.state &= ~State_HasFocus;
   drawLine(handle, painter, false);
 }
 

@@ -151,6 +151,12 @@ std::vector<View> mainWindowViews() {
       page(u"uebersicht"_s, 3),
       page(u"anmerkungen"_s, 4),
       page(u"drucken"_s, 5),
+      {u"frmVerbrauch-gespeichert"_s, [](Household& home) { return mainWindow(home); },
+       [](QWidget& window) {
+         yearWindow(window).TabStrip->setCurrentIndex(5);
+         reports::sayWhere(yearWindow(window).fraDrucke->lblAusgabe,
+                           u"/home/familie/Hausverwaltung_und_Nebenkosten/Haushalt 2025.pdf"_s);
+       }},
       {u"frmVerbrauch-leer"_s, [](Household& home) { return mainWindow(home, "Verbrauch2026"); }},
       {u"frmVerbrauch-november-fehlt"_s,
        [](Household& home) {

@@ -7,6 +7,7 @@
 
 #include "reports/YearReport.h"
 #include "reports/ui/FlexGrid.h"
+#include "reports/ui/OutputNote.h"
 #include "reports/ui/PrintActions.h"
 #include "widgets/control.h"
 
@@ -37,7 +38,7 @@ class DetailPage final : public QFrame {
   QPushButton* const cmdVorschauAlle = widgets::control<QPushButton>(this, "cmdVorschauAlle");
   QPushButton* const Command10 = widgets::control<QPushButton>(this, "Command10");
   QPushButton* const cmdPdf = widgets::control<QPushButton>(this, "cmdPdf");
-  QLabel* const lblAusgabe = widgets::control<QLabel>(this, "lblAusgabe");
+  OutputNote* const lblAusgabe = widgets::control<OutputNote>(this, "lblAusgabe");
   QPushButton* const cmdCsv = widgets::control<QPushButton>(this, "cmdCsv");
   QPushButton* const cmdKopierenAlle = widgets::control<QPushButton>(this, "cmdKopierenAlle");
 

@@ -40,7 +40,7 @@ void OverviewPage::buildLayout() {
     button->setMinimumWidth(button->fontMetrics().averageCharWidth() * 20);
     buttons->addWidget(button);
   }
-  for (QLabel* note : {lblStand, lblAusgabe}) {
+  for (QLabel* note : std::initializer_list<QLabel*>{lblStand, lblAusgabe}) {
     dressOutputNote(note);
     buttons->addWidget(note);
   }

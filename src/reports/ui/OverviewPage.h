@@ -5,6 +5,7 @@
 
 #include "reports/YearReport.h"
 #include "reports/ui/FlexGrid.h"
+#include "reports/ui/OutputNote.h"
 #include "reports/ui/PrintActions.h"
 #include "reports/ui/ResultCards.h"
 #include "widgets/control.h"
@@ -34,7 +35,7 @@ class OverviewPage final : public QFrame {
   // Why the table's last line differs from the cards of a year that is under way, where there is
   // room for it.
   QLabel* const lblStand = widgets::control<QLabel>(this, "lblStand");
-  QLabel* const lblAusgabe = widgets::control<QLabel>(this, "lblAusgabe");
+  OutputNote* const lblAusgabe = widgets::control<OutputNote>(this, "lblAusgabe");
   QPushButton* const cmdKopieren = widgets::control<QPushButton>(this, "cmdKopieren");
   ResultCards* const fraErgebnisse = new ResultCards(this);
 

@@ -177,6 +177,25 @@ TEST_F(ReportPages, CsvGoesWhereTheUserSaysAndAFailureIsTold) {
   EXPECT_EQ(prompts_.last().icon, dialogs::Icon::Warning);
 }
 
+TEST_F(ReportPages, WhereAFileWentIsReadWholeInItsColumn) {
+  detailPage_.resize(900, 500);
+  detailPage_.show();
+  QLabel& note = *detailPage_.lblAusgabe;
+  const QString name(80, u'm');
+  note.setText(u"Gespeichert unter /"_s + name);
+  note.show();
+  QCoreApplication::processEvents();
+  const int lines = note.fontMetrics().horizontalAdvance(name) / note.width();
+  ASSERT_GE(lines, 4);
+  EXPECT_GE(note.height(), lines * note.fontMetrics().height());
+  const QImage picture = note.grab().toImage();
+  const int last = (lines - 1) * note.fontMetrics().lineSpacing() + note.fontMetrics().ascent() / 2;
+  int drawn = 0;
+  for (int x = 0; x < picture.width(); ++x)
+    drawn += picture.pixel(x, last) != picture.pixel(picture.width() - 1, 0);
+  EXPECT_GT(drawn, picture.width() / 4) << "the last line but one";
+}
+
 // The next file is offered where the last one went, by a name that says what it is.
 TEST_F(ReportPages, FilesAreProposedByNameInTheFolderOfTheLastOne) {
   ASSERT_TRUE(files_->makeFolder(folder_ / "Rechnungen"));
