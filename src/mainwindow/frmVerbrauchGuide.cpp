@@ -33,7 +33,7 @@ QWidget* firstEmpty(const QList<QWidget*>& fields) {
 
 // In an empty year, and on until all is done once it has been shown.
 void frmVerbrauch::followFirstSteps(const std::optional<std::string>& before) {
-  guided_ = guided_ || !yearbook::firstStepsDone(editor_->values())[FirstStep::FirstReading];
+  guided_ = guided_ || !isBegun(FirstStep::FirstReading, editor_->values());
   if (!guided_) return fraErsteSchritte->takeAway();
   fraErsteSchritte->offer(
       editor_->values(),

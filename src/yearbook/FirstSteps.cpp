@@ -48,20 +48,39 @@ std::string_view adviceFor(FirstStep step) {
   return kWords[step].advice;
 }
 
-std::vector<Meter> unpricedMeters(const FieldValues& values, Utility utility) {
-  std::vector<Meter> unpriced;
+namespace {
+
+// The utility's meters that have the one and not the other; not a night meter that is hidden.
+std::vector<Meter> metersWith(FirstStep done, FirstStep left, const FieldValues& values,
+                              Utility utility) {
+  std::vector<Meter> result;
   for (const Meter meter : metersOf(utility))
-    if ((meter != Meter::Night || values.nightShown) &&
-        has(FirstStep::StartReadings, values, meter) && !has(FirstStep::Prices, values, meter))
-      unpriced.push_back(meter);
-  return unpriced;
+    if ((meter != Meter::Night || values.nightShown) && has(done, values, meter) &&
+        !has(left, values, meter))
+      result.push_back(meter);
+  return result;
+}
+
+bool anyMeterHas(FirstStep step, const FieldValues& values, Utility utility) {
+  const auto meters = metersOf(utility);
+  return std::any_of(meters.begin(), meters.end(),
+                     [&](Meter meter) { return has(step, values, meter); });
+}
+
+}  // namespace
+
+std::vector<Meter> unpricedMeters(const FieldValues& values, Utility utility) {
+  return metersWith(FirstStep::StartReadings, FirstStep::Prices, values, utility);
+}
+
+std::vector<Meter> unreadMeters(const FieldValues& values, Utility utility) {
+  return metersWith(FirstStep::Prices, FirstStep::FirstReading, values, utility);
 }
 
 bool isDone(FirstStep step, const FieldValues& values, Utility utility) {
   if (step == FirstStep::Prices && !unpricedMeters(values, utility).empty()) return false;
-  const auto meters = metersOf(utility);
-  return std::any_of(meters.begin(), meters.end(),
-                     [&](Meter meter) { return has(step, values, meter); });
+  if (step == FirstStep::FirstReading && !unreadMeters(values, utility).empty()) return false;
+  return anyMeterHas(step, values, utility);
 }
 
 bool isBegun(FirstStep step, const FieldValues& values) {
@@ -80,12 +99,12 @@ bool hasAnything(const FieldValues& values, Utility utility) {
 }
 
 std::vector<Utility> lackingIn(FirstStep step, const FieldValues& values) {
-  if (step == FirstStep::FirstReading && anyHas(step, values)) return {};
   const bool ofAll = step == FirstStep::StartReadings && !isBegun(FirstStep::Prices, values);
   std::vector<Utility> lacking;
   for (const Utility utility : kUtilities) {
     const bool asked = ofAll || hasAnything(values, utility);
-    const bool through = isDone(FirstStep::FirstReading, values, utility);
+    const bool through =
+        step != FirstStep::FirstReading && anyMeterHas(FirstStep::FirstReading, values, utility);
     if (asked && !through && !isDone(step, values, utility)) lacking.push_back(utility);
   }
   return lacking;
@@ -106,11 +125,11 @@ namespace {
 
 // The second meter by its own name where only that is left.
 std::string_view nameOfLacking(FirstStep step, const FieldValues& values, Utility utility) {
-  const auto unpriced = unpricedMeters(values, utility);
-  const bool ofOne = step == FirstStep::Prices && unpriced.size() == 1 &&
-                     unpriced.front() != factsOf(utility).mainMeter;
-  if (!ofOne) return factsOf(utility).name;
-  return unpriced.front() == Meter::Night ? "Nachtstrom" : factsOf(unpriced.front()).name;
+  std::vector<Meter> left;
+  if (step == FirstStep::Prices) left = unpricedMeters(values, utility);
+  if (step == FirstStep::FirstReading) left = unreadMeters(values, utility);
+  const bool ofOne = left.size() == 1 && left.front() != factsOf(utility).mainMeter;
+  return ofOne ? factsOf(left.front()).name : factsOf(utility).name;
 }
 
 }  // namespace

@@ -25,15 +25,19 @@ std::string adviceFor(FirstStep step, const FieldValues& values);
 
 // Those with a start reading that have no price yet; not a night meter that is hidden.
 std::vector<Meter> unpricedMeters(const FieldValues& values, Utility utility);
-// By any of the utility's meters; base fee and VAT are those of one meter, and every meter with a
-// start reading has a price.
+// Those with a price of which no month is read; not a night meter that is hidden.
+std::vector<Meter> unreadMeters(const FieldValues& values, Utility utility);
+// By any of the utility's meters; base fee and VAT are those of one meter, every meter with a start
+// reading has a price, and every one with a price is read.
 bool isDone(FirstStep step, const FieldValues& values, Utility utility);
 // The utilities for which a step is left. Which of them a household has, it says by what it enters:
-// one for which there is anything, and that has no month read yet. Start readings are asked of all
-// until the first price is there.
+// one for which there is anything; once a month of it is read, nothing but the readings is asked.
+// Start readings are asked of all until the first price is there.
 std::vector<Utility> lackingIn(FirstStep step, const FieldValues& values);
 // Done by one utility and left for none.
 PerFirstStep<bool> firstStepsDone(const FieldValues& values);
+// By any meter, whatever is left.
+bool isBegun(FirstStep step, const FieldValues& values);
 // There is a start reading.
 bool hasBegun(const FieldValues& values);
 

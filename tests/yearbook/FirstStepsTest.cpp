@@ -73,7 +73,16 @@ TEST_F(FirstSteps, EndWithTheFirstReadingWhateverAMeterHasNot) {
   values.advanceSums[Utility::Electricity] = kSome;
   EXPECT_EQ(marks(), "xx---");
   values.consumptions[Meter::Night][11] = 1;
-  EXPECT_EQ(marks(), "xx--x");
+  EXPECT_EQ(marks(), "xx---") << "the day meter has a price, too";
+  EXPECT_TRUE(isBegun(FirstStep::FirstReading, values));
+  values.consumptions[Meter::Day][11] = 1;
+  EXPECT_EQ(marks(), "xx---");
+  EXPECT_THAT(advice(FirstStep::FirstReading), testing::EndsWith(" Noch ohne: Wasser."));
+  values.consumptions[Meter::Water][0] = 1;
+  EXPECT_EQ(marks(), "xxxxx");
+  values.prices[Meter::WasteWater] = 3;
+  EXPECT_EQ(marks(), "xxxx-");
+  EXPECT_THAT(advice(FirstStep::FirstReading), testing::EndsWith(" Noch ohne: Abwasser."));
   values.consumptions[Meter::WasteWater][0] = 1;
   EXPECT_EQ(marks(), "xxxxx");
 }
