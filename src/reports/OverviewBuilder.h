@@ -46,6 +46,8 @@ struct OverviewInput {
   PerUtility<int> monthsCovered{};
   // The payments of those months; `advances` are those of all twelve.
   PerUtility<base::Money> advancesCovered{};
+  // The meters that have a price, but no month read.
+  PerUtility<std::vector<Meter>> unread{};
 };
 
 struct UtilityTotals {

@@ -2,6 +2,7 @@
 
 #include "base/GermanNumber.h"
 #include "base/Paths.h"
+#include "yearbook/FirstSteps.h"
 
 namespace reports {
 namespace {
@@ -52,6 +53,7 @@ OverviewInput overviewInput(const YearSession& year) {
     in.monthsCovered[utility] = monthsCovered(year, utility);
     in.advancesCovered[utility] =
         yearbook::advancesUntil(values.advances[utility], in.monthsCovered[utility]);
+    in.unread[utility] = yearbook::unreadMeters(values, utility);
     // A field that clearing has emptied shows nothing until the next summary.
     if (!values.cleared[utility]) in.advances[utility] = values.advanceSums[utility];
   }

@@ -69,6 +69,12 @@ std::string standingOf(const Figures& figures) {
          " von 12 Monaten, Abschläge und Grundgebühr anteilig";
 }
 
+// Without its consumption the result looks better than it is.
+std::string doubtOf(const std::vector<yearbook::Meter>& unread) {
+  if (unread.empty()) return {};
+  return std::string(factsOf(unread.front()).name) + " ist noch nicht abgelesen.";
+}
+
 std::string nameOf(Utility utility) {
   return std::string(factsOf(utility).name);
 }
@@ -92,6 +98,7 @@ PerUtility<YearResult> yearResults(const OverviewInput& input) {
     result.fitting = (figures.until.empty() ? "Passender Abschlag: " : "Kosten bisher: ") +
                      formatMoney(figures.fitting) + " Euro im Monat";
     result.standing = standingOf(figures);
+    result.doubt = doubtOf(input.unread[utility]);
   }
   return results;
 }
@@ -115,7 +122,10 @@ std::vector<std::string> plainSummary(const OverviewInput& input) {
               formatMoney(figures.fitting) + " € im Monat";
     if (const std::string standing = standingOf(figures); !standing.empty())
       text.append(" (").append(standing).append(")");
-    sentences.push_back(text.append("."));
+    text.append(".");
+    if (figures.monthsCovered > 0 && !input.unread[utility].empty())
+      text.append(" ").append(doubtOf(input.unread[utility]));
+    sentences.push_back(text);
   }
   return sentences;
 }

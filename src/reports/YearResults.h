@@ -22,6 +22,8 @@ struct YearResult {
   // "Passender Abschlag: 138,17 Euro im Monat"; "Kosten bisher: ..." while the year is under way,
   // for what the months to come cost is another matter.
   std::string fitting;
+  // "Abwasser ist noch nicht abgelesen.", where another meter of the utility is.
+  std::string doubt;
   // Empty for a whole year, too.
   std::string standing;  // "Stand: 3 von 12 Monaten, Abschläge und Grundgebühr anteilig"
 };

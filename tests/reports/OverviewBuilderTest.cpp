@@ -208,6 +208,14 @@ TEST(YearResults, AreWhatTheCardsSay) {
   EXPECT_EQ(water.sum, "658,97 brutto − 900,00 Abschläge");
   EXPECT_EQ(water.fittingAdvance->toDouble(), 658.9655);
   EXPECT_EQ(water.standing, "Stand: 1 von 12 Monaten, Abschläge und Grundgebühr anteilig");
+  EXPECT_EQ(water.doubt, "");
+  input.unread[Utility::Water] = {Meter::WasteWater};
+  input.unread[Utility::Gas] = {Meter::Gas};
+  const auto doubtful = reports::yearResults(input);
+  EXPECT_EQ(doubtful[Utility::Water].doubt, "Abwasser ist noch nicht abgelesen.");
+  EXPECT_EQ(doubtful[Utility::Gas].doubt, "") << "the headline says it";
+  EXPECT_NE(reports::plainSummary(input)[1].find(" Abwasser ist noch nicht abgelesen."),
+            std::string::npos);
 }
 
 }  // namespace

@@ -18,7 +18,9 @@ PageWords overviewWords(const OverviewInput& input) {
   for (const YearResult& result : results) {
     std::string line = result.name + ": " + result.headline;
     if (!result.fitting.empty()) line += ". " + result.fitting;
-    words.below += QString::fromStdString(line + ".");
+    line += '.';
+    if (!result.doubt.empty()) line += ' ' + result.doubt;
+    words.below += QString::fromStdString(line);
   }
   if (isUnderWay(results)) words.below += asOfLastReadingNote();
   return words;

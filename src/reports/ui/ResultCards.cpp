@@ -31,7 +31,7 @@ class ResultCards::Card final : public QWidget {
     auto* rows = new QVBoxLayout(this);
     rows->setContentsMargins(kStripe + 10, 8, 10, 8);
     rows->setSpacing(2);
-    for (QLabel* label : {name_, headline_, sum_, fitting_, standing_}) {
+    for (QLabel* label : {name_, headline_, doubt_, sum_, fitting_, standing_}) {
       label->setTextInteractionFlags(Qt::TextSelectableByMouse);
       label->setWordWrap(true);
       rows->addWidget(label);
@@ -42,6 +42,7 @@ class ResultCards::Card final : public QWidget {
     name_->setFont(bold);
     bold.setPointSizeF(bold.pointSizeF() * 1.3);
     headline_->setFont(bold);
+    widgets::setTone(doubt_, widgets::Tone::Doubt);
     standing_->setForegroundRole(QPalette::PlaceholderText);
     standing_->setToolTip(
         u"Es zählen die Monate bis zur letzten Ablesung. Die Tabelle darunter zählt alles, was "
@@ -49,11 +50,9 @@ class ResultCards::Card final : public QWidget {
   }
 
   void show(const YearResult& result) {
-    const std::pair<QLabel*, const std::string*> lines[] = {{name_, &result.name},
-                                                            {headline_, &result.headline},
-                                                            {sum_, &result.sum},
-                                                            {fitting_, &result.fitting},
-                                                            {standing_, &result.standing}};
+    const std::pair<QLabel*, const std::string*> lines[] = {
+        {name_, &result.name}, {headline_, &result.headline}, {doubt_, &result.doubt},
+        {sum_, &result.sum},   {fitting_, &result.fitting},   {standing_, &result.standing}};
     QStringList spoken;
     for (const auto& [label, text] : lines) {
       label->setText(QString::fromStdString(*text));
@@ -64,6 +63,7 @@ class ResultCards::Card final : public QWidget {
       standing_->setText(standing_->text() + u". Ganzes Jahr: Auswertung > Prognose."_s);
       spoken.back() = standing_->text();
     }
+    if (!result.doubt.empty()) doubt_->setText(u"⚠ "_s + doubt_->text());
     headline_->setText(headline_->text().replace(u" Euro"_s, u"\u00a0Euro"_s));
     setAccessibleName(spoken.join(u". "_s));
     credit_ = result.kind == YearResult::Kind::Credit;
@@ -107,6 +107,7 @@ class ResultCards::Card final : public QWidget {
   bool credit_ = false;
   QLabel* name_ = new QLabel(this);
   QLabel* headline_ = new QLabel(this);
+  QLabel* doubt_ = new QLabel(this);
   QLabel* sum_ = new QLabel(this);
   QLabel* fitting_ = new QLabel(this);
   QLabel* standing_ = new QLabel(this);

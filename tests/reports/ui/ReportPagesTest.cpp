@@ -61,10 +61,16 @@ TEST_F(ReportPages, OverviewIsBuiltAnewEachTimeItIsShown) {
   EXPECT_FALSE(overviewPage_.lblStand->isVisible()) << "cards and table agree in a whole year";
   overviewPage_.hide();
   ASSERT_TRUE(year_->transact({}, [](yearbook::YearRows& rows) {
+    for (int row = 0; row < yearbook::kMonths; ++row)
+      if (auto done = rows.adoWasser.setNumber(row, yearbook::wasser::wasteConsumption, 0); !done)
+        return done;
     auto done = rows.adoGas.setNumber(11, yearbook::gas::reading, 0);
     return done ? rows.adoGas.setNumber(11, yearbook::gas::consumption, 0) : done;
   }));
   overviewPage_.show();
+  EXPECT_TRUE(overviewPage_.findChild<QWidget*>(u"fraErgebnisWasser"_s)
+                  ->accessibleName()
+                  .contains(u"Abwasser ist noch nicht abgelesen."_s));
   overviewPage_.resize(900, 700);
   EXPECT_TRUE(overviewPage_.lblStand->isVisible()) << "gas is read until November";
   overviewPage_.resize(900, 300);
