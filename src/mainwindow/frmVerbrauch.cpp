@@ -203,6 +203,8 @@ void frmVerbrauch::followSteps() {
   };
   follow(mnuUndo, u"&Rückgängig"_s, history.last());
   follow(mnuRedo, u"&Wiederherstellen"_s, history.next());
+  // A bar that comes with the first digit would move the field under the hand.
+  if (history.isTyping() && !fraGeaendert->isWanted()) return;
   const bool fresh = history.depth() > stepsOffered_ || fraGeaendert->isWanted();
   const bool wayBack = history.last() && !history.next() && fresh;
   fraGeaendert->offer(wayBack ? QString::fromStdString(history.last()->notice) : QString());

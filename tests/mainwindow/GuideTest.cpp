@@ -244,6 +244,7 @@ TEST_F(Guide, EscapeInThePriceGivesEveryMonthItsOwnBack) {
     price->setFocus(Qt::TabFocusReason);
     QTest::keyClicks(price, typed);
     EXPECT_NE(prices(), before) << typed.toStdString();
+    EXPECT_FALSE(window->fraGeaendert->isVisible()) << "nothing moves while one types";
     QTest::keyClick(price, Qt::Key_Escape);
     EXPECT_EQ(prices(), before) << typed.toStdString();
     EXPECT_EQ(price->text(), u"28,90"_s);
@@ -252,6 +253,10 @@ TEST_F(Guide, EscapeInThePriceGivesEveryMonthItsOwnBack) {
     window->Frame1->txtMwStS->setFocus(Qt::TabFocusReason);
   }
   EXPECT_EQ(window->Frame1->txtIstwertS->text(), u"1.465,21"_s);
+  price->setFocus(Qt::TabFocusReason);
+  QTest::keyClicks(price, u"30"_s);
+  window->Frame1->txtMwStS->setFocus(Qt::TabFocusReason);
+  EXPECT_TRUE(window->fraGeaendert->isVisible()) << "left, the field has its step";
 }
 
 TEST_F(Guide, EscapeTakesBackNothingThatWasEnteredBefore) {

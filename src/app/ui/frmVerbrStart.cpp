@@ -80,6 +80,8 @@ void frmVerbrStart::activate() {
   if (filFiles->selectName(standard)) filFilesClick(standard);
   showReminder();
   offerLastYear();
+  // Enter opens what is drawn as its button; the list's choice is another year.
+  if (!cmdWeiter->isHidden()) cmdWeiter->setFocus(Qt::OtherFocusReason);
   followFolder();
   if (problem) tellLater(*problem);
 }

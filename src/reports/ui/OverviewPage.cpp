@@ -44,7 +44,9 @@ void OverviewPage::buildLayout() {
     dressOutputNote(note);
     buttons->addWidget(note);
   }
-  lblStand->setText(u"Die Tabelle zählt alles, was eingetragen ist."_s);
+  lblStand->setText(
+      u"Die Tabelle zählt alles, was eingetragen ist: auch Abschläge, die noch kommen, und die "
+      "Grundgebühr des ganzen Jahres. Ein Saldo mit Minus ist ein Guthaben."_s);
   lblStand->setToolTip(asOfLastReadingNote());
   buttons->addStretch();
 

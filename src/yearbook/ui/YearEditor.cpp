@@ -1,5 +1,7 @@
 #include "yearbook/ui/YearEditor.h"
 
+#include <utility>
+
 #include "dialogs/Texts.h"
 
 using namespace Qt::Literals::StringLiterals;
@@ -111,8 +113,8 @@ bool YearEditor::type(const QObject* field, const std::function<base::Result<voi
 }
 
 void YearEditor::endEntry() {
-  typing_ = nullptr;
   session_.endEntry();
+  if (std::exchange(typing_, nullptr)) showAll();
 }
 
 void YearEditor::takeBack(widgets::EntryField& field) {

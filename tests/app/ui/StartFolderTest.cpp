@@ -79,7 +79,8 @@ TEST_F(StartFolder, GoesOnWithTheYearThatWasOpenLastInThisFolder) {
   EXPECT_TRUE(window.cmdWeiter->isVisible() && window.cmdWeiter->isDefault());
   EXPECT_EQ(window.cmdWeiter->text(), u"Wei&ter mit Haus && Hof"_s);
   EXPECT_EQ(window.lblFilename->text(), u"Verbrauch.kwd"_s) << "the preselection stays";
-  window.cmdWeiter->click();
+  ASSERT_EQ(window.focusWidget(), window.cmdWeiter);
+  QTest::keyClick(window.focusWidget(), Qt::Key_Return);
   EXPECT_EQ(opener.opened, 1);
   EXPECT_EQ(paths.YearDatabaseName, "Haus & Hof.kwd");
 }
@@ -100,7 +101,8 @@ TEST_F(StartFolder, ANewYearIsOneClickAway) {
   EXPECT_EQ(window.cmdWeiter->text(), u"Wei&ter mit Haushalt 2026"_s);
   EXPECT_EQ(window.lblFilename->text(), u"Verbrauch.kwd"_s);
   EXPECT_FALSE(window.Option1(0)->isChecked());
-  window.cmdWeiter->click();
+  ASSERT_EQ(window.focusWidget(), window.cmdWeiter) << "Enter opens the new year, not the old one";
+  QTest::keyClick(window.focusWidget(), Qt::Key_Return);
   EXPECT_EQ(paths.YearDatabaseName, "Haushalt 2026.kwd");
 }
 
