@@ -4,7 +4,10 @@
 #include <QDir>
 #include <QFileDialog>
 #include <QFileInfo>
+#include <QHeaderView>
 #include <QMessageBox>
+#include <QScreen>
+#include <QTreeView>
 
 #include "dialogs/FileFilter.h"
 
@@ -28,11 +31,21 @@ QString chosen(const QFileDialog& dialog) {
   return files.isEmpty() ? QString() : QDir::toNativeSeparators(files.first().trimmed());
 }
 
+// Qt's own dialog, where the system has none: it cuts dates and kinds of files.
+void showColumnsWhole(QFileDialog& dialog) {
+  const auto* list = dialog.findChild<QTreeView*>(u"treeView"_s);
+  if (list == nullptr) return;
+  list->header()->setSectionResizeMode(QHeaderView::ResizeToContents);
+  constexpr QSize kRoomy(800, 440);
+  dialog.resize(dialog.size().expandedTo(kRoomy.boundedTo(dialog.screen()->availableSize())));
+}
+
 void prepareFileDialog(QFileDialog& dialog, const QString& filter) {
   dialog.setFileMode(QFileDialog::AnyFile);
   dialog.setNameFilters(nameFilters(filter));
   // The descriptions name the patterns already.
   dialog.setOption(QFileDialog::HideNameFilterDetails);
+  showColumnsWhole(dialog);
 }
 
 bool agrees(QWidget* owner, const QString& question, const QString& title) {
@@ -92,6 +105,7 @@ QString BrowseForFolderDialog(QWidget* owner, const QString& title, const QStrin
   QFileDialog dialog(owner, title, start);
   dialog.setFileMode(QFileDialog::Directory);
   dialog.setOption(QFileDialog::ShowDirsOnly, !options.includeFiles);
+  showColumnsWhole(dialog);
   return dialog.exec() == QDialog::Accepted ? chosen(dialog) : QString();
 }
 

@@ -15,6 +15,7 @@
 #include <QTemporaryDir>
 #include <QTest>
 #include <QTimer>
+#include <QTreeView>
 #include <functional>
 
 #include "dialogs/FileFilter.h"
@@ -136,6 +137,24 @@ TEST_F(QtPromptsTest, OpenDialogListsItsFilterAndReturnsThePath) {
   });
   EXPECT_EQ(prompts.openFile(&owner, u"*.kwd (Datenbank)|*.kwd"_s, u"Vergleich"_s, folder.path()),
             QDir::toNativeSeparators(path));
+}
+
+TEST_F(QtPromptsTest, TheListOfFilesCutsNoColumn) {
+  const QTemporaryDir folder;
+  const QString name = u"Verbrauch der Ferienwohnung am See, Kopie vom Sommer.kwd"_s;
+  ASSERT_TRUE(QFile(folder.filePath(name)).open(QIODevice::WriteOnly));
+  whenShown<QFileDialog>([](QFileDialog* dialog) {
+    auto* list = dialog->findChild<QTreeView*>(u"treeView"_s);
+    ASSERT_NE(list, nullptr);
+    const auto isWhole = [list](int column) {
+      const QModelIndex cell = list->model()->index(0, column, list->rootIndex());
+      const int text = list->fontMetrics().horizontalAdvance(cell.data().toString());
+      return cell.isValid() && list->columnWidth(column) >= text;
+    };
+    EXPECT_TRUE(QTest::qWaitFor([&] { return isWhole(0) && isWhole(2) && isWhole(3); }, 2000));
+    dialog->reject();
+  });
+  prompts.openFile(&owner, u"Datenbank|*.kwd"_s, {}, folder.path());
 }
 
 TEST_F(QtPromptsTest, SaveDialogAsksAboutTheNameThatTheFileWillHave) {

@@ -21,6 +21,7 @@ int main(int argc, char** argv) {
   QApplication::setFont(QFont(QStringLiteral("DejaVu Sans"), 9));
   // What the program remembers of its user is not that of who runs the tests.
   const QTemporaryDir settings;
-  QSettings::setPath(QSettings::IniFormat, QSettings::UserScope, settings.path());
+  for (const auto format : {QSettings::IniFormat, QSettings::NativeFormat})
+    QSettings::setPath(format, QSettings::UserScope, settings.path());
   return RUN_ALL_TESTS();
 }
