@@ -14,6 +14,7 @@ enum class NoticeFrom {
   Index,       // an index is damaged
   SafetyCopy,  // there is no copy
   NewPrice,    // it was taken for no month
+  Saved,       // "Speichern" in the toolbar speaks of a backup
 };
 
 // What went wrong without anybody asking for it, one sentence at a time: a later one waits until

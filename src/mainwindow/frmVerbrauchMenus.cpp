@@ -111,7 +111,8 @@ void frmVerbrauch::buildToolbar() {
   } buttons[] = {
       {u"Neu"_s, u"Neues Jahr anlegen"_s, false},
       {u"Öffnen"_s, u"Anderes Jahr öffnen"_s, false},
-      {u"Speichern"_s, u"Wie die Daten gesichert werden"_s, false},
+      {u"Speichern"_s, u"Wie die Daten gesichert werden; gespeichert wird jede Eingabe sofort"_s,
+       false},
       {u"Löschen"_s, u"Alle Eingaben der Seite löschen"_s, true},
       {u"Drucken"_s, u"Jahresübersicht zeigen und drucken"_s, true},
       {u"Nachtstrom"_s, u"Nachtstrom ein- oder ausblenden"_s, false},
@@ -140,8 +141,12 @@ void frmVerbrauch::pressToolButton(const QString& key) {
   const QString title = u"Datenbank Verbrauch löschen"_s;
   if (key == u"Neu") mnuNew->trigger();
   if (key == u"Öffnen") mnuOpen->trigger();
-  if (key == u"Speichern")
+  if (key == u"Speichern") {
+    if (finishEntry() && !session_->writeObstacle())
+      fraHinweis->say(mainwindow::NoticeFrom::Saved,
+                      u"Alles Eingegebene ist schon gespeichert: Jede Eingabe wird es sofort."_s);
     services_.prompts.tell(this, QString::fromUtf16(kSaveHint), title, dialogs::Icon::Information);
+  }
   if (key == u"Löschen") {
     clearSelected();
     services_.prompts.tell(this, QString::fromUtf16(kDeleteHint), title,

@@ -111,6 +111,7 @@ TEST_F(MainWindow, SavingExplainsTheBackup) {
   openSample();
   prompts.acceptTellings();
   window->toolButton(u"Speichern"_s)->trigger();
+  EXPECT_TRUE(window->fraHinweis->lblHinweis->text().startsWith(u"Alles Eingegebene ist schon"_s));
   EXPECT_EQ(
       prompts.last().text,
       u"Wenn Sie die  Datenbank sichern wollen, schließen Sie die Verbrauchsverwaltung.\nStarten "
