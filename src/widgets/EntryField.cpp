@@ -68,7 +68,7 @@ void EntryField::insertFiltered(const QString& input) {
 }
 
 void EntryField::takeBack() {
-  if (isReadOnly() || !isModified() || text() == textAtEntry_) return;
+  if (isReadOnly() || text() == textAtEntry_) return;
   aboutToEdit();
   selectAll();
   insert(textAtEntry_);

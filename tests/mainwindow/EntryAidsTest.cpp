@@ -84,6 +84,7 @@ TEST_F(EntryAids, AGrossPriceIsTakenAsTheNetOneAndIsOneStep) {
           });
   EXPECT_EQ(window->Frame1->txtTPreis->text(), u"30,00"_s);
   EXPECT_EQ(window->session().adoStrom.number(0, yearbook::strom::dayPrice), 30);
+  EXPECT_TRUE(window->fraGeaendert->isVisible()) << "the months had prices of their own";
   window->mnuUndo->trigger();
   EXPECT_EQ(window->session().adoStrom.number(0, yearbook::strom::dayPrice), 29.6);
   EXPECT_FALSE(window->mnuUndo->isEnabled());

@@ -286,6 +286,30 @@ TEST_F(Guide, EscapeTakesBackNothingThatWasEnteredBefore) {
   EXPECT_EQ(window->session().values().baseFees[Meter::Day], base::Money::roundHalfEven(200));
 }
 
+TEST_F(Guide, EscapeLeavesTheAnsweredStartReadingAlone) {
+  prompts.answerInput(u"30"_s);
+  openEmpty();
+  window->activateWindow();
+  ASSERT_TRUE(QTest::qWaitForWindowActive(window.get()));
+  ASSERT_EQ(window->session().values().startReadings[Meter::Day], 30);
+  window->Frame1->txtGrundgebS->setFocus(Qt::TabFocusReason);
+  QTest::keyClick(window->Frame1->txtGrundgebS, Qt::Key_Escape);
+  EXPECT_EQ(window->session().values().startReadings[Meter::Day], 30);
+}
+
+// A meter that is not read any more is no reason to begin anew.
+TEST_F(Guide, AYearThatIsReadHasNoFirstSteps) {
+  openSample();
+  ASSERT_TRUE(window->session().transact({}, [](yearbook::YearRows& rows) -> base::Result<void> {
+    for (int row = 0; row < yearbook::kMonths; ++row)
+      if (auto done = rows.adoWasser.setNumber(row, yearbook::wasser::wasteConsumption, 0); !done)
+        return done;
+    return {};
+  }));
+  window->mnuNew->trigger();
+  EXPECT_FALSE(window->fraErsteSchritte->isWanted());
+}
+
 TEST_F(Guide, EscapeTakesBackADateAndARemark) {
   openSample();
   window->activateWindow();
