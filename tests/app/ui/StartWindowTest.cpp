@@ -60,6 +60,7 @@ TEST_F(StartWindow, SaysWhatIsDueAndLeadsThere) {
                                             dataFolder(), clock);
     ASSERT_TRUE(year);
     std::vector<readings::MeterEntries> unread;
+    unread.reserve(yearbook::kMeters.size());
     for (yearbook::Meter meter : yearbook::kMeters) unread.push_back({meter, {}, {}});
     ASSERT_TRUE(readings::takeOver(**year, {"ungelesen"}, unread));
   }
