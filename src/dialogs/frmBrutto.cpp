@@ -46,8 +46,8 @@ void frmBrutto::setTexts() {
   txtNetto->setFrame(false);
   txtNetto->setFocusPolicy(Qt::ClickFocus);
   txtNetto->setAccessibleName(u"Netto in "_s + figure_.unit);
-  lblHinweis->setText(
-      figure_.vat ? QString() : u"Der Satz der MwSt ist in diesem Jahr noch nicht eingetragen."_s);
+  lblHinweis->setText(figure_.vat ? QString()
+                                  : u"Der Satz der MwSt ist hier noch nicht eingetragen."_s);
   chkMwStEintragen->setText(u"Diesen Satz auch beim &Vertrag eintragen"_s);
   chkMwStEintragen->setToolTip(u"Sonst gilt er nur für diese Umrechnung."_s);
   chkMwStEintragen->setChecked(true);

@@ -14,6 +14,7 @@ enum class NoticeFrom {
   Index,       // an index is damaged
   SafetyCopy,  // there is no copy
   NewPrice,    // it was taken for no month
+  FirstSteps,  // all of them are done
   Saved,       // "Speichern" in the toolbar speaks of a backup
 };
 

@@ -35,10 +35,17 @@ QWidget* firstEmpty(const QList<QWidget*>& fields) {
 void frmVerbrauch::followFirstSteps(const std::optional<std::string>& before) {
   guided_ = guided_ || !isBegun(FirstStep::FirstReading, editor_->values());
   if (!guided_) return fraErsteSchritte->takeAway();
+  const bool left = fraErsteSchritte->isWanted();
   fraErsteSchritte->offer(
       editor_->values(),
       before ? QString::fromStdString(base::baseName(std::string(base::fileName(*before))))
              : QString());
+  const bool lacking = fraErsteSchritte->isWanted();
+  if (lacking != left)
+    fraHinweis->say(
+        mainwindow::NoticeFrom::FirstSteps,
+        lacking ? QString()
+                : u"Für die erste Abrechnung ist alles da: Die Übersicht zeigt das Ergebnis."_s);
 }
 
 // On the page in front, if it lacks that; else on the first that does.

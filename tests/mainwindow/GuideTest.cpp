@@ -63,6 +63,10 @@ TEST_F(Guide, AnEmptyYearIsFilledStepByStep) {
   };
   readMonth(u"44500"_s);
   EXPECT_FALSE(steps().isWanted()) << "all is done";
+  EXPECT_TRUE(window->fraHinweis->lblHinweis->text().contains(u"Die Übersicht zeigt"_s));
+  window->mnuUndo->trigger();
+  EXPECT_TRUE(steps().isWanted());
+  EXPECT_FALSE(window->fraHinweis->isWanted()) << "no longer true";
 }
 
 TEST_F(Guide, TheStepLeadsToTheUtilityThatLacksIt) {
@@ -137,6 +141,7 @@ TEST_F(Guide, DismissedStepsStayAwayAndAFilledYearHasNone) {
   openFirst();
   steps().cmdNichtMehr->click();
   EXPECT_FALSE(steps().isVisible());
+  EXPECT_FALSE(window->fraHinweis->isWanted());
   openWindow(kEmpty);
   EXPECT_FALSE(steps().isWanted());
   widgets::userSettings().clear();
