@@ -238,9 +238,9 @@ TEST_F(Guide, EscapeInThePriceGivesEveryMonthItsOwnBack) {
   ASSERT_TRUE(QTest::qWaitForWindowActive(window.get()));
   auto* price = window->Frame1->txtTPreis;
   const auto prices = [&] {
-    std::vector<std::optional<double>> all;
+    yearbook::PerMonth<std::optional<double>> all;
     for (int row = 0; row < yearbook::kMonths; ++row)
-      all.push_back(window->session().adoStrom.number(row, yearbook::strom::dayPrice));
+      all[row] = window->session().adoStrom.number(row, yearbook::strom::dayPrice);
     return all;
   };
   const auto before = prices();
