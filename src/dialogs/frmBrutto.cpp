@@ -103,11 +103,6 @@ void frmBrutto::arrange() {
                        : figure_.period == Period::Year ? u" netto im Jahr"_s
                                                         : u" netto"_s;
   addLine(u"Netto"_s, txtNetto, figure_.unit + kept);
-  auto* buttons = new QHBoxLayout;
-  buttons->setSpacing(8);
-  buttons->addStretch();
-  buttons->addWidget(cmdUebernehmen);
-  buttons->addWidget(cmdSchliessen);
   auto* rows = new QVBoxLayout(this);
   rows->setContentsMargins(16, 12, 16, 12);
   rows->setSpacing(12);
@@ -116,7 +111,16 @@ void frmBrutto::arrange() {
   rows->addWidget(lblHinweis);
   rows->addWidget(chkMwStEintragen);
   rows->addStretch();
-  rows->addLayout(buttons);
+  rows->addLayout(buttonRow());
+}
+
+QLayout* frmBrutto::buttonRow() {
+  auto* buttons = new QHBoxLayout;
+  buttons->setSpacing(8);
+  buttons->addStretch();
+  buttons->addWidget(cmdUebernehmen);
+  buttons->addWidget(cmdSchliessen);
+  return buttons;
 }
 
 base::FeeShare frmBrutto::share() const {

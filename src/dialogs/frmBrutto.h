@@ -52,6 +52,7 @@ class frmBrutto final : public dialogs::Window {
  private:
   void setTexts();
   void arrange();
+  QLayout* buttonRow();
   void showNet();
   base::FeeShare share() const;
 
