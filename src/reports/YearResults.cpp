@@ -69,9 +69,9 @@ std::string standingOf(const Figures& figures) {
          " von 12 Monaten, Abschläge und Grundgebühr anteilig";
 }
 
-// Without its consumption the result looks better than it is.
-std::string doubtOf(const std::vector<yearbook::Meter>& unread) {
-  if (unread.empty()) return {};
+// Without its consumption the result looks better than it is. Where nothing is read, that is said.
+std::string doubtOf(const Figures& figures, const std::vector<yearbook::Meter>& unread) {
+  if (figures.monthsCovered == 0 || unread.empty()) return {};
   return std::string(factsOf(unread.front()).name) + " ist noch nicht abgelesen.";
 }
 
@@ -98,7 +98,7 @@ PerUtility<YearResult> yearResults(const OverviewInput& input) {
     result.fitting = (figures.until.empty() ? "Passender Abschlag: " : "Kosten bisher: ") +
                      formatMoney(figures.fitting) + " Euro im Monat";
     result.standing = standingOf(figures);
-    result.doubt = doubtOf(input.unread[utility]);
+    result.doubt = doubtOf(figures, input.unread[utility]);
   }
   return results;
 }
@@ -123,8 +123,8 @@ std::vector<std::string> plainSummary(const OverviewInput& input) {
     if (const std::string standing = standingOf(figures); !standing.empty())
       text.append(" (").append(standing).append(")");
     text.append(".");
-    if (figures.monthsCovered > 0 && !input.unread[utility].empty())
-      text.append(" ").append(doubtOf(input.unread[utility]));
+    if (const std::string doubt = doubtOf(figures, input.unread[utility]); !doubt.empty())
+      text.append(" ").append(doubt);
     sentences.push_back(text);
   }
   return sentences;

@@ -216,6 +216,7 @@ TEST(YearResults, AreWhatTheCardsSay) {
   EXPECT_EQ(doubtful[Utility::Gas].doubt, "") << "the headline says it";
   EXPECT_NE(reports::plainSummary(input)[1].find(" Abwasser ist noch nicht abgelesen."),
             std::string::npos);
+  EXPECT_EQ(reports::plainSummary(input)[2], "Gas: noch keine Ablesungen.");
 }
 
 }  // namespace
